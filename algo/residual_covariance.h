@@ -1,0 +1,25 @@
+// Covariance and correlation of the residuals of several equations, and the eigenvalues of the latter.
+
+#pragma once
+
+#include <vector>
+
+namespace varmodel {
+
+// V, K x K as row vectors, of K equally long residual series of n values, means subtracted, divisor n. Throws
+// std::invalid_argument when there are no values.
+std::vector<std::vector<double>> residualCovarianceMatrix(const std::vector<std::vector<double>>& residuals);
+
+// True when a covariance determinant is too small to take logarithms of: the bound 1e-12 is absolute, in the product of
+// the squared units of the series.
+bool isSingularDeterminant(double determinant);
+
+// R from V: R(i,i) = 1 and R(i,j) = V(i,j) / (s(i) s(j)) within -1..1, or 0 where s(i) s(j) is not above 1e-12. Empty
+// when V is empty, not square, or has a negative diagonal entry.
+std::vector<std::vector<double>> correlationFromCovariance(const std::vector<std::vector<double>>& covariance);
+
+// Real parts of the eigenvalues of a K x K matrix, in the solver's order (not sorted); their sum is the trace. Empty
+// when the matrix is empty or not square, or the solver does not converge.
+std::vector<double> eigenvaluesOf(const std::vector<std::vector<double>>& matrix);
+
+}  // namespace varmodel

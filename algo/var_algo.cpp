@@ -1,0 +1,187 @@
+#include "algo/var_algo.h"
+
+#include <exception>
+#include <iostream>
+#include <optional>
+#include <utility>
+
+#include "algo/condition.h"
+#include "algo/design_matrix.h"
+#include "algo/inference.h"
+#include "algo/lag_selection.h"
+#include "algo/least_squares.h"
+#include "algo/lu.h"
+#include "algo/residual_covariance.h"
+#include "syntax/command_identity.h"
+
+namespace varmodel {
+namespace {
+
+constexpr const char* kSingularCovariance = "Covariance matrix is singular";
+constexpr const char* kSingularRegressors =
+    "Regressor matrix is singular: The model cannot be estimated due to perfect multicollinearity";
+constexpr const char* kInsufficientObservations =
+    "Insufficient observations: The number of effective observations must exceed the number of parameters";
+constexpr const char* kNoForecasts = "The forecast table is not created because no forecasts could be calculated.";
+
+// One line that tells which outputs belong to which lag; without it the tables of such a run mislead.
+void warnOfSmallerLag(std::int32_t selected, std::int32_t maxLag) {
+  std::cerr << "Warning: VARAlgo::estimateVARWithLags - The selected lag " << selected << " is below MAXLAG " << maxLag
+            << ": parameters, fitted values and saved predicted values are those of lag " << maxLag
+            << "; residuals, their tests and covariance, and forecasts are those of lag " << selected
+            << ". R Square compares rows of different length, and MSE, RMSE, MAE and MAPE stay 0.\n";
+}
+
+}  // namespace
+
+VARAlgo::VARAlgo(VARInputSettings& inputSettings, std::vector<EquationResult>& results)
+    : settings(inputSettings), equationResults(results) {
+  identify(parserMessage);
+}
+
+std::int32_t VARAlgo::start() {
+  std::cerr << "VARAlgo::start - Beginning algorithm execution\n";
+  try {
+    return runSteps();
+  } catch (const std::exception& exception) {
+    std::cerr << "VARAlgo::start - EXCEPTION: " << exception.what() << '\n';
+  } catch (...) {
+    std::cerr << "VARAlgo::start - EXCEPTION: Unknown exception\n";
+  }
+  return 1;
+}
+
+std::int32_t VARAlgo::runSteps() {
+  const bool estimated = estimateVARWithLags();
+  const bool diagnosed = computeResidualDiagnostics();
+  const bool described = computeDescriptiveStats();
+  const bool forecastRequested = settings.timeAxis.predictRequested;
+  if (!forecastRequested && settings.showTestAutocorrelation) parserMessage.GenericWarning(kNoForecasts);
+  if (!estimated || !diagnosed || !described) return 1;
+  if (!forecastRequested) return 0;
+  SeriesList scratch;
+  const auto horizon = std::ssize(settings.timeAxis.forecastLabels);
+  if (!computeForecasts(horizon, scratch)) parserMessage.GenericWarning(kNoForecasts);
+  return 0;
+}
+
+bool VARAlgo::estimateVARWithLags() {
+  if (settings.endogenousSeries.empty()) {
+    std::cerr << "VARAlgo::estimateVARWithLags - ERROR: No endogenous data available\n";
+    return false;
+  }
+  equationResults.resize(settings.endogenousSeries.size());
+  for (std::size_t i = 0; i < equationResults.size() && i < settings.endogenousNames.size(); ++i) {
+    equationResults[i].equationName = settings.endogenousNames[i];
+  }
+  for (std::int32_t lag = settings.minLag; lag <= settings.maxLag; ++lag) {
+    InformationCriteria criteria;
+    if (!estimateForLag(lag, criteria.logLikelihood, criteria.aic, criteria.bic, criteria.hqic)) return false;
+    lagOrders.push_back(lag);
+    logLikelihoods.push_back(criteria.logLikelihood);
+    aicValues.push_back(criteria.aic);
+    bicValues.push_back(criteria.bic);
+    hqicValues.push_back(criteria.hqic);
+  }
+  optimalLag = forecastLag = selectOptimalLag(lagOrders, aicValues, bicValues, hqicValues);
+  std::cerr << "VARAlgo::selectOptimalLag - AIC=" << aicLag << ", BIC=" << bicLag << ", HQIC=" << hqicLag
+            << ", selected=" << optimalLag << '\n';
+  if (optimalLag < settings.maxLag) warnOfSmallerLag(optimalLag, settings.maxLag);
+  return computeSelectedCovariance();
+}
+
+bool VARAlgo::estimateForLag(std::int32_t lag, double& logLikelihood, double& aic, double& bic, double& hqic) {
+  const SeriesList& endogenous = settings.endogenousSeries;
+  const SeriesList& exogenous = settings.exogenousSeries;
+  const std::int64_t k = regressorCount(endogenous.size(), exogenous.size(), lag);
+  if (std::ssize(endogenous.front()) - settings.maxLag <= k) {
+    parserMessage.GenericError(kInsufficientObservations);
+    return false;
+  }
+  if (!seriesAreAligned(endogenous, exogenous, endogenous.front().size())) return false;
+  std::optional<LeastSquaresFit> fit = fitLeastSquares(designMatrix(endogenous, exogenous, settings.maxLag, lag),
+                                                       targetMatrix(endogenous, settings.maxLag));
+  if (!fit) {
+    parserMessage.GenericError(kSingularRegressors);
+    return false;
+  }
+  if (!regressorsAreUsable(fit->reciprocalCondition, lag, k)) return false;
+  residualsByLag[lag] = std::move(fit->residuals);
+  coefficientsByLag[lag] = std::move(fit->coefficients);
+  if (!computeCriteria(lag, logLikelihood, aic, bic, hqic)) return false;
+  if (lag == settings.maxLag) storeEquationResults(fit->inverse, fit->fitted);
+  return true;
+}
+
+bool VARAlgo::regressorsAreUsable(double reciprocalCondition, std::int32_t lag, std::int64_t k) {
+  const Conditioning conditioning = classifyCondition(reciprocalCondition, static_cast<std::size_t>(k));
+  if (conditioning == Conditioning::singular) {
+    parserMessage.GenericError(kSingularRegressors);
+    return false;
+  }
+  if (conditioning == Conditioning::poor) {
+    std::cerr << "Warning: VARAlgo::estimateForLag - The regressors of lag " << lag
+              << " are nearly collinear (reciprocal condition " << reciprocalCondition
+              << "): few digits of the coefficients and standard errors can be trusted.\n";
+  }
+  return true;
+}
+
+bool VARAlgo::computeCriteria(std::int32_t lag, double& logLikelihood, double& aic, double& bic, double& hqic) {
+  const SeriesList& residuals = residualsByLag[lag];
+  const double determinantOfLag = determinant(residualCovarianceMatrix(residuals));
+  if (isSingularDeterminant(determinantOfLag)) {
+    parserMessage.GenericError(kSingularCovariance);
+    return false;
+  }
+  const InformationCriteria criteria =
+      informationCriteria(determinantOfLag, residuals.size(), std::ssize(residuals.front()), lag);
+  logLikelihood = criteria.logLikelihood;
+  aic = criteria.aic;
+  bic = criteria.bic;
+  hqic = criteria.hqic;
+  return true;
+}
+
+void VARAlgo::storeEquationResults(const Matrix& inverse, const Matrix& fitted) {
+  const SeriesList& coefficients = coefficientsByLag[settings.maxLag];
+  const SeriesList& residuals = residualsByLag[settings.maxLag];
+  for (std::size_t i = 0; i < equationResults.size(); ++i) {
+    EquationResult& result = equationResults[i];
+    const std::int64_t k = std::ssize(coefficients[i]);
+    result.residualVariance = residualVariance(residuals[i], k);
+    const CoefficientInference inference = inferCoefficients(coefficients[i], result.residualVariance, inverse,
+                                                             std::ssize(residuals[i]) - k, settings.ciLevel);
+    result.coefficients.assign(1, coefficients[i]);
+    result.standardErrors.assign(1, inference.standardErrors);
+    result.tStatistics.assign(1, inference.tStatistics);
+    result.pValues.assign(1, inference.pValues);
+    result.lowerLimits.assign(1, inference.lowerLimits);
+    result.upperLimits.assign(1, inference.upperLimits);
+    result.confidenceLevel = settings.ciLevel;
+    result.fittedValues.assign(1, columnOf(fitted, i));
+    result.residuals.assign(1, residuals[i]);
+  }
+}
+
+std::int32_t VARAlgo::selectOptimalLag(const std::vector<std::int32_t>& lags, const std::vector<double>& aic,
+                                       const std::vector<double>& bic, const std::vector<double>& hqic) {
+  const LagChoice choice = chooseLag(lags, aic, bic, hqic, logLikelihoods,
+                                     {.aic = settings.useAic, .bic = settings.useBic, .hqic = settings.useHqic});
+  aicLag = choice.aic;
+  bicLag = choice.bic;
+  hqicLag = choice.hqic;
+  return choice.overall;
+}
+
+bool VARAlgo::computeSelectedCovariance() {
+  const auto entry = residualsByLag.find(optimalLag);
+  if (entry == residualsByLag.end()) return true;
+  residualCovariance = residualCovarianceMatrix(entry->second);
+  residualCovarianceDeterminant = determinant(residualCovariance);
+  if (!isSingularDeterminant(residualCovarianceDeterminant)) return true;
+  parserMessage.GenericError(kSingularCovariance);
+  return false;
+}
+
+}  // namespace varmodel
