@@ -1,0 +1,79 @@
+#include <algorithm>
+
+#include "workbench/dates/case_label.h"
+#include "workbench/dates/components.h"
+#include "workbench/dates/date_setup.h"
+#include "workbench/dates/labels.h"
+#include "workbench/session/errors.h"
+
+namespace workbench {
+
+namespace {
+
+constexpr const char* kPlace = "PREDICT THRU";
+
+void requireHorizonInLimit(std::int64_t horizon, const std::string& target) {
+  if (horizon <= kMaximumHorizon) return;
+  throw UsageError(std::string(kPlace) + ": " + target + " lies " + std::to_string(horizon) +
+                   " periods after the last case; at most " + std::to_string(kMaximumHorizon) + " are forecast.");
+}
+
+Period periodOfCase(const CaseCalendar& calendar, std::int64_t caseNumber) {
+  if (const std::optional<Period> period = calendar.period(caseNumber - 1)) return *period;
+  throw UsageError(std::string(kPlace) + ": the date of case " + std::to_string(caseNumber) +
+                   " lies after the calendar's end (year 9999).");
+}
+
+TrendsSettings withPredictDate(TrendsSettings settings, const Period& target) {
+  settings.predictIsDate = true;
+  const std::vector<std::int64_t> components = target.components();
+  const std::span<const Unit> units = unitsOf(target.unit());
+  for (DateVariable& variable : settings.dateVariables) {
+    const auto unit = std::ranges::find(units, *unitFromCode(variable.unitCode));
+    variable.predictThru = static_cast<double>(components[static_cast<std::size_t>(unit - units.begin())]);
+  }
+  return settings;
+}
+
+TrendsSettings withPredictCase(const Dataset& dataset, std::int64_t caseNumber, TrendsSettings settings) {
+  if (caseNumber < 1) {
+    throw UsageError(std::string(kPlace) + ": case numbers count from 1, not " + std::to_string(caseNumber) + ".");
+  }
+  requireHorizonInLimit(caseNumber - static_cast<std::int64_t>(dataset.rowCount), "case " + std::to_string(caseNumber));
+  if (const auto calendar = caseCalendar(dataset, settings)) {
+    return withPredictDate(std::move(settings), periodOfCase(*calendar, caseNumber));
+  }
+  settings.predictCase = static_cast<long>(caseNumber);
+  return settings;
+}
+
+TrendsSettings withPredictThru(const Dataset& dataset, const DateComponents& date, TrendsSettings settings) {
+  const std::optional<CaseCalendar> calendar = caseCalendar(dataset, settings);
+  if (!calendar) {
+    throw UsageError(std::string(kPlace) +
+                     " is a date, but the cases have no dates. Date them, for instance with a table [dates] in the job "
+                     "file that holds start = { year = 1959, quarter = 1 }, or give a case number.");
+  }
+  const Period target = periodFromRequest(date, calendar->first.unit(), kPlace);
+  const std::int64_t lastOffset = static_cast<std::int64_t>(dataset.rowCount) - 1;
+  requireHorizonInLimit(calendar->caseOffset(target) - lastOffset, periodLabel(target));
+  return withPredictDate(std::move(settings), target);
+}
+
+}  // namespace
+
+void definePredict(const Dataset& dataset, const PredictRequest& request, TrendsSettings& settings) {
+  if (int{!request.date.empty()} + int{request.caseNumber.has_value()} + int{request.end} != 1) {
+    throw UsageError(std::string(kPlace) + ": give a date, a case number or \"end\".");
+  }
+  TrendsSettings base = settings;
+  base.predictSet = true;
+  base.predictIsDate = false;
+  base.predictCase = 0;
+  for (DateVariable& variable : base.dateVariables) variable.predictThru = kSystemMissing;
+  if (!request.date.empty()) base = withPredictThru(dataset, request.date, std::move(base));
+  if (request.caseNumber) base = withPredictCase(dataset, *request.caseNumber, std::move(base));
+  settings = std::move(base);
+}
+
+}  // namespace workbench

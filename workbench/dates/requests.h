@@ -1,0 +1,31 @@
+// What a job asks for about dates, as plain records.
+
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+
+#include "workbench/dates/period.h"
+
+namespace workbench {
+
+// The components of one date by unit, coarsest first: {year: 1959, quarter: 1}.
+using DateComponents = std::map<Unit, std::int64_t>;
+
+// How the cases are dated; exactly one of the three is given.
+struct DatesRequest {
+  DateComponents start;                   // the first case's date; every further case is one period later
+  std::string column;                     // a DATE or TIMESTAMP column; the frequency is inferred and checked
+  std::map<Unit, std::string> variables;  // numeric columns that hold the components already
+};
+
+// How far to forecast; exactly one of the three is given.
+struct PredictRequest {
+  DateComponents date;
+  std::optional<std::int64_t> caseNumber;  // from 1
+  bool end = false;                        // through the last case: no forecasts
+};
+
+}  // namespace workbench
