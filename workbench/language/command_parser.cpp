@@ -1,0 +1,46 @@
+#include "host/command_parser.h"
+
+#include <utility>
+
+#include "workbench/language/command_grammar.h"
+#include "workbench/language/parse_result.h"
+#include "workbench/language/token_sequence.h"
+#include "workbench/session/session.h"
+
+using workbench::currentSession;
+
+TokenSequenceBase::TokenSequenceBase(std::unique_ptr<State> state) : state_(std::move(state)) {}
+TokenSequenceBase::~TokenSequenceBase() = default;
+
+VEXA_TokenSequence::VEXA_TokenSequence(bool)
+    : TokenSequenceBase(
+          std::make_unique<State>(State{currentSession().commandText, workbench::lex(currentSession().commandText)})) {}
+VEXA_TokenSequence::~VEXA_TokenSequence() = default;
+
+struct UniversalParser::State {
+  const TokenSequenceBase::State& tokens;
+  CommandSpec& result;
+  const CommandDescriptor& description;
+};
+
+UniversalParser::UniversalParser(TokenSequenceBase& tokens, CommandSpec& result, const CommandDescriptor& description)
+    : state_(std::make_unique<State>(State{tokens.state(), result, description})) {}
+UniversalParser::~UniversalParser() = default;
+
+int UniversalParser::getCommandSpecifications() {
+  workbench::Session& session = currentSession();
+  const std::string& source = state_->tokens.source;
+  workbench::ParsedCommand parsed =
+      workbench::parseCommand(source, state_->tokens.tokens, state_->description.state(), session.dataset);
+  for (const workbench::SyntaxError& error : parsed.errors) {
+    session.messages.push_back(
+        {workbench::Message::Kind::error, workbench::locatedMessage(source, error.span, error.what())});
+  }
+  const bool valid = parsed.errors.empty();
+  if (valid) {
+    session.requestedLists = workbench::requestedLists(parsed);
+    state_->result.state() = workbench::parseResult(std::move(parsed));
+  }
+  session.clock.set(workbench::StageClock::parseEnd);
+  return valid ? 0 : 1;
+}

@@ -1,0 +1,31 @@
+// What the classes of a parse result hold.
+
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "host/command_parser.h"
+#include "workbench/language/parsed_command.h"
+
+struct ParamObj::State {
+  workbench::ParsedParameter parsed;
+};
+
+struct SubComObj::State {
+  std::map<std::string, ParamObj> parameters;
+};
+
+struct CommandSpec::State {
+  std::map<std::string, SubComObj> subcommands;
+};
+
+namespace workbench {
+
+CommandSpec::State parseResult(ParsedCommand&& command);
+
+// "SUBCOMMAND PARAMETER" leads to the variables, keywords or text given.
+std::map<std::string, std::vector<std::string>> requestedLists(const ParsedCommand& command);
+
+}  // namespace workbench

@@ -1,0 +1,33 @@
+// A command as parsed, before the host classes hand it out.
+
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "workbench/language/syntax_error.h"
+
+namespace workbench {
+
+// The form of a value depends on the parameter's kind; a parameter given without a value has none.
+struct ParsedParameter {
+  std::string name;                    // in the descriptor's spelling
+  std::vector<std::string> variables;  // as written; ranges expanded in dictionary order
+  std::vector<std::string> texts;      // keywords in the descriptor's spelling; or one file or name
+  bool quoted = false;                 // the one text stood in quotes
+  std::optional<double> number;
+};
+
+struct ParsedSubcommand {
+  std::string name;  // in the descriptor's spelling; empty for the global part
+  std::vector<ParsedParameter> parameters;
+};
+
+// With errors, subcommands that hold one are left out.
+struct ParsedCommand {
+  std::vector<ParsedSubcommand> subcommands;  // the global part first
+  std::vector<SyntaxError> errors;            // in the order of the text
+};
+
+}  // namespace workbench

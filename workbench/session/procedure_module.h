@@ -1,0 +1,33 @@
+// Loading a procedure and calling it for a session.
+
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "workbench/session/session.h"
+#include "workbench/session/stream_capture.h"
+
+namespace workbench {
+
+// A loaded procedure library; unloaded with the object.
+class ProcedureModule {
+ public:
+  // Throws UsageError when the library cannot be loaded or lacks the entry.
+  ProcedureModule(const std::filesystem::path& library, const std::string& entry);
+  ProcedureModule(const ProcedureModule&) = delete;
+  ProcedureModule& operator=(const ProcedureModule&) = delete;
+  ~ProcedureModule();
+
+  // Runs the procedure on the session's command and data; returns what it wrote to the standard streams.
+  CapturedStreams call(Session& session) const;
+
+ private:
+  void* library_ = nullptr;
+  void (*entry_)() = nullptr;
+};
+
+// Where the program's own procedure lies: ../lib beside the folder of the running program.
+std::filesystem::path installedProcedure();
+
+}  // namespace workbench

@@ -1,0 +1,98 @@
+// One run of a procedure: what the host classes read and what they leave behind.
+//
+// Host classes are constructed by the procedure without a handle to the session, so the session of the running call is
+// installed as the current one for the length of the call (SessionScope).
+
+#pragma once
+
+#include <array>
+#include <chrono>
+#include <filesystem>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "host/json_document.h"
+#include "workbench/dataset/dataset.h"
+
+namespace workbench {
+
+struct Message {
+  enum class Kind { error, warning };
+  Kind kind;
+  std::string text;  // may have several lines (a syntax error shows the line and a caret)
+};
+
+struct DateVariable {
+  int column = 0;
+  int unitCode = 0;     // 2 year .. 10 observation
+  int periodicity = 0;  // cycle length below the coarser unit; 0 for none
+  double predictThru = kSystemMissing;
+};
+
+// The session's time-series settings.
+struct TrendsSettings {
+  std::vector<DateVariable> dateVariables;
+  bool predictSet = false;
+  bool predictIsDate = false;
+  long predictCase = 0;  // from 1; 0 with predictSet and no date means "through the end"
+};
+
+// One pass over the cases that the procedure made: which columns, and whether user-missing values were excluded.
+struct CasePass {
+  std::vector<int> columns;
+  bool excludeUserMissing = true;
+};
+
+// Wall-clock marks of the procedure's stages, seen from the host's side of the edge.
+class StageClock {
+ public:
+  using Clock = std::chrono::steady_clock;
+  enum Mark { callStart, parseEnd, validateEnd, outputStart, outputEnd, callEnd, markCount };
+  void set(Mark mark) { marks_[mark] = Clock::now(); }
+  // Seconds between two marks; 0 when either was never reached.
+  double between(Mark from, Mark to) const;
+
+ private:
+  std::array<Clock::time_point, markCount> marks_{};
+};
+
+struct Session {
+  // Given.
+  std::string commandText;
+  Dataset dataset;
+  TrendsSettings trends;
+  int weightColumn = -1;
+  std::vector<std::string> splitVariables;
+  std::string language = "en";
+  std::filesystem::path dictionaryFolder;
+  std::filesystem::path baseFolder;                   // relative SAVE paths start here
+  std::vector<std::filesystem::path> protectedPaths;  // never overwritten: data sources, the job file
+
+  // Left by the parser and the procedure.
+  // Lists as parsed: "MODELSTATISTICS MODELFIT" leads to its keywords, "MODEL ENDOGENOUS" to its variables.
+  std::map<std::string, std::vector<std::string>> requestedLists;
+  std::vector<Message> messages;
+  std::vector<CasePass> passes;
+  std::vector<std::filesystem::path> savedFiles;
+  std::string saveError;         // why a saved file could not be written
+  rapidjson::Document document;  // what the converter received; null when it received nothing
+  StageClock clock;
+};
+
+// The session of the running call; there must be one.
+Session& currentSession();
+
+// Makes a session current for its life time.
+class SessionScope {
+ public:
+  explicit SessionScope(Session& session);
+  SessionScope(const SessionScope&) = delete;
+  SessionScope& operator=(const SessionScope&) = delete;
+  ~SessionScope();
+
+ private:
+  Session* previous_;
+};
+
+}  // namespace workbench
