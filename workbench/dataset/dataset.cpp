@@ -1,0 +1,26 @@
+#include "workbench/dataset/dataset.h"
+
+#include <algorithm>
+
+namespace workbench {
+
+namespace {
+
+char lower(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+}  // namespace
+
+bool sameName(std::string_view left, std::string_view right) {
+  return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                    [](char a, char b) { return lower(a) == lower(b); });
+}
+
+int Dataset::find(std::string_view name) const {
+  const auto found =
+      std::find_if(columns.begin(), columns.end(), [&](const Column& column) { return sameName(column.name, name); });
+  return found == columns.end() ? -1 : static_cast<int>(found - columns.begin());
+}
+
+}  // namespace workbench

@@ -1,0 +1,177 @@
+#include "workbench/dataset/source_relation.h"
+
+#include <algorithm>
+#include <array>
+#include <fstream>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "workbench/language/suggest.h"
+#include "workbench/session/errors.h"
+
+namespace workbench {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::uintmax_t kSmallFile = 8 << 20;
+
+// DuckDB finds a column's type from its first rows and then rounds what does not fit: 0.5 in a column that began with
+// integers would silently become 1. Up to this size all rows are looked at; in larger files integers are read as
+// 64-bit floats.
+constexpr std::uintmax_t kWhollySampledCsv = 1 << 20;
+
+constexpr const char* kMissingWords = "['', 'NA', 'N/A', '#N/A', '.', 'NULL', 'null']";
+
+enum class FileKind { csv, parquet, json, database };
+
+std::string lowerExtension(fs::path path) {
+  std::string extension = path.extension().string();
+  if (extension == ".gz" || extension == ".zst") extension = path.replace_extension().extension().string();
+  std::transform(extension.begin(), extension.end(), extension.begin(),
+                 [](unsigned char c) { return static_cast<char>(c >= 'A' && c <= 'Z' ? c + 32 : c); });
+  return extension;
+}
+
+std::optional<FileKind> kindByExtension(const fs::path& source) {
+  struct Entry {
+    std::string_view extension;
+    FileKind kind;
+  };
+  static constexpr std::array<Entry, 12> kEntries{{{".csv", FileKind::csv},
+                                                   {".tsv", FileKind::csv},
+                                                   {".txt", FileKind::csv},
+                                                   {".dat", FileKind::csv},
+                                                   {".parquet", FileKind::parquet},
+                                                   {".pq", FileKind::parquet},
+                                                   {".json", FileKind::json},
+                                                   {".jsonl", FileKind::json},
+                                                   {".ndjson", FileKind::json},
+                                                   {".duckdb", FileKind::database},
+                                                   {".ddb", FileKind::database},
+                                                   {".db", FileKind::database}}};
+  const std::string extension = lowerExtension(source);
+  const auto* entry =
+      std::find_if(kEntries.begin(), kEntries.end(), [&](const Entry& e) { return e.extension == extension; });
+  return entry == kEntries.end() ? std::nullopt : std::optional(entry->kind);
+}
+
+// Of a file with an unknown extension; a pipe is not touched.
+FileKind kindByContent(const fs::path& source) {
+  if (!fs::is_regular_file(source)) return FileKind::csv;
+  std::array<char, 4096> buffer{};
+  std::ifstream stream(source, std::ios::binary);
+  stream.read(buffer.data(), buffer.size());
+  const std::string_view head(buffer.data(), static_cast<std::size_t>(stream.gcount()));
+  if (head.substr(0, 4) == "PAR1") return FileKind::parquet;
+  if (head.size() > 12 && head.substr(8, 4) == "DUCK") return FileKind::database;
+  if (head.find('\0') != std::string_view::npos) {
+    throw DataError("data file " + source.string() +
+                    ": this is a binary file of unknown kind. Save it as CSV, Parquet or JSON.");
+  }
+  return FileKind::csv;
+}
+
+FileKind kindOf(const fs::path& source) {
+  const std::optional<FileKind> named = kindByExtension(source);
+  return named ? *named : kindByContent(source);
+}
+
+std::uintmax_t sizeOf(const fs::path& source) {
+  std::error_code error;
+  const std::uintmax_t size = fs::file_size(source, error);
+  return error ? std::numeric_limits<std::uintmax_t>::max() : size;
+}
+
+std::string csvRelation(const fs::path& source) {
+  const std::string extension = source.extension().string();
+  const bool compressed = extension == ".gz" || extension == ".zst";
+  const bool small = !compressed && sizeOf(source) <= kWhollySampledCsv;
+  return "read_csv(" + sqlFileName(source) + ", nullstr = " + kMissingWords + ", auto_type_candidates = ['BOOLEAN', " +
+         (small ? "'BIGINT', " : "") + "'DOUBLE', 'DATE', 'TIMESTAMP', 'TIMESTAMPTZ', 'VARCHAR']" +
+         (small ? ", sample_size = -1)" : ")");
+}
+
+std::vector<std::string> textColumn(duckdb_result* result) {
+  std::vector<std::string> texts;
+  while (duckdb_data_chunk chunk = duckdb_fetch_chunk(*result)) {
+    auto* values = static_cast<duckdb_string_t*>(duckdb_vector_get_data(duckdb_data_chunk_get_vector(chunk, 0)));
+    for (idx_t row = 0; row < duckdb_data_chunk_get_size(chunk); ++row) {
+      texts.emplace_back(duckdb_string_t_data(&values[row]), duckdb_string_t_length(values[row]));
+    }
+    duckdb_destroy_data_chunk(&chunk);
+  }
+  return texts;
+}
+
+// Qualified and quoted names of the tables in the attached file.
+std::vector<std::string> tableNames(DuckdbConnection& connection, const char* expression) {
+  DuckdbResult tables =
+      connection.query(std::string("SELECT ") + expression +
+                       " FROM duckdb_tables() WHERE database_name = 'file' AND NOT internal ORDER BY 1");
+  return textColumn(tables.get());
+}
+
+std::string databaseRelation(DuckdbConnection& connection, const fs::path& source) {
+  connection.query("ATTACH " + sqlText(source.string()) + " AS file (READ_ONLY, TYPE duckdb); USE file;");
+  const auto tables = tableNames(
+      connection,
+      "'file.\"' || replace(schema_name, '\"', '\"\"') || '\".\"' || replace(table_name, '\"', '\"\"') || '\"'");
+  return tables.size() == 1 ? tables.front() : "";
+}
+
+std::string nearestNeighbour(const fs::path& source) {
+  const fs::path folder = source.has_parent_path() ? source.parent_path() : fs::path(".");
+  std::vector<std::string> names;
+  std::error_code error;
+  for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+    names.push_back(entry->path().filename().string());
+  }
+  return didYouMean(source.filename().string(), names);
+}
+
+}  // namespace
+
+void requireReadableFile(const fs::path& source) {
+  const std::string what = "data file " + source.string() + ": ";
+  std::error_code error;
+  const fs::file_status status = fs::status(source, error);
+  if (status.type() == fs::file_type::not_found) {
+    throw DataError(what + "there is no such file." + nearestNeighbour(source));
+  }
+  if (error) throw DataError(what + "it cannot be read: " + error.message() + ".");
+  if (fs::is_directory(status)) throw DataError(what + "this is a folder. Name one file in it.");
+  if (fs::is_regular_file(status) && !std::ifstream(source)) {
+    throw DataError(what + "it cannot be read. Check its permissions.");
+  }
+}
+
+bool isDelimitedText(const fs::path& source) {
+  return fs::is_regular_file(source) && kindOf(source) == FileKind::csv;
+}
+
+bool isSmallFile(const fs::path& source) {
+  return sizeOf(source) <= kSmallFile;
+}
+
+std::string sourceRelation(DuckdbConnection& connection, const fs::path& source) {
+  switch (kindOf(source)) {
+    case FileKind::parquet:
+      return "read_parquet(" + sqlFileName(source) + ")";
+    case FileKind::json:
+      return "read_json_auto(" + sqlFileName(source) + ", sample_size = -1)";
+    case FileKind::database:
+      return databaseRelation(connection, source);
+    case FileKind::csv:
+      break;
+  }
+  return csvRelation(source);
+}
+
+std::vector<std::string> attachedTables(DuckdbConnection& connection) {
+  return tableNames(connection, "table_name");
+}
+
+}  // namespace workbench
