@@ -1,0 +1,123 @@
+#include "host/output.h"
+
+#include <filesystem>
+#include <fstream>
+#include <optional>
+#include <stdexcept>
+
+#include "host/localization.h"
+#include "host/table_builder.h"
+#include "host/vizl_graph.h"
+#include "tests/document/document_fixture.h"
+
+namespace {
+
+using testing::HasSubstr;
+
+class OutputTest : public DocumentTest {};
+
+class MarkedChart : public StatVizlGraph {
+ public:
+  using StatVizlGraph::StatVizlGraph;
+  void writeSpecification(rapidjson::Value& chart, rapidjson::Document::AllocatorType& allocator) override {
+    chart.AddMember("vizl", rapidjson::Value(getName() + " of " + getProcedureName(), allocator), allocator);
+  }
+};
+
+TEST_F(OutputTest, ChartHoldsItsColumnsAndWhatTheHookWrites) {
+  MarkedChart chart(generator, "Time Series -\"x\"");
+  chart.addStringDataVariable("xdata", {"Q1 1959", "Q2 1959"});
+  chart.setDataVector({1.5, std::numeric_limits<double>::infinity()}, false);
+  chart.addStringDataVariable("seriesname", {"a", "b"});
+  StatVizlGraph(generator, "never added");
+  chart.addVizlGraphToProcedureJSON();
+  StatVizlGraph plain(generator, "plain");
+  plain.addDoubleDataVariable("ydata", {});
+  plain.addVizlGraphToProcedureJSON();
+  EXPECT_EQ(jsonOf(items()), R"([{"type":"chart","name":"Time Series -\"x\"","columns":{"xdata":["Q1 1959","Q2 1959"],)"
+                             R"("ydata":[1.5,null],"seriesname":["a","b"]},)"
+                             R"("vizl":"Time Series -\"x\" of Vector Autoregressive Models"},)"
+                             R"({"type":"chart","name":"plain","columns":{"ydata":[]}}])");
+}
+
+TEST_F(OutputTest, ChartColumnsAreDistinctAndEquallyLong) {
+  StatVizlGraph chart(generator, "ACF -y");
+  chart.addStringDataVariable("xdata", {"1", "2"});
+  EXPECT_THROW(chart.addStringDataVariable("xdata", {"1", "2"}), std::logic_error);
+  try {
+    chart.setDataVector({1.0}, false);
+    FAIL() << "a shorter column was accepted";
+  } catch (const std::logic_error& error) {
+    EXPECT_THAT(error.what(), testing::AllOf(HasSubstr("'ACF -y'"), HasSubstr("'ydata'")));
+  }
+  chart.addVizlGraphToProcedureJSON();
+  EXPECT_THROW(chart.addVizlGraphToProcedureJSON(), std::logic_error);
+}
+
+TEST_F(OutputTest, TheDocumentOutlivesItsGenerator) {
+  std::optional<StatJSONGenerator> brief(std::in_place, "Procedure", "sub");
+  for (int i = 0; i < 100; ++i) {
+    tablestatjson::TableBuilder table(*brief, "a table with a name longer than a short string");
+    table.addColumnCategories({"c"});
+    table.addRowCategories(std::vector<std::string>(500, "row"));
+    table.fillColumn(0, std::vector<double>(500, i));
+    table.build();
+  }
+  const rapidjson::Value* cells = &brief->getProcedureStatJSON()["items"][99]["cells"];
+  BpProcedure procedure("Procedure", 10);
+  EXPECT_EQ(procedure.title(), "Procedure");
+  StatJSONConverter converter(procedure);
+  EXPECT_TRUE(converter.generateOutput(brief->getProcedureStatJSON()));
+  EXPECT_TRUE(brief->getProcedureStatJSON().IsNull());
+  brief.reset();
+  EXPECT_EQ(&session.document["items"][99]["cells"], cells) << "handed over, not copied";
+  EXPECT_EQ(session.document["items"][99]["cells"][499][0].GetDouble(), 99.0);
+  EXPECT_EQ(session.document["subtitle"], "sub");
+  EXPECT_GT(session.clock.between(workbench::StageClock::outputStart, workbench::StageClock::outputEnd), 0.0);
+}
+
+class DictionaryTest : public DocumentTest {
+ protected:
+  DictionaryTest() {
+    const auto* test = testing::UnitTest::GetInstance()->current_test_info();
+    session.dictionaryFolder = std::filesystem::path(testing::TempDir()) / (std::string("dictionary_") + test->name());
+    std::filesystem::create_directories(session.dictionaryFolder);
+  }
+  ~DictionaryTest() override { std::filesystem::remove_all(session.dictionaryFolder); }
+
+  std::string path(const std::string& language) {
+    session.language = language;
+    return PathFactory::getPathInstance(3)->getPath();
+  }
+  void write(const std::string& content) { std::ofstream(session.dictionaryFolder / "de.json") << content; }
+};
+
+TEST_F(DictionaryTest, TranslatesWhatItHoldsAndKeepsBlanks) {
+  write("{\"Mean\": \"Mittelwert\", \"Lag \": \"Verz\\u00f6gerung \", \"N\": 7}");
+  FacSTDictionary german(path("de"));
+  german.SetProcedure("Vector Autoregressive Models");
+  EXPECT_EQ(german.LookUp("Mean"), "Mittelwert");
+  EXPECT_EQ(german.LookUp("Lag "), "Verz\xC3\xB6gerung ");
+  EXPECT_EQ(german.LookUp("Lag"), "Lag");
+  EXPECT_EQ(german.LookUp("N"), "N");
+  EXPECT_EQ(german.LookUp(" "), " ");
+  EXPECT_TRUE(session.messages.empty());
+}
+
+TEST_F(DictionaryTest, FallsBackToTheKeysAndSaysWhyOnce) {
+  EXPECT_EQ(FacSTDictionary(path("en")).LookUp("Lag "), "Lag ");
+  EXPECT_TRUE(session.messages.empty()) << "the keys are English: no dictionary is needed";
+  const FacSTDictionary missing(path("fr"));
+  EXPECT_EQ(missing.LookUp("Mean"), "Mean");
+  EXPECT_EQ(missing.LookUp("Mean"), "Mean");
+  ASSERT_EQ(session.messages.size(), 1u);
+  EXPECT_THAT(session.messages[0].text, HasSubstr("fr.json"));
+  for (const char* damaged : {"", "{\"Mean\": \"Mittel", "[\"Mean\"]", "{\"Mean\": \"\xFF\"}"}) {
+    session.messages.clear();
+    write(damaged);
+    EXPECT_EQ(FacSTDictionary(path("de")).LookUp("Mean"), "Mean") << damaged;
+    EXPECT_EQ(session.messages.size(), 1u) << damaged;
+  }
+}
+
+}  // namespace

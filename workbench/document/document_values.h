@@ -1,0 +1,26 @@
+// Building blocks of the output document. All values live in the document's own memory pool.
+
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "host/json_document.h"
+#include "host/output.h"
+
+namespace workbench {
+
+using Json = rapidjson::Value;
+using JsonPool = rapidjson::Document::AllocatorType;
+
+// Null when the value is system-missing or not finite: JSON has no other word for it.
+Json jsonNumber(double value);
+Json jsonText(const std::string& text, JsonPool& pool);
+Json jsonTexts(const std::vector<std::string>& texts, JsonPool& pool);
+
+JsonPool& poolOf(StatJSONGenerator& generator);
+
+// Moves a finished table or chart to the end of the generator's document.
+void appendItem(StatJSONGenerator& generator, Json item);
+
+}  // namespace workbench
