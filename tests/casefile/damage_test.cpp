@@ -1,0 +1,170 @@
+// Whatever happens while a file is written, the old one stays whole and nothing is left beside it.
+
+#include <signal.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <thread>
+
+#include "tests/casefile/save_fixture.h"
+#include "workbench/casefile/atomic_file.h"
+#include "workbench/dataset/load.h"
+#include "workbench/session/errors.h"
+
+namespace workbench {
+namespace {
+
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::SizeIs;
+using testing::StartsWith;
+
+constexpr rlim_t kFileLimit = 100'000;  // bytes; every file of kManyCases is larger
+constexpr std::size_t kManyCases = 200'000;
+
+std::vector<double> manyValues() {
+  std::vector<double> values(kManyCases);
+  for (std::size_t i = 0; i < values.size(); ++i) values[i] = 1.0 / static_cast<double>(i + 1);
+  return values;
+}
+
+template <class Work>
+pid_t startChild(Work work) {
+  const pid_t child = fork();
+  if (child == 0) _exit(work() ? 0 : 1);
+  return child;
+}
+
+bool succeeded(pid_t child) {
+  int status = 0;
+  waitpid(child, &status, 0);
+  return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+void kill9(pid_t child) {
+  kill(child, SIGKILL);
+  int status = 0;
+  waitpid(child, &status, 0);
+}
+
+std::string failureOf(const std::filesystem::path& target) {
+  try {
+    writeFileAtomically(target, "new");
+  } catch (const OutputError& error) {
+    return error.what();
+  }
+  return "no error";
+}
+
+class Damage : public SaveTest, public testing::WithParamInterface<const char*> {
+ protected:
+  std::string file() const { return std::string("out") + GetParam(); }
+};
+
+// A process that may not write larger files sees the same error as one on a full disk.
+TEST_P(Damage, AFullDiskLeavesTheOldFile) {
+  folder_.write(file(), "old");
+  const std::vector<double> values = manyValues();
+  const pid_t child = startChild([&] {
+    signal(SIGXFSZ, SIG_IGN);
+    const rlimit limit{kFileLimit, kFileLimit};
+    setrlimit(RLIMIT_FSIZE, &limit);
+    const bool saved = save(file(), {"PRE_1"}, {values});
+    return !saved && session_.saveError.find((folder_ / file()).string()) != std::string::npos &&
+           session_.saveError.find("arge") != std::string::npos;  // "File too large", "could not be enlarged"
+  });
+  EXPECT_TRUE(succeeded(child));
+  EXPECT_EQ(contents(folder_ / file()), "old");
+  EXPECT_THAT(filesInFolder(), ElementsAre(file()));
+}
+
+TEST_P(Damage, AKilledWriterLeavesTheOldFileOrTheWholeNewOne) {
+  const std::vector<double> values = manyValues();
+  for (const int milliseconds : {5, 20, 40, 80, 160}) {
+    folder_.write(file(), "old");
+    const pid_t child = startChild([&] { return save(file(), {"PRE_1"}, {values}); });
+    std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+    kill9(child);
+    if (contents(folder_ / file()) != "old") {
+      EXPECT_EQ(loadDataset({folder_ / file(), ""}).columns[0].numbers, values) << milliseconds;
+    }
+  }
+  ASSERT_TRUE(save(file(), {"PRE_1"}, {{1}})) << session_.saveError;
+  EXPECT_THAT(filesInFolder(), SizeIs(file() == "out.csv" ? 2 : 1)) << "stale folders stay";
+}
+
+INSTANTIATE_TEST_SUITE_P(Formats, Damage, testing::Values(".csv", ".parquet", ".duckdb"),
+                         [](const auto& format) { return format.param + 1; });
+
+TEST_F(SaveTest, AKilledWritersFolderIsRemovedALivingOnesIsNot) {
+  const auto target = folder_.write("out.json", "old");
+  int ready[2];
+  ASSERT_EQ(pipe(ready), 0);
+  const pid_t child = startChild([&] {
+    StagedFile staged(target);
+    FileSink(staged.path(), target).write("half");
+    if (write(ready[1], "x", 1) != 1) return false;
+    pause();
+    return true;
+  });
+  char byte;
+  ASSERT_EQ(read(ready[0], &byte, 1), 1);
+  close(ready[0]);
+  close(ready[1]);
+  writeFileAtomically(target, "second");
+  EXPECT_THAT(filesInFolder(), SizeIs(2));
+  kill9(child);
+  EXPECT_EQ(contents(target), "second");
+  EXPECT_THAT(filesInFolder(), testing::Contains(StartsWith(".out.json.varmodel-")));
+  writeFileAtomically(target, "third");
+  EXPECT_EQ(contents(target), "third");
+  EXPECT_THAT(filesInFolder(), ElementsAre("out.json"));
+}
+
+TEST_F(SaveTest, AFolderThatMayNotBeWrittenIsNamed) {
+  const auto target = folder_.write("out.csv", "old");
+  std::filesystem::permissions(folder_.path(), std::filesystem::perms(0555));
+  const bool root = geteuid() == 0;  // to whom permissions do not apply
+  ASSERT_EQ(root ? seteuid(65534) : 0, 0);
+  const bool saved = save("new.csv", {"PRE_1"}, {{1}});
+  const std::string overwriting = failureOf(target);
+  ASSERT_EQ(root ? seteuid(0) : 0, 0);
+  std::filesystem::permissions(folder_.path(), std::filesystem::perms(0755));
+  EXPECT_FALSE(saved);
+  EXPECT_THAT(session_.saveError, AllOf(HasSubstr("new.csv"), HasSubstr("Permission denied"), HasSubstr("may write")));
+  EXPECT_THAT(overwriting, HasSubstr("Permission denied"));
+  EXPECT_THAT(filesInFolder(), ElementsAre("out.csv"));
+  EXPECT_EQ(contents(target), "old");
+}
+
+TEST_F(SaveTest, DevicesAreWrittenDirectly) {
+  EXPECT_EQ(failureOf("/dev/null"), "no error");
+  EXPECT_TRUE(std::filesystem::is_character_file("/dev/null"));
+  EXPECT_THAT(failureOf("/dev/full"),
+              AllOf(HasSubstr("/dev/full"), HasSubstr("No space left"), HasSubstr("Make room")));
+  std::filesystem::create_symlink("/dev/full", folder_ / "full.csv");
+  std::filesystem::create_symlink("/dev/full", folder_ / "full.parquet");
+  EXPECT_FALSE(save("full.csv", {"PRE_1"}, {{1}}));
+  EXPECT_THAT(session_.saveError, HasSubstr("No space left"));
+  EXPECT_FALSE(save("full.parquet", {"PRE_1"}, {{1}}));
+  EXPECT_THAT(session_.saveError, HasSubstr("not a regular file"));
+  EXPECT_THAT(filesInFolder(), SizeIs(2));
+}
+
+TEST_F(SaveTest, LinksStandForTheirFilesAndFoldersAreRefused) {
+  const auto target = folder_.write("real.json", "old");
+  std::filesystem::create_symlink("real.json", folder_ / "link.json");
+  writeFileAtomically(folder_ / "link.json", "new");
+  EXPECT_EQ(contents(target), "new");
+  EXPECT_TRUE(std::filesystem::is_symlink(folder_ / "link.json"));
+  EXPECT_THAT(failureOf(folder_.path()), HasSubstr("folder"));
+  EXPECT_THAT(failureOf(folder_ / "nowhere" / "a.json"), HasSubstr("Create its folder"));
+  EXPECT_THAT(failureOf(folder_ / std::string(300, 'n')), HasSubstr("too long"));
+  writeFileAtomically(folder_ / std::string(255, 'n'), "long name");
+  EXPECT_EQ(contents(folder_ / std::string(255, 'n')), "long name");
+}
+
+}  // namespace
+}  // namespace workbench

@@ -1,0 +1,94 @@
+#include "host/case_file.h"
+
+#include <exception>
+#include <stdexcept>
+
+#include "workbench/casefile/case_file_spec.h"
+#include "workbench/casefile/case_writer.h"
+#include "workbench/dataset/host_state.h"
+#include "workbench/session/errors.h"
+#include "workbench/session/session.h"
+
+using workbench::CaseFileFormat;
+using workbench::currentSession;
+using workbench::kSystemMissing;
+
+// VEXA_Case
+
+struct VEXA_Case::State {
+  VEXA_DataSource* source;
+  std::vector<double>* buffer;
+};
+
+VEXA_Case::VEXA_Case(VEXA_DataSource& dataSource, std::vector<double>& buffer)
+    : state_(std::make_unique<State>(State{&dataSource, &buffer})) {
+  buffer.resize(dataSource.ColumnCount());
+}
+VEXA_Case::~VEXA_Case() = default;
+
+void VEXA_Case::InitCase() {
+  state_->buffer->assign(state_->source->ColumnCount(), kSystemMissing);
+}
+
+bool VEXA_Case::SetColumnValue(int column, double value) {
+  if (column < 0 || static_cast<std::size_t>(column) >= state_->buffer->size()) return false;
+  (*state_->buffer)[static_cast<std::size_t>(column)] = value;
+  return true;
+}
+
+// IndependentDataStore
+
+IndependentDataStore::IndependentDataStore() = default;
+IndependentDataStore::~IndependentDataStore() = default;
+
+bool IndependentDataStore::AddCase(const VEXA_Case& newCase) {
+  workbench::Dataset& dataset = *state().dataset;
+  const std::vector<double>& values = *newCase.state().buffer;
+  if (newCase.state().source != this || values.size() != dataset.columns.size()) return false;
+  for (std::size_t i = 0; i < values.size(); ++i) dataset.columns[i].numbers.push_back(values[i]);
+  ++dataset.rowCount;
+  return true;
+}
+
+// UserOutputCaseFile
+
+struct UserOutputCaseFile::State {
+  UserCaseFileSpec::State specification;
+  IndependentDataStore store;
+  bool closed = false;
+};
+
+namespace {
+
+void save(const UserCaseFileSpec::State& specification, const VEXA_DataSource::State& source) {
+  if (specification.path.empty()) throw workbench::OutputError("SAVE names no file.");
+  if (source.spoiled) throw workbench::OutputError(currentSession().saveError);
+  if (source.dataset->columns.empty()) {
+    throw workbench::OutputError("SAVE FILE has nothing to save. Add PREDICTED or NRESIDUAL.");
+  }
+  workbench::writeCases(*source.dataset, specification.format, specification.path);
+}
+
+}  // namespace
+
+UserOutputCaseFile::UserOutputCaseFile(const UserCaseFileSpec& specification) : state_(std::make_unique<State>()) {
+  state_->specification = specification.state();
+}
+UserOutputCaseFile::~UserOutputCaseFile() = default;
+
+IndependentDataStore& UserOutputCaseFile::DataSource() {
+  return state_->store;
+}
+
+bool UserOutputCaseFile::Close() {
+  if (state_->closed) return false;
+  state_->closed = true;
+  try {
+    save(state_->specification, state_->store.state());
+  } catch (const std::exception& error) {
+    currentSession().saveError = error.what();
+    return false;
+  }
+  currentSession().savedFiles.push_back(state_->specification.path);
+  return true;
+}

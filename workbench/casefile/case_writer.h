@@ -1,0 +1,22 @@
+// Writing a dataset of numeric variables as a data file. The formats are described in docs/saved-file.md.
+
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "workbench/casefile/case_file_spec.h"
+#include "workbench/dataset/dataset.h"
+
+namespace workbench {
+
+// The file appears complete or not at all. Throws OutputError with place, reason and remedy.
+void writeCases(const Dataset& dataset, CaseFileFormat format, const std::filesystem::path& target);
+
+// Labels, levels and formats as one JSON object.
+std::string metadataJson(const Dataset& dataset);
+
+// Where the metadata of a CSV file stand.
+std::filesystem::path metadataFile(const std::filesystem::path& csvFile);
+
+}  // namespace workbench
