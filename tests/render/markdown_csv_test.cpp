@@ -1,0 +1,37 @@
+#include "workbench/render/markdown_csv.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/render/render_fixture.h"
+
+namespace workbench {
+namespace {
+
+constexpr const char* kTable = R"({ "type": "table", "title": "Fit *x*", "titleFootnotes": [0], "footnotes": ["a|b"],
+  "rowDimension": { "label": "Variable", "shown": true },
+  "columns": [ { "label": "R, Square" }, { "label": "Test", "children": ["df", "\"Sig.\""] } ],
+  "rows": ["real_gdp|1", "two\nlines"], "cells": [[7221.171900985223, 8, null], [1e-9, -1.5, 2]] })";
+
+TEST(Markdown, WritesAPipeTableWithoutActiveMarkup) {
+  EXPECT_EQ(paintMarkdown(tableFromJson(kTable)), R"(**Fit \*x\*** (a)
+
+| Variable | R, Square | Test: df | Test: "Sig." |
+| :--- | ---: | ---: | ---: |
+| real\_gdp\|1 | 7221.172 | 8.000 | . |
+| two^Jlines | 1.0e-09 | -1.500 | 2.000 |
+
+(a) a\|b
+)");
+}
+
+TEST(Csv, WritesFullPrecisionAndQuotesWhatNeedsIt) {
+  const std::string expected =
+      "Variable,\"R, Square\",Test: df,\"Test: \"\"Sig.\"\"\"\r\n"
+      "real_gdp|1,7221.171900985223,8,\r\n"
+      "\"two\nlines\",1e-09,-1.5,2\r\n";
+  EXPECT_EQ(paintCsv(tableFromJson(kTable)), expected);
+  EXPECT_EQ(paintCsv(tableFromJson(kTable, {","})), expected) << "the same in every language";
+}
+
+}  // namespace
+}  // namespace workbench

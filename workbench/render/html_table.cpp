@@ -1,0 +1,113 @@
+#include "workbench/render/html_table.h"
+
+#include <fmt/format.h>
+
+#include "workbench/render/html_escape.h"
+
+namespace workbench {
+
+const std::string_view kPivotTableCss = R"css(
+table.pivot { border-collapse: collapse; border-block: 1px solid var(--rule, #888); font-variant-numeric: tabular-nums; }
+table.pivot caption { text-align: left; font-weight: 600; padding-block: .4em; overflow-wrap: anywhere; }
+table.pivot th { font-weight: 500; text-align: right; vertical-align: bottom; padding: .25em .7em; overflow-wrap: anywhere; }
+table.pivot th[scope=row], table.pivot .corner { text-align: left; min-width: 8ch; max-width: 32ch; }
+table.pivot th.over { text-align: center; border-bottom: 1px solid var(--rule, #888); }
+table.pivot thead { border-bottom: 1px solid var(--rule, #888); }
+table.pivot td { text-align: right; white-space: nowrap; padding: .25em .7em; }
+table.pivot tfoot td { text-align: left; white-space: pre-wrap; color: var(--muted, #555); }
+table.pivot tfoot div { contain: inline-size; min-width: 40ch; overflow-wrap: anywhere; }
+table.pivot tfoot tr:first-child { border-top: 1px solid var(--rule, #888); }
+table.pivot sup { font-weight: 400; line-height: 0; }
+)css";
+
+namespace {
+
+// A name keeps its own direction and does not turn the text around it.
+std::string name(const std::string& text) {
+  return fmt::format("<bdi>{}</bdi>", htmlText(text));
+}
+
+std::string opening(const PivotTable& table) {
+  if (!table.titleShown) return fmt::format("<table class=\"pivot\" aria-label=\"{}\">\n", htmlText(table.title));
+  const std::string markers = table.titleMarkers();
+  return fmt::format("<table class=\"pivot\">\n<caption>{}{}</caption>\n", name(table.title),
+                     markers.empty() ? markers : fmt::format("<sup>{}</sup>", markers));
+}
+
+std::string columnGroups(const PivotTable& table) {
+  std::string out = "<colgroup></colgroup>\n";
+  if (!table.hasGroups()) return out + fmt::format("<colgroup span=\"{}\"></colgroup>\n", table.leafCount());
+  for (const ColumnCategory& column : table.columns)
+    out += fmt::format("<colgroup span=\"{}\"></colgroup>\n", column.leafCount());
+  return out;
+}
+
+std::string corner(const PivotTable& table, int headerRows) {
+  const std::string span = headerRows > 1 ? fmt::format(" rowspan=\"{}\"", headerRows) : "";
+  if (!table.rowDimension.shown) return fmt::format("<td class=\"corner\"{}></td>", span);
+  return fmt::format("<th scope=\"col\" class=\"corner\"{}>{}</th>", span, name(table.rowDimension.label));
+}
+
+std::string leafHeader(const std::string& label) {
+  return fmt::format("<th scope=\"col\">{}</th>", name(label));
+}
+
+// Headers of the upper of two levels; a category without children reaches down through both.
+std::string upperHeaders(const PivotTable& table) {
+  std::string out;
+  for (const ColumnCategory& column : table.columns) {
+    out += column.children.empty() ? fmt::format("<th scope=\"col\" rowspan=\"2\">{}</th>", name(column.label))
+                                   : fmt::format("<th scope=\"colgroup\" colspan=\"{}\" class=\"over\">{}</th>",
+                                                 column.children.size(), name(column.label));
+  }
+  return out;
+}
+
+std::string lowerHeaders(const PivotTable& table) {
+  std::string out;
+  for (const ColumnCategory& column : table.columns) {
+    if (column.children.empty() && !table.hasGroups()) out += leafHeader(column.label);
+    for (const std::string& child : column.children) out += leafHeader(child);
+  }
+  return out;
+}
+
+std::string head(const PivotTable& table) {
+  std::vector<std::string> rows;
+  if (table.columnDimension.shown && table.leafCount() > 0)
+    rows.push_back(fmt::format("<th scope=\"col\" colspan=\"{}\" class=\"over\">{}</th>", table.leafCount(),
+                               name(table.columnDimension.label)));
+  if (table.hasGroups()) rows.push_back(upperHeaders(table));
+  rows.push_back(lowerHeaders(table));
+  rows.front().insert(0, corner(table, static_cast<int>(rows.size())));
+  return fmt::format("<thead>\n<tr>{}</tr>\n</thead>\n", fmt::join(rows, "</tr>\n<tr>"));
+}
+
+std::string body(const PivotTable& table) {
+  std::string out = "<tbody>\n";
+  for (std::size_t row = 0; row < table.rows.size(); ++row) {
+    out += fmt::format("<tr><th scope=\"row\">{}</th>", name(table.rows[row]));
+    for (const Cell& cell : table.cells[row])
+      out += fmt::format("<td data-value=\"{}\">{}</td>", cell.missing ? "" : fullPrecision(cell.value),
+                         htmlText(cell.shown.text));
+    out += "</tr>\n";
+  }
+  return out + "</tbody>\n";
+}
+
+std::string foot(const PivotTable& table) {
+  if (table.footnotes.empty()) return {};
+  std::string rows;
+  for (const Footnote& note : table.footnotes)
+    rows += fmt::format("<tr><td colspan=\"{}\"><div><sup>{}</sup> {}</div></td></tr>\n", table.leafCount() + 1,
+                        note.marker, name(note.text));
+  return fmt::format("<tfoot>\n{}</tfoot>\n", rows);
+}
+
+}  // namespace
+
+std::string htmlTable(const PivotTable& table) {
+  return opening(table) + columnGroups(table) + head(table) + body(table) + foot(table) + "</table>\n";
+}
+
+}  // namespace workbench

@@ -1,0 +1,77 @@
+// A pivot table of the output document, laid out once for all painters.
+
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "host/json_document.h"
+#include "workbench/render/number_format.h"
+
+namespace workbench {
+
+struct Dimension {
+  std::string label;
+  bool shown = false;
+};
+
+// A top-level column. Without children it is a leaf itself.
+struct ColumnCategory {
+  std::string label;
+  std::vector<std::string> children;
+
+  std::size_t leafCount() const { return children.empty() ? 1 : children.size(); }
+};
+
+struct Footnote {
+  std::string marker;  // "a", "b", ..., "z", "aa", ...
+  std::string text;
+};
+
+struct Cell {
+  double value = 0;  // full precision; 0 when missing
+  bool missing = true;
+  NumberText shown;
+};
+
+// Texts are as the document holds them: any bytes. Painters make them harmless.
+struct PivotTable {
+  std::string title;
+  bool titleShown = true;
+  std::vector<std::size_t> titleFootnotes;  // indexes into footnotes
+  std::vector<Footnote> footnotes;
+  Dimension rowDimension;
+  Dimension columnDimension;
+  std::vector<ColumnCategory> columns;
+  std::vector<std::string> rows;
+  std::vector<std::vector<Cell>> cells;  // one vector a row, one cell a leaf column
+
+  std::size_t leafCount() const;
+  bool hasGroups() const;                        // whether any category has children
+  std::vector<std::string> leafLabels() const;   // one a leaf: its own label
+  std::vector<std::string> flatHeaders() const;  // one a leaf: "Group: Leaf" below a group
+  std::string titleMarkers() const;              // "a" or "a, b"; "" without footnotes
+};
+
+// A chart of the output document, as far as text output tells of it.
+struct ChartItem {
+  std::string name;
+  std::size_t points = 0;
+  const rapidjson::Value* json = nullptr;  // the item itself, in the document
+};
+
+using DocumentItem = std::variant<PivotTable, ChartItem>;
+
+// Reads one item of type "table". Absent properties take their defaults, an absent title is the table's name; cells
+// that the document does not hold are missing. Throws std::runtime_error where a property has the wrong JSON type.
+PivotTable readPivotTable(const rapidjson::Value& item, const Locale& locale = {});
+
+// The tables and charts of a document in their order; items of other types are skipped.
+std::vector<DocumentItem> documentItems(const rapidjson::Value& document, const Locale& locale = {});
+
+// A string property of a JSON object; "" when the object has none of that name.
+std::string textProperty(const rapidjson::Value& object, const char* name);
+
+}  // namespace workbench

@@ -1,0 +1,206 @@
+#include "workbench/render/terminal.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <string_view>
+
+#include "workbench/render/display_text.h"
+#include "workbench/render/terminal_layout.h"
+
+namespace workbench {
+
+namespace {
+
+constexpr int kNarrowestLine = 20;
+
+// One line, filled from left to right.
+class Line {
+ public:
+  // The text must not begin left of where the line ends.
+  void put(int cell, std::string_view text) {
+    if (text.empty()) return;
+    text_.append(static_cast<std::size_t>(std::max(cell - used_, 0)), ' ');
+    text_ += text;
+    used_ = std::max(cell, used_) + displayWidth(text);
+  }
+
+  const std::string& text() const { return text_; }
+
+ private:
+  std::string text_;
+  int used_ = 0;
+};
+
+int lineWidth(const TerminalStyle& style) {
+  return std::max(style.width, kNarrowestLine);
+}
+
+std::string repeat(std::string_view text, int count) {
+  std::string repeated;
+  for (int i = 0; i < count; ++i) repeated += text;
+  return repeated;
+}
+
+// A wrapped header text over [start, start + width), centred or flush right.
+struct HeaderBlock {
+  int start;
+  int width;
+  bool centred;
+  std::vector<std::string> lines;
+
+  void paint(const std::string& text, Line& line) const {
+    const int free = width - displayWidth(text);
+    line.put(start + (centred ? free / 2 : free), text);
+  }
+};
+
+std::string bold(const std::string& text, const TerminalStyle& style) {
+  return style.colour ? fmt::format("\x1b[1m{}\x1b[0m", text) : text;
+}
+
+std::string heading(const std::string& text, const TerminalStyle& style) {
+  std::string lines;
+  if (text.empty()) return lines;
+  for (const std::string& line : wrapText(visibleText(text), lineWidth(style))) lines += bold(line, style) + '\n';
+  return lines;
+}
+
+class TablePainter {
+ public:
+  TablePainter(const PivotTable& table, const TerminalStyle& style)
+      : table_(table),
+        style_(style),
+        width_(lineWidth(style)),
+        layout_(layOut(table, width_, style.unicode ? "…" : "...")) {}
+
+  std::string paint() {
+    paintTitle();
+    for (const ColumnPanel& panel : layout_.panels) {
+      paintRule();
+      if (panel.first == 0) paintSpans(panel, layout_.dimension);
+      paintSpans(panel, layout_.groups);
+      paintLeafLabels(panel);
+      paintRule();
+      paintRows(panel);
+    }
+    paintRule();
+    paintFootnotes();
+    return std::move(out_);
+  }
+
+ private:
+  void newLine(const std::string& text) { out_ += text + '\n'; }
+
+  std::string rule(int width) const { return repeat(style_.unicode ? "─" : "-", width); }
+
+  std::string dim(const std::string& text) const {
+    return style_.colour ? fmt::format("\x1b[2m{}\x1b[0m", text) : text;
+  }
+
+  void paintTitle() {
+    if (!table_.titleShown) return;
+    const std::string markers = table_.titleMarkers();
+    out_ += heading(markers.empty() ? table_.title : fmt::format("{} [{}]", table_.title, markers), style_);
+  }
+
+  void paintRule() { newLine(dim(rule(layout_.width()))); }
+
+  void paintSpans(const ColumnPanel& panel, const std::vector<HeaderSpan>& spans) {
+    std::vector<HeaderBlock> blocks;
+    Line rules;
+    for (const HeaderSpan& span : spans) {
+      const std::size_t first = std::max(span.first, panel.first);
+      const std::size_t last = std::min(span.last, panel.last());
+      if (first >= last) continue;
+      const int start = panel.start(first);
+      const int width = panel.end(last - 1) - start;
+      blocks.push_back({start, width, true, wrapText(span.label, std::max(width, 2))});
+      rules.put(start, rule(width));
+    }
+    if (blocks.empty()) return;
+    paintHeader(blocks, "");
+    newLine(dim(rules.text()));
+  }
+
+  void paintLeafLabels(const ColumnPanel& panel) {
+    std::vector<HeaderBlock> blocks;
+    for (std::size_t leaf = panel.first; leaf < panel.last(); ++leaf) {
+      const int width = panel.end(leaf) - panel.start(leaf);
+      blocks.push_back({panel.start(leaf), width, false, wrapText(layout_.columns[leaf].label, std::max(width, 2))});
+    }
+    paintHeader(blocks, layout_.corner);
+  }
+
+  // The blocks side by side, their last lines in one row with the corner text.
+  void paintHeader(const std::vector<HeaderBlock>& blocks, std::string_view corner) {
+    std::size_t height = 1;
+    for (const HeaderBlock& block : blocks) height = std::max(height, block.lines.size());
+    for (std::size_t below = height; below > 0; --below) {
+      Line line;
+      if (below == 1) line.put(0, corner);
+      for (const HeaderBlock& block : blocks)
+        if (below <= block.lines.size()) block.paint(block.lines[block.lines.size() - below], line);
+      newLine(line.text());
+    }
+  }
+
+  void paintRows(const ColumnPanel& panel) {
+    for (std::size_t row = 0; row < table_.rows.size(); ++row) {
+      Line line;
+      line.put(0, layout_.rowLabels[row]);
+      for (std::size_t leaf = panel.first; leaf < panel.last(); ++leaf) {
+        const NumberText& number = table_.cells[row][leaf].shown;
+        const int integer = displayWidth(std::string_view(number.text).substr(0, number.integerLength));
+        line.put(panel.end(leaf) - layout_.columns[leaf].fractionWidth - integer, number.text);
+      }
+      newLine(line.text());
+    }
+  }
+
+  void paintFootnotes() {
+    for (const Footnote& note : table_.footnotes) {
+      std::string marker = fmt::format("[{}] ", note.marker);
+      const int indent = displayWidth(marker);
+      for (const std::string& part : wrapText(visibleText(note.text), width_ - indent)) {
+        newLine(marker + part);
+        marker.assign(marker.size(), ' ');
+      }
+    }
+  }
+
+  const PivotTable& table_;
+  const TerminalStyle& style_;
+  int width_;
+  TableLayout layout_;
+  std::string out_;
+};
+
+std::string chartLine(const ChartItem& chart, const TerminalStyle& style) {
+  const std::string text = fmt::format("Chart: {} ({} points)", chart.name, chart.points);
+  std::string lines;
+  for (const std::string& line : wrapText(visibleText(text), lineWidth(style))) lines += line + '\n';
+  return lines;
+}
+
+}  // namespace
+
+std::string paintTerminal(const PivotTable& table, const TerminalStyle& style) {
+  return TablePainter(table, style).paint();
+}
+
+std::string paintDocumentTerminal(const rapidjson::Document& document, const TerminalStyle& style,
+                                  const Locale& locale) {
+  std::vector<std::string> blocks{heading(textProperty(document, "procedure"), style) +
+                                  heading(textProperty(document, "subtitle"), style)};
+  std::string charts;
+  for (const DocumentItem& item : documentItems(document, locale)) {
+    if (const auto* table = std::get_if<PivotTable>(&item)) blocks.push_back(paintTerminal(*table, style));
+    if (const auto* chart = std::get_if<ChartItem>(&item)) charts += chartLine(*chart, style);
+  }
+  if (!charts.empty()) blocks.push_back(heading("Charts", style) + charts);
+  std::erase(blocks, "");
+  return fmt::format("{}", fmt::join(blocks, "\n"));
+}
+
+}  // namespace workbench

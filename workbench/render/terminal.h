@@ -1,0 +1,26 @@
+// Tables as text for a terminal.
+
+#pragma once
+
+#include <string>
+
+#include "workbench/render/pivot_table.h"
+
+namespace workbench {
+
+struct TerminalStyle {
+  int width = 80;       // cells a line; taken as at least 20
+  bool colour = false;  // bold titles and dim rules by escape sequences
+  bool unicode = true;  // line-drawing characters; otherwise ASCII (names keep their letters)
+};
+
+// Title, panels of columns as wide as the line allows (row labels repeated in each), footnotes; every line ends with
+// '\n' and fits the width, unless one number alone does not. Numbers are never cut: long headers wrap, long row labels
+// are shortened. Columns align on the decimal point.
+std::string paintTerminal(const PivotTable& table, const TerminalStyle& style);
+
+// The document's heading, all its tables, and a list of its charts.
+std::string paintDocumentTerminal(const rapidjson::Document& document, const TerminalStyle& style,
+                                  const Locale& locale = {});
+
+}  // namespace workbench
