@@ -3,6 +3,8 @@
 #include <exception>
 #include <iostream>
 #include <optional>
+#include <set>
+#include <sstream>
 #include <utility>
 
 #include "algo/condition.h"
@@ -30,6 +32,24 @@ void warnOfSmallerLag(std::int32_t selected, std::int32_t maxLag) {
             << ": parameters, fitted values and saved predicted values are those of lag " << maxLag
             << "; residuals, their tests and covariance, and forecasts are those of lag " << selected
             << ". R Square compares rows of different length, and MSE, RMSE, MAE and MAPE stay 0.\n";
+}
+
+// Two or three criteria that all choose another lag leave the decision to the log-likelihood, which no table tells.
+void warnOfDisagreement(const LagChoice& choice, CriterionSwitches enabled) {
+  std::ostringstream chosen;
+  std::set<std::int32_t> lags;
+  int criteria = 0;
+  const auto add = [&](bool isEnabled, const char* name, std::int32_t lag) {
+    if (!isEnabled) return;
+    chosen << (criteria++ == 0 ? "" : ", ") << name << " chose lag " << lag;
+    lags.insert(lag);
+  };
+  add(enabled.aic, "AIC", choice.aic);
+  add(enabled.bic, "BIC", choice.bic);
+  add(enabled.hqic, "HQIC", choice.hqic);
+  if (criteria < 2 || std::ssize(lags) < criteria) return;
+  std::cerr << "Warning: VARAlgo::selectOptimalLag - The criteria disagree (" << chosen.str()
+            << "): the largest log-likelihood decided for lag " << choice.overall << ".\n";
 }
 
 }  // namespace
@@ -84,8 +104,6 @@ bool VARAlgo::estimateVARWithLags() {
     hqicValues.push_back(criteria.hqic);
   }
   optimalLag = forecastLag = selectOptimalLag(lagOrders, aicValues, bicValues, hqicValues);
-  std::cerr << "VARAlgo::selectOptimalLag - AIC=" << aicLag << ", BIC=" << bicLag << ", HQIC=" << hqicLag
-            << ", selected=" << optimalLag << '\n';
   if (optimalLag < settings.maxLag) warnOfSmallerLag(optimalLag, settings.maxLag);
   return computeSelectedCovariance();
 }
@@ -166,8 +184,9 @@ void VARAlgo::storeEquationResults(const Matrix& inverse, const Matrix& fitted) 
 
 std::int32_t VARAlgo::selectOptimalLag(const std::vector<std::int32_t>& lags, const std::vector<double>& aic,
                                        const std::vector<double>& bic, const std::vector<double>& hqic) {
-  const LagChoice choice = chooseLag(lags, aic, bic, hqic, logLikelihoods,
-                                     {.aic = settings.useAic, .bic = settings.useBic, .hqic = settings.useHqic});
+  const CriterionSwitches enabled{.aic = settings.useAic, .bic = settings.useBic, .hqic = settings.useHqic};
+  const LagChoice choice = chooseLag(lags, aic, bic, hqic, logLikelihoods, enabled);
+  warnOfDisagreement(choice, enabled);
   aicLag = choice.aic;
   bicLag = choice.bic;
   hqicLag = choice.hqic;

@@ -7,6 +7,8 @@ target_compile_options(varmodel_flags INTERFACE
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   # g++ 12 and 13 report overlaps inside std::string that cannot happen (GCC bug 105651).
   target_compile_options(varmodel_flags INTERFACE -Wno-restrict)
+elseif(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+  target_compile_options(varmodel_flags INTERFACE -Wno-unknown-warning-option)
 endif()
 if(VARMODEL_SANITIZE)
   target_compile_options(varmodel_flags INTERFACE -fsanitize=${VARMODEL_SANITIZE} -fno-omit-frame-pointer)

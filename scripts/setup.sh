@@ -1,5 +1,4 @@
 #!/usr/bin/env bash
-# Installs what building and testing need, once: Debian packages, and DuckDB's C library from npm packages.
 # Usage: scripts/setup.sh [lint] [bench]   (extra packages for those targets; nothing is done when all is there)
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -48,3 +47,4 @@ deps=.deps/duckdb
 [ -f $deps/lib/libduckdb.so ] || fetch @duckdb/node-bindings-linux-x64@1.4.4-r.1 \
   7e360d73eb78fd3ee6873679ee8268210696bdb615bf186275c34d6a7b101625a777afc930b0942dde2a9edf172374edd81ad9b2b687ebdd0a481212dd03edd3 \
   libduckdb.so $deps/lib/libduckdb.so
+

@@ -27,8 +27,7 @@ bool VARSubCommands::generateForecastDatesUsingTfo() {
 void VARSubCommands::alignTimeAxis() {
   TimeAxis& axis = settings_.timeAxis;
   followKeptCases(*settings_.dataSource, lastFetch_.keptCaseOffsets, axis);
-  if (axis.forecastLabels.empty() && !axis.heldWarning.empty())
-    settings_.parserMessage.GenericWarning(axis.heldWarning);
+  if (!axis.heldWarning.empty()) settings_.parserMessage.GenericWarning(axis.heldWarning);
 }
 
 }  // namespace varmodel

@@ -18,7 +18,9 @@ using testing::StartsWith;
 class SaveTest : public ProcedureTest {
  protected:
   void SetUp() override {
-    path = std::filesystem::path(testing::TempDir()) / "varmodel_saved.parquet";
+    // Tests may run side by side, each in its own process.
+    const char* test = testing::UnitTest::GetInstance()->current_test_info()->name();
+    path = std::filesystem::path(testing::TempDir()) / (std::string("varmodel_save_") + test + ".parquet");
     std::filesystem::remove(path);
     results.resize(2);
     results[0].equationName = "gdp";
@@ -67,6 +69,31 @@ TEST_F(SaveTest, WritesOnlyTheKindAskedForAsLongAsTheLongestResult) {
   const workbench::Dataset saved = workbench::loadDataset({path, ""});
   EXPECT_THAT(columnNames(saved), ElementsAre("p1", "p2"));
   EXPECT_EQ(saved.rowCount, 3U);
+}
+
+TEST_F(SaveTest, LabelsAndFormatsGoAlong) {
+  path.replace_extension(".csv");
+  results.resize(1);
+  ask("PRE_", "RES_");
+  ASSERT_EQ(save(), 0) << session.saveError;
+  std::ifstream file(path.string() + ".meta.json");
+  const std::string text(std::istreambuf_iterator<char>(file), {});
+  rapidjson::Document metadata;
+  metadata.Parse(text);
+  ASSERT_TRUE(metadata.IsObject()) << text;
+  EXPECT_STREQ(metadata["label"].GetString(), "VAR Model Predicted Values and Residuals");
+  const char* labels[] = {"Predicted: gdp", "Residual: gdp"};
+  ASSERT_EQ(metadata["variables"].Size(), 2U);
+  for (rapidjson::SizeType i = 0; i < 2; ++i) {
+    const rapidjson::Value& variable = metadata["variables"][i];
+    EXPECT_STREQ(variable["label"].GetString(), labels[i]);
+    EXPECT_STREQ(variable["level"].GetString(), "scale");
+    for (const char* format : {"printFormat", "writeFormat"}) {
+      EXPECT_EQ(variable[format]["type"].GetInt(), 5);
+      EXPECT_EQ(variable[format]["width"].GetInt(), 8);
+      EXPECT_EQ(variable[format]["decimals"].GetInt(), 3);
+    }
+  }
 }
 
 TEST_F(SaveTest, NothingAskedForIsASuccessWithoutAFile) {

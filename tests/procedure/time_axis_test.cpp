@@ -125,7 +125,7 @@ TEST_F(TimeAxisTest, ATargetThatNamesNoPeriodLeavesNoHorizonAndSaysSo) {
 
 TEST_F(TimeAxisTest, ComponentsThatFitNoSlotAreIgnored) {
   quarters();
-  predictThruQuarter(1991.9, 4294967296.0);
+  predictThruQuarter(1991.9, 8589934597.0);
   session.trends.dateVariables.push_back({0, 11, 0, 5.0});
   TimeAxis axis;
   ProcedureDataSource dataSource;

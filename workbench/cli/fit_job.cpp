@@ -1,0 +1,49 @@
+#include "workbench/cli/fit_job.h"
+
+#include <fmt/core.h>
+
+#include <charconv>
+
+#include "workbench/cli/fit_command.h"
+#include "workbench/session/errors.h"
+
+namespace workbench {
+
+namespace {
+
+DateComponents readStart(const std::vector<std::string>& words) {
+  DateComponents components;
+  for (const std::string& word : words) {
+    const auto equals = word.find('=');
+    const auto unit = equals == std::string::npos ? std::nullopt : unitFromName(word.substr(0, equals));
+    std::int64_t value = 0;
+    const char* end = word.data() + word.size();
+    const bool isNumber =
+        equals != std::string::npos && std::from_chars(word.data() + equals + 1, end, value).ptr == end;
+    if (!unit || !isNumber) {
+      throw UsageError(
+          fmt::format("--start: '{}' is not a date component. Write them as UNIT=NUMBER, such as year=1959 "
+                      "quarter=1.",
+                      word));
+    }
+    components[*unit] = value;
+  }
+  return components;
+}
+
+}  // namespace
+
+Job makeFitJob(const FitOptions& options) {
+  Job job;
+  job.command = composeCommand(options);
+  job.data = {options.data, options.query};
+  job.predictPeriods = options.predictPeriods;
+  DatesRequest dates;
+  if (!options.start.empty()) dates.start = readStart(options.start);
+  dates.column = options.dateColumn;
+  if (!dates.start.empty() || !dates.column.empty()) job.dates = std::move(dates);
+  if (options.output.verbosity != Verbosity::quiet) fmt::print("{}\n", job.command);
+  return job;
+}
+
+}  // namespace workbench

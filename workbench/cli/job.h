@@ -1,0 +1,32 @@
+// One job: the command, the data, and the session's settings.
+
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "workbench/dataset/dictionary.h"
+#include "workbench/dataset/load.h"
+#include "workbench/dates/requests.h"
+
+namespace workbench {
+
+struct Job {
+  std::string command;
+  DataRequest data;
+  std::vector<DictionaryEntry> dictionary;
+  std::optional<DatesRequest> dates;
+  std::optional<PredictRequest> predict;
+  std::optional<long> predictPeriods;  // periods after the last case, instead of `predict`
+  std::string weight;
+  std::vector<std::string> split;
+  std::filesystem::path file;        // empty for a job that was not read from a file
+  std::filesystem::path baseFolder;  // relative data and SAVE paths start here
+};
+
+// Reads and checks a job file. Throws UsageError with file, line, key and remedy.
+Job readJobFile(const std::filesystem::path& file);
+
+}  // namespace workbench

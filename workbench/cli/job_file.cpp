@@ -1,0 +1,136 @@
+#include <algorithm>
+#include <array>
+#include <fstream>
+#include <sstream>
+#include <utility>
+
+#include "workbench/cli/job.h"
+#include "workbench/cli/toml_reader.h"
+#include "workbench/language/suggest.h"
+#include "workbench/session/errors.h"
+
+namespace workbench {
+
+namespace {
+
+std::vector<std::string_view> unitWords() {
+  std::vector<std::string_view> words;
+  for (int code = static_cast<int>(Unit::year); code <= static_cast<int>(Unit::observation); ++code) {
+    words.push_back(unitName(static_cast<Unit>(code)));
+  }
+  return words;
+}
+
+toml::table parseToml(const std::filesystem::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  if (!stream) {
+    throw UsageError("there is no job file " + file.string() + ". Give the path of a TOML file, such as " +
+                     "examples/us_macro.toml.");
+  }
+  std::ostringstream text;
+  text << stream.rdbuf();
+  try {
+    return toml::parse(text.str(), file.string());
+  } catch (const toml::parse_error& error) {
+    const auto place = error.source().begin;
+    throw UsageError(file.string() + ", line " + std::to_string(place.line) + ", column " +
+                     std::to_string(place.column) + ": " + std::string(error.description()));
+  }
+}
+
+MeasurementLevel levelOf(const TomlSection& section, const std::string& word) {
+  if (word == "scale") return MeasurementLevel::scale;
+  if (word == "ordinal") return MeasurementLevel::ordinal;
+  if (word == "nominal") return MeasurementLevel::nominal;
+  section.fail("level", "must be \"scale\", \"ordinal\" or \"nominal\".");
+}
+
+void readDictionary(const TomlSection& top, Job& job) {
+  const auto variables = top.section("variables", {});
+  if (!variables) return;
+  for (const std::string& name : variables->keys()) {
+    const auto section = variables->section(name, {"label", "level", "missing"});
+    DictionaryEntry entry;
+    entry.variable = name;
+    entry.label = section->text("label");
+    if (const auto word = section->text("level")) entry.level = levelOf(*section, *word);
+    if (auto missing = section->numbers("missing")) entry.userMissing = std::move(*missing);
+    job.dictionary.push_back(std::move(entry));
+  }
+}
+
+DateComponents readComponents(const TomlSection& section) {
+  DateComponents components;
+  for (const std::string& word : section.keys()) components[*unitFromName(word)] = *section.integer(word);
+  return components;
+}
+
+void readDates(const TomlSection& top, Job& job) {
+  const auto section = top.section("dates", {"start", "column", "variables"});
+  if (!section) return;
+  if (section->keys().size() != 1) {
+    top.fail("dates", "must hold exactly one of start, column and variables.");
+  }
+  DatesRequest request;
+  if (const auto start = section->section("start", unitWords())) request.start = readComponents(*start);
+  if (const auto column = section->text("column")) request.column = *column;
+  if (const auto variables = section->section("variables", unitWords())) {
+    for (const std::string& word : variables->keys()) request.variables[*unitFromName(word)] = *variables->text(word);
+  }
+  job.dates = std::move(request);
+}
+
+void readPredict(const TomlSection& top, Job& job) {
+  const auto section = top.section("predict", {"thru"});
+  if (!section) return;
+  const toml::node* thru = section->node("thru");
+  if (thru == nullptr)
+    top.fail("predict", "needs thru: a date such as { year = 2011, quarter = 4 }, a case number, or \"end\".");
+  PredictRequest request;
+  if (thru->is_table()) {
+    request.date = readComponents(*section->section("thru", unitWords()));
+  } else if (thru->is_integer()) {
+    request.caseNumber = section->integer("thru");
+  } else if (thru->is_string() && section->text("thru") == "end") {
+    request.end = true;
+  } else {
+    section->fail("thru", "must be a date such as { year = 2011, quarter = 4 }, a case number, or \"end\".");
+  }
+  job.predict = std::move(request);
+}
+
+void readData(const TomlSection& top, Job& job) {
+  const auto section = top.section("data", {"source", "query"});
+  if (!section) throw UsageError(job.file.string() + ": there is no [data] section with a source.");
+  if (const auto source = section->text("source")) {
+    job.data.source =
+        std::filesystem::path(*source).is_absolute() ? std::filesystem::path(*source) : job.baseFolder / *source;
+  }
+  if (const auto query = section->text("query")) job.data.query = *query;
+  if (job.data.source.empty() && job.data.query.empty()) {
+    top.fail("data", "needs a source (a data file) or a query.");
+  }
+}
+
+}  // namespace
+
+Job readJobFile(const std::filesystem::path& file) {
+  const toml::table table = parseToml(file);
+  const TomlSection top(table, file.string(), "",
+                        {"command", "data", "variables", "dates", "predict", "weight", "split"});
+  Job job;
+  job.file = file;
+  job.baseFolder = file.parent_path();
+  const auto command = top.text("command");
+  if (!command) throw UsageError(file.string() + ": there is no 'command' with the text of the VARMODEL command.");
+  job.command = *command;
+  readData(top, job);
+  readDictionary(top, job);
+  readDates(top, job);
+  readPredict(top, job);
+  if (const auto weight = top.text("weight")) job.weight = *weight;
+  if (auto split = top.texts("split")) job.split = std::move(*split);
+  return job;
+}
+
+}  // namespace workbench

@@ -1,0 +1,30 @@
+// How a call of the procedure ended, read off its trace.
+
+#pragma once
+
+#include <string>
+
+#include "workbench/session/stream_capture.h"
+
+namespace workbench {
+
+struct Outcome {
+  int failedStep = 0;  // 1..6; 0 when none was named
+  bool succeeded = false;
+
+  // 0 success; 2 when the command could not be parsed; 4 when the saved file could not be written; 1 otherwise.
+  int exitCode() const;
+};
+
+Outcome readOutcome(const CapturedStreams& streams);
+
+// What step 1..6 does, for messages ("reading the command").
+std::string stepName(int step);
+
+// The last lines of a text, each indented by two blanks.
+std::string lastLines(const std::string& text, int count);
+
+// The procedure's text summary in its captured output; empty when it wrote none.
+std::string summaryText(const CapturedStreams& streams);
+
+}  // namespace workbench

@@ -1,0 +1,108 @@
+#include "workbench/cli/run.h"
+
+#include <fmt/core.h>
+
+#include <chrono>
+#include <cstdlib>
+
+#include "workbench/casefile/atomic_file.h"
+#include "workbench/casefile/case_file_spec.h"
+#include "workbench/cli/notes.h"
+#include "workbench/cli/outcome.h"
+#include "workbench/cli/screen.h"
+#include "workbench/dates/date_setup.h"
+#include "workbench/session/errors.h"
+#include "workbench/session/procedure_module.h"
+
+namespace workbench {
+
+namespace {
+
+class Stopwatch {
+ public:
+  double seconds() const { return std::chrono::duration<double>(std::chrono::steady_clock::now() - start_).count(); }
+
+ private:
+  std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
+};
+
+void refuseOverwriting(const std::filesystem::path& target, const Session& session) {
+  if (target.empty()) return;
+  if (const auto reason = refusedTarget(target, session.protectedPaths)) throw UsageError(*reason);
+}
+
+int columnOf(const Dataset& dataset, const std::string& name, const char* setting) {
+  const int column = dataset.find(name);
+  if (column < 0) throw UsageError(fmt::format("'{}': there is no variable {} in the data.", setting, name));
+  return column;
+}
+
+void prepareSession(const Job& job, Session& session) {
+  session.commandText = job.command;
+  session.baseFolder = job.baseFolder;
+  if (!job.data.source.empty()) session.protectedPaths.push_back(job.data.source);
+  if (!job.file.empty()) session.protectedPaths.push_back(job.file);
+  session.dataset = loadDataset(job.data);
+  applyDictionary(session.dataset, job.dictionary);
+  if (!job.weight.empty()) session.weightColumn = columnOf(session.dataset, job.weight, "weight");
+  for (const std::string& name : job.split) columnOf(session.dataset, name, "split");
+  session.splitVariables = job.split;
+  if (job.dates) defineDates(session.dataset, *job.dates, session.trends);
+  if (job.predictPeriods) {
+    const long last = static_cast<long>(session.dataset.rowCount);
+    definePredict(session.dataset, {.date = {}, .caseNumber = last + *job.predictPeriods, .end = false},
+                  session.trends);
+  } else if (job.predict) {
+    definePredict(session.dataset, *job.predict, session.trends);
+  }
+}
+
+CapturedStreams callProcedure(Session& session, const OutputOptions& options) {
+  const ProcedureModule module(installedProcedure(), "VARMODEL");
+  setenv("VARMODEL_SUMMARY", options.summary ? "1" : "0", 1);
+  return module.call(session);
+}
+
+void writeFiles(const Session& session, const CapturedStreams& streams, const OutputOptions& options) {
+  if (!options.trace.empty()) writeFileAtomically(options.trace, streams.out + streams.err);
+  if (options.json.empty() || !session.document.IsObject()) return;
+  rapidjson::StringBuffer buffer;
+  rapidjson::Writer<rapidjson::StringBuffer> writer(buffer);
+  session.document.Accept(writer);
+  buffer.Put('\n');
+  writeFileAtomically(options.json, std::string_view(buffer.GetString(), buffer.GetSize()));
+}
+
+void printTimings(const StageClock& clock, double load, double render, double total) {
+  const auto line = [](const char* stage, double seconds) { fmt::print(stderr, "timing {} {:.6f}\n", stage, seconds); };
+  line("load", load);
+  line("parse", clock.between(StageClock::callStart, StageClock::parseEnd));
+  line("validate", clock.between(StageClock::parseEnd, StageClock::validateEnd));
+  line("estimate", clock.between(StageClock::validateEnd, StageClock::outputStart));
+  line("output", clock.between(StageClock::outputStart, StageClock::outputEnd));
+  line("save", clock.between(StageClock::outputEnd, StageClock::callEnd));
+  line("render", render);
+  line("total", total);
+}
+
+}  // namespace
+
+int runJob(Job job, const OutputOptions& options) {
+  const Stopwatch total;
+  Session session;
+  prepareSession(job, session);
+  refuseOverwriting(options.json, session);
+  refuseOverwriting(options.trace, session);
+  const double load = total.seconds();
+
+  const CapturedStreams streams = callProcedure(session, options);
+  const Outcome outcome = readOutcome(streams);
+
+  const Stopwatch render;
+  showRun(session, streams, outcome, options);
+  writeFiles(session, streams, options);
+  if (options.timings) printTimings(session.clock, load, render.seconds(), total.seconds());
+  return outcome.exitCode();
+}
+
+}  // namespace workbench

@@ -1,0 +1,102 @@
+#include "workbench/cli/toml_reader.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "workbench/language/suggest.h"
+#include "workbench/session/errors.h"
+
+namespace workbench {
+
+TomlSection::TomlSection(const toml::table& table, std::string file, std::string section,
+                         std::vector<std::string_view> known)
+    : table_(table), file_(std::move(file)), section_(std::move(section)) {
+  if (known.empty()) return;
+  for (const std::string& key : keys()) {
+    if (std::find(known.begin(), known.end(), key) != known.end()) continue;
+    const std::vector<std::string> candidates(known.begin(), known.end());
+    fail(key, "is not a key of " + (section_.empty() ? std::string("a job file") : "[" + section_ + "]") + "." +
+                  didYouMean(key, candidates));
+  }
+}
+
+std::vector<std::string> TomlSection::keys() const {
+  std::vector<std::pair<std::uint32_t, std::string>> found;
+  for (const auto& [key, node] : table_) found.emplace_back(key.source().begin.line, std::string(key.str()));
+  std::stable_sort(found.begin(), found.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+  std::vector<std::string> names;
+  for (auto& [line, name] : found) names.push_back(std::move(name));
+  return names;
+}
+
+std::string TomlSection::fullName(std::string_view key) const {
+  return "'" + (section_.empty() ? std::string(key) : section_ + "." + std::string(key)) + "'";
+}
+
+void TomlSection::fail(std::string_view key, const std::string& text) const {
+  std::uint32_t line = table_.source().begin.line;
+  for (const auto& [name, node] : table_) {
+    if (name.str() == key) line = name.source().begin.line;
+  }
+  throw UsageError(file_ + ", line " + std::to_string(line) + ": " + fullName(key) + " " + text);
+}
+
+template <typename T>
+std::optional<T> TomlSection::value(std::string_view key, const char* expected) const {
+  const toml::node* found = table_.get(key);
+  if (found == nullptr) return std::nullopt;
+  const std::optional<T> value = found->value_exact<T>();
+  if (!value) fail(key, std::string("must be ") + expected + ".");
+  return value;
+}
+
+template <typename T>
+std::optional<std::vector<T>> TomlSection::list(std::string_view key, const char* expected) const {
+  const toml::node* found = table_.get(key);
+  if (found == nullptr) return std::nullopt;
+  std::vector<T> values;
+  const toml::array* items = found->as_array();
+  if (items == nullptr) fail(key, std::string("must be ") + expected + ".");
+  for (const toml::node& item : *items) {
+    std::optional<T> value = item.value_exact<T>();
+    if constexpr (std::is_same_v<T, double>) {
+      if (!value && item.is_integer()) value = item.value<double>();
+    }
+    if (!value) fail(key, std::string("must be ") + expected + ".");
+    values.push_back(*value);
+  }
+  return values;
+}
+
+std::optional<std::string> TomlSection::text(std::string_view key) const {
+  return value<std::string>(key, "a text in quotes");
+}
+
+std::optional<double> TomlSection::number(std::string_view key) const {
+  const toml::node* found = table_.get(key);
+  if (found != nullptr && found->is_integer()) return found->value<double>();
+  return value<double>(key, "a number");
+}
+
+std::optional<std::int64_t> TomlSection::integer(std::string_view key) const {
+  return value<std::int64_t>(key, "a whole number");
+}
+
+std::optional<std::vector<double>> TomlSection::numbers(std::string_view key) const {
+  return list<double>(key, "a list of numbers, such as [-9.0, -8.0]");
+}
+
+std::optional<std::vector<std::string>> TomlSection::texts(std::string_view key) const {
+  return list<std::string>(key, "a list of texts, such as [\"region\"]");
+}
+
+std::optional<TomlSection> TomlSection::section(std::string_view key, std::vector<std::string_view> known) const {
+  const toml::node* found = table_.get(key);
+  if (found == nullptr) return std::nullopt;
+  const toml::table* table = found->as_table();
+  if (table == nullptr) fail(key, "must be a table, such as [" + std::string(key) + "].");
+  return TomlSection(*table, file_, section_.empty() ? std::string(key) : section_ + "." + std::string(key),
+                     std::move(known));
+}
+
+}  // namespace workbench

@@ -1,0 +1,46 @@
+// The program `varmodel`.
+
+#include <csignal>
+#include <exception>
+#include <string>
+
+#include "workbench/cli/command_line.h"
+#include "workbench/cli/fit_job.h"
+#include "workbench/cli/run.h"
+#include "workbench/cli/screen.h"
+#include "workbench/session/errors.h"
+
+namespace {
+
+int dispatch(const workbench::Invocation& invocation) {
+  if (const auto* end = std::get_if<workbench::EndNow>(&invocation)) return end->exitCode;
+  if (const auto* run = std::get_if<workbench::RunOptions>(&invocation)) {
+    return workbench::runJob(workbench::readJobFile(run->jobFile), run->output);
+  }
+  const auto& fit = std::get<workbench::FitOptions>(invocation);
+  return workbench::runJob(workbench::makeFitJob(fit), fit.output);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  std::signal(SIGXFSZ, SIG_IGN);  // a file-size limit is then an error of the write, with a message
+  try {
+    return dispatch(workbench::parseCommandLine(argc, argv));
+  } catch (const workbench::DataError& error) {
+    workbench::showError(error.what());
+    return 3;
+  } catch (const workbench::OutputError& error) {
+    workbench::showError(error.what());
+    return 4;
+  } catch (const workbench::UsageError& error) {
+    workbench::showError(error.what());
+    return 2;
+  } catch (const std::bad_alloc&) {
+    workbench::showError("there is not enough memory for this job.");
+    return 1;
+  } catch (const std::exception& error) {
+    workbench::showError(std::string("unexpected failure: ") + error.what());
+    return 1;
+  }
+}
