@@ -129,6 +129,51 @@ TEST_P(ReferenceTest, DescriptivesAgree) {
   expectRows("Descriptive Statistics", "desc");
 }
 
+TEST_P(ReferenceTest, DiagnosticsOfTheSelectedLagAgree) {
+  const bool maxlagSelected = expected()["optimal"].GetInt() == reference_["case"]["maxlag"].GetInt();
+  // A selected lag below MAXLAG leaves the error measures at 0; the reference has them so, too.
+  expectRows("Model Fit Statistics", "fit");
+  expectRows("Test for Residuals", "tests");
+  expectRows("Covariance Matrix of Residuals", "cov");
+  expectRows("Correlation Matrix of Residuals", "corr");
+  const std::string footnote = document_->footnote("Covariance Matrix of Residuals");
+  EXPECT_THAT(footnote, testing::StartsWith("Determinant of Residual Covariance matrix is "));
+  // Printed with six decimals, which is more digits than the determinant has.
+  expectClose(std::stod(footnote.substr(footnote.rfind(' '))), expected()["det"].GetDouble(), tolerance, "det");
+  EXPECT_EQ(maxlagSelected, document_->row("Model Fit Statistics", 0)[3] > 0);
+}
+
+// The eigenvalues of a symmetric matrix with unit diagonal: their sum is K, the sum of their squares its squared norm.
+TEST_P(ReferenceTest, EigenvaluesBelongToTheCorrelationMatrix) {
+  std::string text = document_->footnote("Correlation Matrix of Residuals");
+  ASSERT_THAT(text, testing::StartsWith("Eigen Values of Residual Correlation Matrix  : "));
+  std::istringstream list(text.substr(text.find(':') + 1));
+  double sum = 0;
+  double squares = 0;
+  for (std::string one; std::getline(list, one, ',');) {
+    sum += std::stod(one);
+    squares += std::stod(one) * std::stod(one);
+  }
+  double norm = 0;
+  for (const auto& row : expected()["corr"].GetArray()) {
+    for (const auto& cell : row.GetArray()) norm += cell.GetDouble() * cell.GetDouble();
+  }
+  constexpr double sixDecimals = 1e-5;  // the footnote prints six decimals of each
+  EXPECT_NEAR(sum, equations(), sixDecimals);
+  EXPECT_NEAR(squares, norm, sixDecimals);
+}
+
+TEST_P(ReferenceTest, ForecastsAgreeAndAreDated) {
+  expectRows("Forecast", "forecast");
+  std::vector<std::string> labels;
+  for (const auto& column : (*document_->item("Forecast"))["columns"].GetArray()) {
+    labels.emplace_back(column["label"].GetString());
+  }
+  std::vector<std::string> wanted = {"2009Q4", "2010Q1", "2010Q2", "2010Q3", "2010Q4", "2011Q1", "2011Q2", "2011Q3"};
+  wanted.resize(static_cast<std::size_t>(reference_["case"]["horizon"].GetInt()));
+  EXPECT_EQ(labels, wanted);
+}
+
 INSTANTIATE_TEST_SUITE_P(All, ReferenceTest, testing::Values("levels_lag2", "levels_select_1_to_8", "levels_exogenous"),
                          [](const auto& one) { return std::string(one.param); });
 
