@@ -3,7 +3,7 @@
 PRESET ?= release
 PROGRAM = build/release/bin/varmodel
 
-.PHONY: demo test build setup bench lint sanitize clean
+.PHONY: demo test build setup bench determinism lint sanitize clean
 
 build: setup
 	@cmake --preset $(PRESET) -Wno-dev >build-$(PRESET).log 2>&1 || { cat build-$(PRESET).log; exit 1; }
@@ -11,11 +11,14 @@ build: setup
 	@cmake --build build/$(PRESET)
 
 demo: build
-	$(PROGRAM) run examples/us_macro.toml
+	$(PROGRAM) run examples/us_macro.toml --html examples/us_macro.html
 
 test: build
 	scripts/check_includes.py
 	ctest --test-dir build/$(PRESET) --output-on-failure --parallel 2
+	@scripts/setup.sh browser
+	VARMODEL_PROGRAM=build/$(PRESET)/bin/varmodel VARMODEL_REPORT_PAGE=build/$(PRESET)/tests/report_page \
+	  node tests/browser/report_test.mjs
 
 setup:
 	@scripts/setup.sh
@@ -31,6 +34,11 @@ bench:
 	@scripts/setup.sh bench
 	$(MAKE) build PRESET=bench
 	bench/run.sh
+
+# One SHA-256 of the example's document over compilers, optimisation levels and kernels.
+determinism:
+	@scripts/setup.sh determinism
+	bench/determinism.sh
 
 clean:
 	rm -rf build

@@ -48,5 +48,5 @@ function(varmodel_tests name)
   target_compile_definitions(${name}_test PRIVATE
     VARMODEL_SOURCE_DIR="${PROJECT_SOURCE_DIR}" VARMODEL_BINARY_DIR="${PROJECT_BINARY_DIR}")
   set_target_properties(${name}_test PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)
-  gtest_discover_tests(${name}_test DISCOVERY_TIMEOUT 60)
+  gtest_discover_tests(${name}_test DISCOVERY_TIMEOUT 60 NO_PRETTY_VALUES)
 endfunction()

@@ -1,5 +1,8 @@
 #!/usr/bin/env bash
-# Usage: scripts/setup.sh [lint] [bench]   (extra packages for those targets; nothing is done when all is there)
+# Installs what building and testing need, once: Debian packages, the npm packages of package-lock.json (the report's
+# charts), and DuckDB's C library from npm packages.
+# Usage: scripts/setup.sh [lint] [bench] [determinism] [browser]   (extra packages for those targets)
+# Nothing is done when all is there.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -8,10 +11,13 @@ packages=(g++ cmake ninja-build ccache libboost-math-dev libeigen3-dev rapidjson
 for extra in "$@"; do
   case "$extra" in
     lint) packages+=(clang-format clang-tidy) ;;
-    bench) packages+=(libbenchmark-dev libopenblas-dev gretl hyperfine) ;;
-    *) echo "setup: unknown extra '$extra' (known: lint, bench)" >&2; exit 2 ;;
+    browser) packages+=(chromium fonts-dejavu-core) ;;
+    bench) packages+=(libopenblas-dev liblapacke-dev gretl hyperfine python3-statsmodels python3-matplotlib) ;;
+    determinism) packages+=(clang) ;;
+    *) echo "setup: unknown extra '$extra' (known: lint, bench, determinism, browser)" >&2; exit 2 ;;
   esac
 done
+command -v gnuplot >/dev/null || packages+=(gnuplot-nox)
 command -v npm >/dev/null || packages+=(nodejs npm ca-certificates)
 
 missing=()
@@ -48,3 +54,10 @@ deps=.deps/duckdb
   7e360d73eb78fd3ee6873679ee8268210696bdb615bf186275c34d6a7b101625a777afc930b0942dde2a9edf172374edd81ad9b2b687ebdd0a481212dd03edd3 \
   libduckdb.so $deps/lib/libduckdb.so
 
+# The copy of the lock inside node_modules/ tells which packages are there.
+stamp=node_modules/.setup-lock
+if ! cmp -s package-lock.json $stamp; then
+  echo "setup: installing npm packages"
+  npm ci --ignore-scripts --no-audit --no-fund --loglevel=error
+  cp package-lock.json $stamp
+fi

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <random>
 
 #include "program.h"
@@ -159,6 +160,10 @@ std::string smallData() {
             "," + holes + "," + shifted + "\n";
   }
   return text;
+}
+
+void PrintTo(const BadInput& bad, std::ostream* out) {
+  *out << bad.name;
 }
 
 class BadInputTest : public testing::TestWithParam<BadInput> {};

@@ -10,8 +10,12 @@ namespace {
 constexpr int usageExitCode = 2;
 
 void addOutputOptions(CLI::App& app, OutputOptions& options) {
+  app.add_option("--html", options.html, "Write the report, one self-contained page, to FILE")->type_name("FILE");
   app.add_option("--json", options.json, "Write the output document as JSON to FILE")->type_name("FILE");
   app.add_option("--trace", options.trace, "Write the procedure's trace to FILE")->type_name("FILE");
+  app.add_option("--lang", options.language, "Language of the output: en, or one that has a dictionary (default: en)")
+      ->type_name("CODE");
+  app.add_flag("--plots", options.plots, "Draw the charts in the terminal too (needs gnuplot)");
   app.add_flag("--summary", options.summary, "Print the plain-text summary of all results");
   app.add_flag("--timings", options.timings, "Print one line a stage to standard error");
   auto* quiet = app.add_flag(

@@ -1,7 +1,5 @@
 #include "workbench/cli/notes.h"
 
-#include <fmt/core.h>
-
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -10,6 +8,7 @@
 
 #include "workbench/cli/command_facts.h"
 #include "workbench/dates/case_label.h"
+#include "workbench/session/texts.h"
 
 namespace workbench {
 
@@ -18,7 +17,7 @@ namespace {
 constexpr std::string_view modelFit = "MODELSTATISTICS MODELFIT";
 constexpr std::string_view seriesPlot = "SERIESPLOT PLOT";
 
-// Which item of the document a keyword asks for: the beginning of the item's name.
+// Which item of the document a keyword asks for: the beginning of the item's name, in English.
 struct KeywordItem {
   std::string_view list;
   std::string_view keyword;
@@ -85,12 +84,14 @@ const rapidjson::Value* itemsOf(const Session& session) {
   return &session.document["items"];
 }
 
+// Most items are named in the session's language, two tables in English in every language.
 bool hasItem(const Session& session, std::string_view type, std::string_view name) {
   const rapidjson::Value* items = itemsOf(session);
   if (items == nullptr || name.empty()) return false;
+  const std::string localName = tr(name);
   return std::any_of(items->Begin(), items->End(), [&](const rapidjson::Value& item) {
     const std::string_view itemName(item["name"].GetString(), item["name"].GetStringLength());
-    return type == item["type"].GetString() && itemName.substr(0, name.size()) == name;
+    return type == item["type"].GetString() && (itemName.starts_with(localName) || itemName.starts_with(name));
   });
 }
 
@@ -102,17 +103,17 @@ void addRowNote(const Session& session, NoteList& notes) {
   for (std::size_t i = 0; i < account.missing.size(); ++i) {
     if (account.missing[i] == 0) continue;
     const Column& column = session.dataset.columns[static_cast<std::size_t>(rows->columns[i])];
-    why += fmt::format("{}{} missing in {}", why.empty() ? "" : ", ", column.name, account.missing[i]);
+    why += (why.empty() ? "" : ", ") + tr("^1 missing in ^2", column.name, account.missing[i]);
   }
   std::string cases;
   for (const std::int64_t offset : account.firstDropped)
     cases += (cases.empty() ? "" : ", ") + caseLabel(session, offset);
-  notes.add(fmt::format("Rows: {} read, {} used, {} dropped ({}; first dropped: {}).", account.read, account.used,
-                        account.dropped, why, cases));
+  notes.add(tr("Rows: ^1 read, ^2 used, ^3 dropped (^4; first dropped: ^5).", account.read, account.used,
+               account.dropped, why, cases));
   if (account.gapInside) {
     notes.add(
-        "Dropped cases lie inside the sample: the series are joined over the gap, so that the lags next to it "
-        "span more than their number of periods.");
+        tr("Dropped cases lie inside the sample: the series are joined over the gap, so that the lags next to it span "
+           "more than their number of periods."));
   }
 }
 
@@ -120,17 +121,17 @@ void addKeywordNotes(const Session& session, NoteList& notes) {
   for (const KeywordItem& entry : keywordItems) {
     if (!requested(session, std::string(entry.list), std::string(entry.keyword))) continue;
     if (hasItem(session, entry.type, entry.name)) continue;
-    std::string text = fmt::format("{} was requested but produced no output.", entry.keyword);
-    if (entry.keyword == "RESIDACF") text += " Its column is part of the residual tests: add TAUTO or TNORM.";
+    std::string text = tr("^1 was requested but produced no output.", entry.keyword);
+    if (entry.keyword == "RESIDACF") text += " " + tr("Its column is part of the residual tests: add TAUTO or TNORM.");
     if (entry.keyword == "FORECASTS" || entry.keyword == "FORECAST") {
-      text += " Forecasts need PREDICT in the command and a [predict] target after the last case.";
+      text += " " + tr("Forecasts need PREDICT in the command and a [predict] target after the last case.");
     }
     notes.add(text);
   }
   if (requested(session, std::string(modelFit), "ARSQUARE") && !requested(session, std::string(modelFit), "RSQUARE")) {
     notes.add(
-        "Adjusted R Square is computed from R Square, which was not requested and therefore counts as 0: request "
-        "RSQUARE beside ARSQUARE.");
+        tr("Adjusted R Square is computed from R Square, which was not requested and therefore counts as 0: request "
+           "RSQUARE beside ARSQUARE."));
   }
 }
 
@@ -139,7 +140,7 @@ void addTestNotes(const Session& session, NoteList& notes) {
   const rapidjson::Value* items = itemsOf(session);
   if (items == nullptr) return;
   for (const rapidjson::Value& item : items->GetArray()) {
-    if (std::string_view(item["name"].GetString()) != "Test for Residuals") continue;
+    if (item["name"].GetString() != tr("Test for Residuals")) continue;
     const bool ljungBox = requested(session, std::string(modelFit), "TAUTO");
     const rapidjson::SizeType jarqueBera = ljungBox ? 3 : 0;
     for (rapidjson::SizeType row = 0; row < item["cells"].Size(); ++row) {
@@ -147,16 +148,16 @@ void addTestNotes(const Session& session, NoteList& notes) {
       const std::string name = item["rows"][row].GetString();
       if (ljungBox && cells[1].IsNumber() && cells[1].GetDouble() == 0.0) {
         notes.add(
-            fmt::format("The Ljung-Box test of {} could not be computed: it needs at least one lag and more "
-                        "residuals than lags.",
-                        name));
+            tr("The Ljung-Box test of ^1 could not be computed: it needs at least one lag and more residuals than "
+               "lags.",
+               name));
       }
       if (requested(session, std::string(modelFit), "TNORM") && cells[jarqueBera].IsNumber() &&
           cells[jarqueBera].GetDouble() == 0.0 && cells[jarqueBera + 1].GetDouble() == 1.0) {
         notes.add(
-            fmt::format("The Jarque-Bera test of {} could not be computed: it needs at least four residuals "
-                        "with a variance of at least 1e-12.",
-                        name));
+            tr("The Jarque-Bera test of ^1 could not be computed: it needs at least four residuals with a variance of "
+               "at least 1e-12.",
+               name));
       }
     }
   }
@@ -167,9 +168,47 @@ void addLagRemedy(const Session& session, const CapturedStreams& streams, NoteLi
   for (const std::string& text : tracedTexts(streams.err, "Warning: ")) {
     int selected = 0;
     if (std::sscanf(text.c_str(), "The selected lag %d is below MAXLAG", &selected) != 1) continue;
-    notes.add(fmt::format("To have everything for lag {0}, run this command:\n{1}", selected,
-                          withFixedLag(session.commandText, selected)));
+    notes.add(tr("To have everything for lag ^1, run this command:\n^2", selected,
+                 withFixedLag(session.commandText, selected)));
   }
+}
+
+// What the size of the data allows.
+struct UsableLag {
+  std::int64_t rows = 0;
+  std::int64_t endogenous = 0;
+  std::int64_t exogenous = 0;
+  std::int64_t lag = 0;
+};
+
+std::optional<UsableLag> usableLag(const Session& session) {
+  const std::optional<AnalysedRows> rows = analysedRows(session);
+  const auto endogenous = session.requestedLists.find("MODEL ENDOGENOUS");
+  if (!rows || endogenous == session.requestedLists.end()) return std::nullopt;
+  UsableLag usable{.rows = rows->account.used, .endogenous = std::ssize(endogenous->second)};
+  usable.exogenous = std::ssize(rows->columns) - usable.endogenous;
+  usable.lag = largestUsableLag(usable.rows, usable.endogenous, usable.exogenous);
+  return usable;
+}
+
+std::string usableLagText(const UsableLag& usable) {
+  if (usable.lag < 1) {
+    return tr(
+        "With ^1 rows, ^2 endogenous and ^3 exogenous variables no lag can be estimated: use fewer variables or more "
+        "data.",
+        usable.rows, usable.endogenous, usable.exogenous);
+  }
+  return tr("With ^1 rows, ^2 endogenous and ^3 exogenous variables the largest usable MAXLAG is ^4.", usable.rows,
+            usable.endogenous, usable.exogenous, usable.lag);
+}
+
+// Few rows are the likelier cause where they bound the lag at all.
+std::string singularCovarianceHint(const Session& session) {
+  const std::string text =
+      tr("The bound on the determinant, 1e-12, is absolute: series in small units (such as differences of logs) or few "
+         "degrees of freedom fall below it. Rescale the series, for instance to percent, or lower MAXLAG.");
+  const std::optional<UsableLag> usable = usableLag(session);
+  return usable && usable->lag < 25 ? text + " " + usableLagText(*usable) : text;
 }
 
 }  // namespace
@@ -177,10 +216,11 @@ void addLagRemedy(const Session& session, const CapturedStreams& streams, NoteLi
 std::vector<std::string> collectNotes(const Session& session, const CapturedStreams& streams) {
   NoteList notes;
   addRowNote(session, notes);
-  for (std::string& text : tracedTexts(streams.err, "Warning: ")) notes.add(std::move(text));
+  for (const std::string& text : tracedTexts(streams.err, "Warning: ")) notes.add(session.texts.translate(text));
   addLagRemedy(session, streams, notes);
   if (itemsOf(session) != nullptr) {
-    if (itemsOf(session)->Empty()) notes.add("No output was requested: add keywords to MODELSTATISTICS or SERIESPLOT.");
+    if (itemsOf(session)->Empty())
+      notes.add(tr("No output was requested: add keywords to MODELSTATISTICS or SERIESPLOT."));
     addKeywordNotes(session, notes);
     addTestNotes(session, notes);
   }
@@ -188,60 +228,49 @@ std::vector<std::string> collectNotes(const Session& session, const CapturedStre
 }
 
 std::string hintFor(const std::string& message, const Session& session) {
-  if (message == "Covariance matrix is singular") {
-    return "The bound on the determinant, 1e-12, is absolute: series in small units (such as differences of logs) or "
-           "few "
-           "degrees of freedom fall below it. Rescale the series, for instance to percent, or lower MAXLAG.";
+  if (message == "Covariance matrix is singular") return singularCovarianceHint(session);
+  if (message.starts_with("Insufficient observations")) {
+    const std::optional<UsableLag> usable = usableLag(session);
+    return usable ? usableLagText(*usable) : std::string();
   }
-  if (message.rfind("Insufficient observations", 0) == 0) {
-    const std::optional<AnalysedRows> rows = analysedRows(session);
-    if (!rows) return {};
-    const auto endogenous = session.requestedLists.find("MODEL ENDOGENOUS");
-    if (endogenous == session.requestedLists.end()) return {};
-    const auto series = static_cast<std::int64_t>(endogenous->second.size());
-    const auto exogenous = static_cast<std::int64_t>(rows->columns.size()) - series;
-    const std::int64_t lag = largestUsableLag(rows->account.used, series, exogenous);
-    const std::string size =
-        fmt::format("With {} rows, {} endogenous and {} exogenous variables ", rows->account.used, series, exogenous);
-    if (lag < 1) return size + "no lag can be estimated: use fewer variables or more data.";
-    return size + fmt::format("the largest usable MAXLAG is {}.", lag);
-  }
-  if (message.rfind("Regressor matrix is singular", 0) == 0) {
-    return "Some series is constant, or one is a linear combination of others (a total beside its parts). Drop one of "
-           "them, or use differences.";
+  if (message.starts_with("Regressor matrix is singular")) {
+    return tr(
+        "Some series is constant, or one is a linear combination of others (a total beside its parts). Drop one of "
+        "them, or use differences.");
   }
   if (message == "CORRMATRIX is required when EIGEN is specified in MODELFIT.") {
-    return "The run stops here. Add CORRMATRIX to MODELFIT, or remove EIGEN.";
+    return tr("The run stops here. Add CORRMATRIX to MODELFIT, or remove EIGEN.");
   }
-  if (message.rfind("The forecast table is not created", 0) == 0 && !session.trends.predictSet) {
-    return "This warning comes with TAUTO whenever no forecast was requested; it does not concern the test. For "
-           "forecasts "
-           "give PREDICT in the command and a [predict] target.";
+  if (message.starts_with("The forecast table is not created") && !session.trends.predictSet) {
+    return tr(
+        "This warning comes with TAUTO whenever no forecast was requested; it does not concern the test. For forecasts "
+        "give PREDICT in the command and a [predict] target.");
   }
-  if (message == "Turn off split file") return "Remove 'split' from the job file.";
-  if (message == "Remove Weight Variable") return "Remove 'weight' from the job file.";
+  if (message == "Turn off split file") return tr("Remove 'split' from the job file.");
+  if (message == "Remove Weight Variable") return tr("Remove 'weight' from the job file.");
   return {};
 }
 
 std::string explainSilentStop(const Outcome& outcome, const CapturedStreams& streams) {
   struct SilentFailure {
     std::string_view handler;
-    const char* cause;
+    std::string cause;
   };
-  constexpr std::array silent = {
-      SilentFailure{"get_SubCommand_Method", "the METHOD subcommand is missing: add /METHOD TYPE=[OLS]"},
-      SilentFailure{"get_SubCommand_ModelStatistics", "MODELSTATISTICS has no MODELFIT list"},
-      SilentFailure{"get_SubCommand_Auxiliary", "AUXILIARY has no CILEVEL"},
+  const std::array silent = {
+      SilentFailure{"get_SubCommand_Method", tr("the METHOD subcommand is missing: add /METHOD TYPE=[OLS]")},
+      SilentFailure{"get_SubCommand_ModelStatistics", tr("MODELSTATISTICS has no MODELFIT list")},
+      SilentFailure{"get_SubCommand_Auxiliary", tr("AUXILIARY has no CILEVEL")},
   };
-  std::string text = "the run stopped at " + stepName(outcome.failedStep) + ", without a message of the procedure.";
+  const std::string text =
+      tr("the run stopped at ^1, without a message of the procedure.", stepName(outcome.failedStep));
   for (const SilentFailure& failure : silent) {
     const auto at = streams.out.rfind("VARSubCommands::" + std::string(failure.handler) + " - Completed with status");
     if (at == std::string::npos) continue;
     if (streams.out.substr(at, streams.out.find('\n', at) - at).find("FAILURE") != std::string::npos) {
-      return text + "\nThe likely cause: " + failure.cause + ".";
+      return text + "\n" + tr("The likely cause: ^1.", failure.cause);
     }
   }
-  return text + "\nThe last lines of its trace:\n" + lastLines(streams.err, 5);
+  return text + "\n" + tr("The last lines of its trace:") + "\n" + lastLines(streams.err, 5);
 }
 
 }  // namespace workbench

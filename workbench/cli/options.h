@@ -13,8 +13,11 @@ enum class Verbosity { quiet, normal, verbose };
 
 // Options that `run` and `fit` share.
 struct OutputOptions {
+  std::filesystem::path html;   // the report; empty: none
   std::filesystem::path json;   // the document as the procedure delivered it; empty: none
   std::filesystem::path trace;  // the procedure's trace lines; empty: none
+  std::string language = "en";  // of titles, labels, messages and numbers
+  bool plots = false;           // draw the charts in the terminal
   bool summary = false;         // print the procedure's text summary
   bool timings = false;         // one line a stage on stderr
   Verbosity verbosity = Verbosity::normal;

@@ -4,19 +4,14 @@
 #include <array>
 #include <string_view>
 
+#include "workbench/session/texts.h"
+
 namespace workbench {
 
 namespace {
 
 constexpr std::string_view successLine = "VAR Model: Steps 1, 2, 3, 4, 5, and 6 completed successfully!";
 constexpr std::string_view failurePrefix = "varmodel_entry: Step";
-constexpr std::array<const char*, 7> stepNames = {"an unknown step",
-                                                  "step 1, describing the command",
-                                                  "step 2, parsing the command",
-                                                  "step 3, checking the subcommands and reading the data",
-                                                  "step 4, the estimation",
-                                                  "step 5, building the output",
-                                                  "step 6, writing the saved file"};
 
 }  // namespace
 
@@ -38,7 +33,14 @@ Outcome readOutcome(const CapturedStreams& streams) {
 }
 
 std::string stepName(int step) {
-  return stepNames[static_cast<std::size_t>(step)];
+  const std::array names = {tr("an unknown step"),
+                            tr("step 1, describing the command"),
+                            tr("step 2, parsing the command"),
+                            tr("step 3, checking the subcommands and reading the data"),
+                            tr("step 4, the estimation"),
+                            tr("step 5, building the output"),
+                            tr("step 6, writing the saved file")};
+  return names.at(static_cast<std::size_t>(step));
 }
 
 std::string lastLines(const std::string& text, int count) {

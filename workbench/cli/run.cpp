@@ -7,12 +7,15 @@
 
 #include "workbench/casefile/atomic_file.h"
 #include "workbench/casefile/case_file_spec.h"
-#include "workbench/cli/notes.h"
 #include "workbench/cli/outcome.h"
+#include "workbench/cli/report_file.h"
+#include "workbench/cli/run_messages.h"
 #include "workbench/cli/screen.h"
 #include "workbench/dates/date_setup.h"
 #include "workbench/session/errors.h"
+#include "workbench/session/languages.h"
 #include "workbench/session/procedure_module.h"
+#include "workbench/session/texts.h"
 
 namespace workbench {
 
@@ -63,14 +66,12 @@ CapturedStreams callProcedure(Session& session, const OutputOptions& options) {
   return module.call(session);
 }
 
-void writeFiles(const Session& session, const CapturedStreams& streams, const OutputOptions& options) {
-  if (!options.trace.empty()) writeFileAtomically(options.trace, streams.out + streams.err);
-  if (options.json.empty() || !session.document.IsObject()) return;
+void writeJson(const Session& session, const std::filesystem::path& file) {
   rapidjson::StringBuffer buffer;
   rapidjson::Writer<rapidjson::StringBuffer> writer(buffer);
   session.document.Accept(writer);
   buffer.Put('\n');
-  writeFileAtomically(options.json, std::string_view(buffer.GetString(), buffer.GetSize()));
+  writeFileAtomically(file, std::string_view(buffer.GetString(), buffer.GetSize()));
 }
 
 void printTimings(const StageClock& clock, double load, double render, double total) {
@@ -90,7 +91,11 @@ void printTimings(const StageClock& clock, double load, double render, double to
 int runJob(Job job, const OutputOptions& options) {
   const Stopwatch total;
   Session session;
+  const SessionScope scope(session);
+  session.dictionaryFolder = installedDictionaries();
+  setLanguage(session, options.language);
   prepareSession(job, session);
+  refuseOverwriting(options.html, session);
   refuseOverwriting(options.json, session);
   refuseOverwriting(options.trace, session);
   const double load = total.seconds();
@@ -99,8 +104,14 @@ int runJob(Job job, const OutputOptions& options) {
   const Outcome outcome = readOutcome(streams);
 
   const Stopwatch render;
-  showRun(session, streams, outcome, options);
-  writeFiles(session, streams, options);
+  const std::vector<RunMessage> messages = collectMessages(session, streams, outcome);
+  showRun(session, streams, outcome, messages, options);
+  if (!options.trace.empty()) writeFileAtomically(options.trace, streams.out + streams.err);
+  if (!options.json.empty() && session.document.IsObject()) writeJson(session, options.json);
+  if (!options.html.empty() && session.document.IsObject()) {
+    writeFileAtomically(options.html, reportPage(session, messages, total.seconds()));
+    if (options.verbosity != Verbosity::quiet) fmt::print("{}\n", tr("report: ^1", options.html.string()));
+  }
   if (options.timings) printTimings(session.clock, load, render.seconds(), total.seconds());
   return outcome.exitCode();
 }

@@ -1,16 +1,17 @@
 #include "workbench/cli/screen.h"
 
-#include <fmt/core.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
 
-#include "workbench/cli/notes.h"
+#include "workbench/plots/plots.h"
 #include "workbench/render/message_text.h"
 #include "workbench/render/terminal.h"
+#include "workbench/session/texts.h"
 
 namespace workbench {
 
@@ -46,41 +47,20 @@ void put(std::FILE* stream, const std::string& text) {
   std::fwrite(text.data(), 1, text.size(), stream);
 }
 
-// Two calls may end with the same sentence (the log-likelihood's and the driver's); it is said once.
-std::vector<Message> distinct(const std::vector<Message>& messages) {
-  std::vector<Message> result;
-  for (const Message& message : messages) {
-    const bool said = std::any_of(result.begin(), result.end(), [&](const Message& other) {
-      return other.kind == message.kind && other.text == message.text;
-    });
-    if (!said) result.push_back(message);
+void showOutput(const Session& session, const std::vector<RunMessage>& messages, const OutputOptions& options) {
+  TerminalStyle style = styleOf(STDOUT_FILENO);
+  const Plots plots = options.plots ? paintPlots(session.document, style, sessionLocale()) : Plots{};
+  style.listsCharts = plots.text.empty();
+  if (!plots.problem.empty()) put(stderr, paintMessage("warning", plots.problem, messageStyle(STDERR_FILENO)));
+  put(stdout, paintDocumentTerminal(session.document, style, sessionLocale()));
+  if (!plots.text.empty()) put(stdout, "\n" + plots.text);
+  bool first = true;
+  for (const RunMessage& message : messages) {
+    if (message.kind != RunMessage::Kind::note) continue;
+    if (std::exchange(first, false)) put(stdout, "\n");
+    put(stdout, paintMessage(labelOf(message.kind), message.text, style));
   }
-  return result;
-}
-
-void showMessages(const Session& session, bool errorsOnly, const TerminalStyle& style) {
-  for (const Message& message : distinct(session.messages)) {
-    const bool isError = message.kind == Message::Kind::error;
-    if (errorsOnly && !isError) continue;
-    put(stderr, paintMessage(isError ? "error" : "warning", message.text, style));
-    const std::string hint = hintFor(message.text, session);
-    if (!hint.empty()) put(stderr, paintMessage("hint", hint, style));
-  }
-}
-
-bool hasError(const Session& session) {
-  return std::any_of(session.messages.begin(), session.messages.end(),
-                     [](const Message& message) { return message.kind == Message::Kind::error; });
-}
-
-void showFailure(const Session& session, const CapturedStreams& streams, const Outcome& outcome,
-                 const TerminalStyle& style) {
-  if (outcome.succeeded) return;
-  if (!session.saveError.empty()) put(stderr, paintMessage("error", session.saveError, style));
-  // A stop after a warning (EIGEN without CORRMATRIX) has its reason in the warning.
-  if (!hasError(session) && session.saveError.empty() && session.messages.empty()) {
-    put(stderr, paintMessage("error", explainSilentStop(outcome, streams), style));
-  }
+  for (const auto& file : session.savedFiles) put(stdout, tr("saved: ^1", file.string()) + "\n");
 }
 
 }  // namespace
@@ -90,22 +70,16 @@ void showError(const std::string& text) {
 }
 
 void showRun(const Session& session, const CapturedStreams& streams, const Outcome& outcome,
-             const OutputOptions& options) {
-  const TerminalStyle out = styleOf(STDOUT_FILENO);
-  const TerminalStyle err = messageStyle(STDERR_FILENO);
+             const std::vector<RunMessage>& messages, const OutputOptions& options) {
   const bool quiet = options.verbosity == Verbosity::quiet;
   if (options.verbosity == Verbosity::verbose) put(stderr, streams.out + streams.err);
-  showMessages(session, quiet, err);
-  if (!quiet && session.document.IsObject()) {
-    put(stdout, paintDocumentTerminal(session.document, out));
-    const std::vector<std::string> notes = collectNotes(session, streams);
-    if (!notes.empty()) put(stdout, "\n");
-    for (const std::string& note : notes) put(stdout, paintMessage("note", note, out));
-    for (const auto& file : session.savedFiles) put(stdout, fmt::format("saved: {}\n", file.string()));
-  }
+  if (!quiet && session.document.IsObject()) showOutput(session, messages, options);
   if (options.summary) put(stdout, summaryText(streams));
   std::fflush(stdout);
-  showFailure(session, streams, outcome, err);
+  for (const RunMessage& message : messages) {
+    if (message.kind == RunMessage::Kind::note || (quiet && outcome.succeeded)) continue;
+    put(stderr, paintMessage(labelOf(message.kind), message.text, messageStyle(STDERR_FILENO)));
+  }
 }
 
 }  // namespace workbench

@@ -35,7 +35,8 @@ RowAccount accountRows(const Dataset& dataset, std::span<const int> columns, boo
       if (account.firstDropped.size() < kDroppedShown) account.firstDropped.push_back(static_cast<std::int64_t>(row));
       continue;
     }
-    ++account.used;
+    if (account.used++ == 0) account.firstUsed = static_cast<std::int64_t>(row);
+    account.lastUsed = static_cast<std::int64_t>(row);
     account.gapInside = account.gapInside || droppedSinceUse;
   }
   return account;

@@ -16,6 +16,8 @@ struct RowAccount {
   std::int64_t dropped = 0;
   std::vector<std::int64_t> missing;       // cases missing in each column, in the order asked for
   std::vector<std::int64_t> firstDropped;  // offsets of the first dropped cases, at most three
+  std::int64_t firstUsed = -1;             // offsets; -1 when no case was used
+  std::int64_t lastUsed = -1;
   bool gapInside = false;                  // a dropped case lies between two used ones
 };
 

@@ -3,6 +3,7 @@
 #include <sstream>
 
 #include "workbench/render/display_text.h"
+#include "workbench/session/texts.h"
 
 namespace workbench {
 
@@ -11,7 +12,7 @@ namespace {
 constexpr int indentation = 2;
 
 std::string labelled(std::string_view label, const TerminalStyle& style) {
-  const std::string text = std::string(label) + ":";
+  const std::string text = tr(label) + ":";
   if (!style.colour) return text;
   const char* colour = label == "error" ? "\x1b[1;31m" : label == "warning" ? "\x1b[1;33m" : "\x1b[1m";
   return colour + text + "\x1b[0m";
@@ -24,6 +25,7 @@ bool isVerbatim(const std::string& line) {
 }  // namespace
 
 std::string paintMessage(std::string_view label, std::string_view text, const TerminalStyle& style) {
+  const std::string shownLabel = tr(label) + ":";
   std::istringstream lines{std::string(text)};
   std::string painted;
   for (std::string line; std::getline(lines, line);) {
@@ -33,10 +35,10 @@ std::string paintMessage(std::string_view label, std::string_view text, const Te
       continue;
     }
     // The label stands in the first line; a placeholder of its width keeps the wrapping right.
-    const std::string shown = (first ? std::string(label) + ": " : std::string()) + visibleText(line);
+    const std::string shown = (first ? shownLabel + " " : std::string()) + visibleText(line);
     bool begin = first;
     for (const std::string& part : wrapText(shown, style.width - indentation)) {
-      painted += begin ? labelled(label, style) + part.substr(label.size() + 1) : std::string(indentation, ' ') + part;
+      painted += begin ? labelled(label, style) + part.substr(shownLabel.size()) : std::string(indentation, ' ') + part;
       painted += "\n";
       begin = false;
     }

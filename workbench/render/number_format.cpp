@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "workbench/dataset/dataset.h"
+#include "workbench/session/texts.h"
 
 namespace workbench {
 
@@ -26,6 +27,12 @@ std::string inDigits(double value, int decimals) {
 }
 
 }  // namespace
+
+Locale sessionLocale() {
+  const std::string half = tr("0.5");
+  const bool usable = half.size() > 2 && half.front() == '0' && half.back() == '5';
+  return usable ? Locale{half.substr(1, half.size() - 2)} : Locale{};
+}
 
 bool isMissing(double value) {
   return !std::isfinite(value) || value == kSystemMissing;

@@ -12,6 +12,9 @@ struct Locale {
   std::string decimalSeparator = ".";
 };
 
+// The locale of the running session's language, which shows in how it writes the text "0.5".
+Locale sessionLocale();
+
 // A table's cell format. Painters size columns by their contents, so that `width` never cuts a number.
 struct CellFormat {
   int type = 5;  // 5: plain numeric

@@ -7,6 +7,7 @@
 
 #include "workbench/render/display_text.h"
 #include "workbench/render/terminal_layout.h"
+#include "workbench/session/texts.h"
 
 namespace workbench {
 
@@ -59,13 +60,6 @@ std::string bold(const std::string& text, const TerminalStyle& style) {
   return style.colour ? fmt::format("\x1b[1m{}\x1b[0m", text) : text;
 }
 
-std::string heading(const std::string& text, const TerminalStyle& style) {
-  std::string lines;
-  if (text.empty()) return lines;
-  for (const std::string& line : wrapText(visibleText(text), lineWidth(style))) lines += bold(line, style) + '\n';
-  return lines;
-}
-
 class TablePainter {
  public:
   TablePainter(const PivotTable& table, const TerminalStyle& style)
@@ -101,7 +95,7 @@ class TablePainter {
   void paintTitle() {
     if (!table_.titleShown) return;
     const std::string markers = table_.titleMarkers();
-    out_ += heading(markers.empty() ? table_.title : fmt::format("{} [{}]", table_.title, markers), style_);
+    out_ += paintHeading(markers.empty() ? table_.title : fmt::format("{} [{}]", table_.title, markers), style_);
   }
 
   void paintRule() { newLine(dim(rule(layout_.width()))); }
@@ -177,7 +171,7 @@ class TablePainter {
 };
 
 std::string chartLine(const ChartItem& chart, const TerminalStyle& style) {
-  const std::string text = fmt::format("Chart: {} ({} points)", chart.name, chart.points);
+  const std::string text = tr("Chart: ^1 (^2 points)", chart.name, chart.points);
   std::string lines;
   for (const std::string& line : wrapText(visibleText(text), lineWidth(style))) lines += line + '\n';
   return lines;
@@ -185,20 +179,27 @@ std::string chartLine(const ChartItem& chart, const TerminalStyle& style) {
 
 }  // namespace
 
+std::string paintHeading(const std::string& text, const TerminalStyle& style) {
+  std::string lines;
+  if (text.empty()) return lines;
+  for (const std::string& line : wrapText(visibleText(text), lineWidth(style))) lines += bold(line, style) + '\n';
+  return lines;
+}
+
 std::string paintTerminal(const PivotTable& table, const TerminalStyle& style) {
   return TablePainter(table, style).paint();
 }
 
 std::string paintDocumentTerminal(const rapidjson::Document& document, const TerminalStyle& style,
                                   const Locale& locale) {
-  std::vector<std::string> blocks{heading(textProperty(document, "procedure"), style) +
-                                  heading(textProperty(document, "subtitle"), style)};
+  std::vector<std::string> blocks{paintHeading(tr(textProperty(document, "procedure")), style) +
+                                  paintHeading(textProperty(document, "subtitle"), style)};
   std::string charts;
   for (const DocumentItem& item : documentItems(document, locale)) {
     if (const auto* table = std::get_if<PivotTable>(&item)) blocks.push_back(paintTerminal(*table, style));
     if (const auto* chart = std::get_if<ChartItem>(&item)) charts += chartLine(*chart, style);
   }
-  if (!charts.empty()) blocks.push_back(heading("Charts", style) + charts);
+  if (!charts.empty() && style.listsCharts) blocks.push_back(paintHeading(tr("Charts"), style) + charts);
   std::erase(blocks, "");
   return fmt::format("{}", fmt::join(blocks, "\n"));
 }

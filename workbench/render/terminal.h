@@ -9,15 +9,19 @@
 namespace workbench {
 
 struct TerminalStyle {
-  int width = 80;       // cells a line; taken as at least 20
-  bool colour = false;  // bold titles and dim rules by escape sequences
-  bool unicode = true;  // line-drawing characters; otherwise ASCII (names keep their letters)
+  int width = 80;           // cells a line; taken as at least 20
+  bool colour = false;      // bold titles and dim rules by escape sequences
+  bool unicode = true;      // line-drawing characters; otherwise ASCII (names keep their letters)
+  bool listsCharts = true;  // of a document: the names of its charts below the tables
 };
 
 // Title, panels of columns as wide as the line allows (row labels repeated in each), footnotes; every line ends with
 // '\n' and fits the width, unless one number alone does not. Numbers are never cut: long headers wrap, long row labels
 // are shortened. Columns align on the decimal point.
 std::string paintTerminal(const PivotTable& table, const TerminalStyle& style);
+
+// Any text as a title: wrapped lines, bold where the style has colour; nothing for an empty text.
+std::string paintHeading(const std::string& text, const TerminalStyle& style);
 
 // The document's heading, all its tables, and a list of its charts.
 std::string paintDocumentTerminal(const rapidjson::Document& document, const TerminalStyle& style,

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "workbench/session/errors.h"
+#include "workbench/session/installation.h"
 
 namespace workbench {
 
@@ -35,8 +36,7 @@ CapturedStreams ProcedureModule::call(Session& session) const {
 }
 
 std::filesystem::path installedProcedure() {
-  const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe");
-  return program.parent_path().parent_path() / "lib" / "varmodel_procedure.so";
+  return installationFolder() / "lib" / "varmodel_procedure.so";
 }
 
 }  // namespace workbench

@@ -19,6 +19,10 @@ Session& currentSession() {
   return *current;
 }
 
+const Session* runningSession() {
+  return current;
+}
+
 SessionScope::SessionScope(Session& session) : previous_(current) {
   current = &session;
 }

@@ -14,6 +14,7 @@
 
 #include "host/json_document.h"
 #include "workbench/dataset/dataset.h"
+#include "workbench/session/texts.h"
 
 namespace workbench {
 
@@ -66,6 +67,7 @@ struct Session {
   std::vector<std::string> splitVariables;
   std::string language = "en";
   std::filesystem::path dictionaryFolder;
+  Texts texts;                                        // of the language; English without any
   std::filesystem::path baseFolder;                   // relative SAVE paths start here
   std::vector<std::filesystem::path> protectedPaths;  // never overwritten: data sources, the job file
 
@@ -82,6 +84,9 @@ struct Session {
 
 // The session of the running call; there must be one.
 Session& currentSession();
+
+// The same, or null where no call need be running.
+const Session* runningSession();
 
 // Makes a session current for its life time.
 class SessionScope {

@@ -1,0 +1,99 @@
+// Every dictionary holds every text of the sources, with its markers.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <regex>
+#include <utility>
+#include <vector>
+
+#include "host/json_document.h"
+#include "source_texts.h"
+
+namespace {
+
+using testing::AllOf;
+using testing::Contains;
+
+using Entries = std::vector<std::pair<std::string, std::string>>;
+
+Entries readEntries(const std::filesystem::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  const std::string content(std::istreambuf_iterator<char>(stream), {});
+  rapidjson::Document document;
+  document.Parse<rapidjson::kParseValidateEncodingFlag>(content.c_str(), content.size());
+  Entries entries;
+  if (document.HasParseError() || !document.IsObject()) return entries;
+  for (const auto& entry : document.GetObject()) {
+    entries.emplace_back(entry.name.GetString(), entry.value.IsString() ? entry.value.GetString() : "");
+  }
+  return entries;
+}
+
+std::vector<std::filesystem::path> dictionaries() {
+  std::vector<std::filesystem::path> files;
+  for (const auto& entry : std::filesystem::directory_iterator(std::string(VARMODEL_SOURCE_DIR) + "/locale")) {
+    files.push_back(entry.path());
+  }
+  return files;
+}
+
+std::set<std::string> markersOf(const std::string& text) {
+  static const std::regex marker("\\^[1-9]");
+  return {std::sregex_token_iterator(text.begin(), text.end(), marker), {}};
+}
+
+// What the reader of the sources must find: one text of each way to give one.
+TEST(SourceTexts, AreFoundWhereverTheyAreGiven) {
+  EXPECT_THAT(lookedUpKeys(), AllOf(Contains("Goodness of Fit"), Contains("Maximum"), Contains("HQIC"),
+                                    Contains("Jarque-Bera Statistic"), Contains("ACF Residuals -"), Contains("MAPE"),
+                                    Contains("warning"), Contains("Chart: ^1 (^2 points)"),
+                                    Contains("To have everything for lag ^1, run this command:\n^2")));
+  EXPECT_THAT(procedureMessages(),
+              AllOf(Contains("Turn off split file"), Contains("Covariance matrix is singular"),
+                    Contains("^1 must be an integer."),
+                    Contains("Only variables with a valid measurement scale are allowed. ^1 does not meet this "
+                             "requirement."),
+                    Contains("The criteria disagree (^1): the largest log-likelihood decided for lag ^2."),
+                    Contains("the PREDICT THRU date names no period of the active dataset"),
+                    Contains("No ^1 ACF values for variable '^2")));
+}
+
+TEST(Dictionaries, HoldEveryTextOfTheSources) {
+  std::set<std::string> wanted = lookedUpKeys();
+  wanted.merge(procedureMessages());
+  // A message that begins with a value is held once for each value.
+  wanted.erase("^1 must be an integer.");
+  wanted.insert({"MINLAG must be an integer.", "MAXLAG must be an integer.", "AIC chose lag ^1", "BIC chose lag ^1",
+                 "HQIC chose lag ^1"});
+  // Put together from pieces, or looked up by a name that is not a literal.
+  wanted.insert({"0.5", "Vector Autoregressive Models",
+                 "The forecast table is not created because no forecasts could be calculated. PREDICT THRU date is "
+                 "before the last observed date."});
+  ASSERT_FALSE(dictionaries().empty());
+  for (const auto& file : dictionaries()) {
+    const Entries entries = readEntries(file);
+    const std::set<std::string> held = [&] {
+      std::set<std::string> keys;
+      for (const auto& entry : entries) keys.insert(entry.first);
+      return keys;
+    }();
+    EXPECT_EQ(held.size(), entries.size()) << file << " holds a key twice";
+    for (const std::string& key : wanted) EXPECT_EQ(held.count(key), 1u) << file << " lacks: " << key;
+  }
+}
+
+TEST(Dictionaries, KeepMarkersAndOuterBlanks) {
+  for (const auto& file : dictionaries()) {
+    for (const auto& [key, text] : readEntries(file)) {
+      ASSERT_NE(text, "") << file << ": " << key;
+      EXPECT_EQ(markersOf(text), markersOf(key)) << file << ": " << key;
+      EXPECT_TRUE(key.back() != ' ' || text.back() == ' ') << file << ": " << key;
+    }
+  }
+}
+
+}  // namespace

@@ -1,0 +1,139 @@
+// Runs in German beside the same runs in English.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <regex>
+#include <set>
+#include <sstream>
+
+#include "host/json_document.h"
+#include "program.h"
+
+namespace {
+
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::Not;
+
+using Json = rapidjson::Value;
+
+rapidjson::Document parse(const std::string& text) {
+  rapidjson::Document document;
+  document.Parse<rapidjson::kParseFullPrecisionFlag>(text.c_str(), text.size());
+  return document;
+}
+
+// Walks two documents of one shape: numbers must be the same, texts that are the same are collected.
+void compare(const Json& english, const Json& german, std::set<std::string>& sameTexts) {
+  ASSERT_EQ(english.GetType(), german.GetType());
+  if (english.IsNumber()) {
+    EXPECT_EQ(english.GetDouble(), german.GetDouble());
+  }
+  if (english.IsString() && english == german) sameTexts.insert(english.GetString());
+  if (english.IsArray()) {
+    ASSERT_EQ(english.Size(), german.Size());
+    for (rapidjson::SizeType i = 0; i < english.Size(); ++i) compare(english[i], german[i], sameTexts);
+  }
+  if (english.IsObject()) {
+    ASSERT_EQ(english.MemberCount(), german.MemberCount());
+    for (const auto& member : english.GetObject()) {
+      ASSERT_TRUE(german.HasMember(member.name));
+      const std::string name = member.name.GetString();
+      // Names of kinds, chart programs, and the names of series, which colours refer to.
+      if (name == "type" || name == "vizl" || name == "seriesname") continue;
+      compare(member.value, german[member.name], sameTexts);
+    }
+  }
+}
+
+TEST(German, ShowsGermanTextsAndCommasWhileTheNumbersOfTheDocumentAreTheSame) {
+  Workspace space;
+  space.example("us_macro_quarterly.csv").example("us_macro.toml");
+  const ProgramRun english = space.run({"run", "us_macro.toml", "--json", "en.json", "--lang", "en"});
+  const ProgramRun german = space.run({"run", "us_macro.toml", "--json", "de.json", "--lang", "de"});
+  ASSERT_EQ(german.exitCode, 0) << german.err;
+  EXPECT_EQ(german.err, "");
+  EXPECT_THAT(english.out, AllOf(HasSubstr("Descriptive Statistics"), HasSubstr("7221.172")));
+  EXPECT_THAT(german.out,
+              AllOf(HasSubstr("Vektorautoregressive Modelle\n"), HasSubstr("\nDeskriptive Statistik\n"),
+                    HasSubstr("7221,172"), Not(HasSubstr("7221.172")), HasSubstr("3,8e-08"),
+                    HasSubstr("Diagramm: Prognose - realgdp (398 Punkte)"), HasSubstr("gespeichert: us_macro")));
+  EXPECT_THAT(german.out, AllOf(HasSubstr("Verzögerung 2 liegt unter MAXLAG 8"), HasSubstr("MINLAG=2 MAXLAG=2"),
+                                Not(HasSubstr("keine Ausgabe"))));
+
+  std::set<std::string> sameTexts;
+  compare(parse(space.read("en.json")), parse(space.read("de.json")), sameTexts);
+  const std::regex data("real\\w+(\\(t-\\d\\))?|\\d{4}Q\\d|\\d+|");
+  std::erase_if(sameTexts, [&](const std::string& text) { return std::regex_match(text, data); });
+  EXPECT_THAT(sameTexts, testing::UnorderedElementsAre("Vector Autoregressive Models", " ", "Variable", "N", "Minimum",
+                                                       "Maximum", "AIC", "BIC", "HQIC", "MSE", "RMSE", "MAE", "MAPE",
+                                                       "Descriptive Statistics", "Correlation Matrix of Residuals",
+                                                       "Sig.", "df", "t"));
+}
+
+TEST(German, MessagesNotesAndHintsAreGerman) {
+  struct Case {
+    std::string model;
+    std::string rest;
+    std::vector<std::string> wanted;
+    std::string toml = "";
+  };
+  const std::string endogenous = "ENDOGENOUS=realgdp realcons ";
+  const std::string method = "\n/METHOD TYPE=[OLS]";
+  const std::vector<Case> cases = {
+      {endogenous + "MINLAG=3 MAXLAG=2", method, {"Fehler: MINLAG darf nicht größer als MAXLAG sein."}},
+      {endogenous + "MAXLAG=2",
+       method + "\n/MODELSTATISTICS MODELFIT=[PARAMETERS EIGEN]",
+       {"Warnung: Wenn EIGEN in MODELFIT", "Hinweis: Der Lauf endet hier."}},
+      {endogenous + "MAXLAG=2",
+       "\n/MODELSTATISTICS MODELFIT=[PARAMETERS]",
+       {"Schritt 3, der Prüfung", "Die wahrscheinliche Ursache: Der Unterbefehl METHOD fehlt"}},
+      {endogenous + "MAXLAG=9",
+       method,
+       {"Fehler: Zu wenige Beobachtungen", "Mit 20 Zeilen, 2 endogenen und 0 exogenen Variablen ist 5 das größte"},
+       "query = \"SELECT * FROM source LIMIT 20\""},
+      {endogenous + "MAXLAG=2",
+       method,
+       {"Fehler: Nur Variablen mit gültigem Messniveau sind zulässig. realcons erfüllt"},
+       "[variables.realcons]\nlevel = \"ordinal\""},
+      {endogenous + "LAG=[BIC] MAXLAG=1",
+       method + "\n/MODELSTATISTICS MODELFIT=[PARAMETERS]",
+       {"Zeilen: 203 gelesen, 202 verwendet, 1 ausgeschlossen (realgdp fehlt in 1; die ersten davon: "},
+       "query = \"SELECT * REPLACE (CASE WHEN year = 1980 AND quarter = 1 THEN NULL ELSE realgdp END AS realgdp) FROM "
+       "source\""},
+  };
+  Workspace space;
+  space.example("us_macro_quarterly.csv");
+  for (const Case& one : cases) {
+    space.file("job.toml", "command = '''\nVARMODEL\n/MODEL " + one.model + one.rest +
+                               "\n'''\n[data]\nsource = \"us_macro_quarterly.csv\"\n" + one.toml);
+    const ProgramRun run = space.run({"run", "job.toml", "--lang", "de"});
+    std::string seen = run.out + run.err;
+    seen = std::regex_replace(seen, std::regex("\n +"), " ");  // notes are wrapped
+    for (const std::string& text : one.wanted) EXPECT_THAT(seen, HasSubstr(text)) << one.model << one.rest;
+  }
+}
+
+TEST(German, CriteriaThatDisagreeAreListedInGerman) {
+  Workspace space;
+  space.example("us_macro_quarterly.csv");
+  const ProgramRun run = space.run({"fit", "us_macro_quarterly.csv", "--endogenous", "realgdp", "realcons", "realinv",
+                                    "--lag", "aic", "bic", "--maxlag", "8", "--lang", "de"});
+  ASSERT_EQ(run.exitCode, 0) << run.err;
+  EXPECT_THAT(std::regex_replace(run.out, std::regex("\n +"), " "),
+              HasSubstr("(AIC wählte die Verzögerung 4, BIC wählte die Verzögerung 2)"));
+}
+
+TEST(Language, UnknownCodesAreRefusedWithTheLanguagesThereAre) {
+  Workspace space;
+  space.example("us_macro_quarterly.csv").example("us_macro.toml");
+  for (const std::string code : {"xx", "DE", "../locale/de", ""}) {
+    const ProgramRun run = space.run({"run", "us_macro.toml", "--lang", code});
+    EXPECT_EQ(run.exitCode, 2) << code;
+    EXPECT_EQ(run.out, "") << code;
+  }
+  EXPECT_THAT(space.run({"run", "us_macro.toml", "--lang", "xx"}).err, HasSubstr("Choose one of: de, en."));
+}
+
+}  // namespace

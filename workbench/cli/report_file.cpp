@@ -1,0 +1,56 @@
+#include "workbench/cli/report_file.h"
+
+#include <fmt/core.h>
+
+#include "workbench/cli/command_facts.h"
+#include "workbench/dates/case_label.h"
+#include "workbench/render/number_format.h"
+#include "workbench/report/report.h"
+#include "workbench/session/texts.h"
+
+namespace workbench {
+
+namespace {
+
+ReportMessage::Kind reportKind(RunMessage::Kind kind) {
+  switch (kind) {
+    case RunMessage::Kind::error:
+      return ReportMessage::Kind::error;
+    case RunMessage::Kind::warning:
+      return ReportMessage::Kind::warning;
+    case RunMessage::Kind::hint:
+      return ReportMessage::Kind::hint;
+    case RunMessage::Kind::note:
+      break;
+  }
+  return ReportMessage::Kind::note;
+}
+
+void addRowFacts(const Session& session, std::vector<ReportFact>& facts) {
+  const std::optional<AnalysedRows> rows = analysedRows(session);
+  if (!rows) return;
+  const RowAccount& account = rows->account;
+  facts.push_back({tr("Rows"), tr("^1 read, ^2 used, ^3 dropped", account.read, account.used, account.dropped)});
+  if (account.used == 0) return;
+  facts.push_back(
+      {tr("Sample"), tr("^1 to ^2", caseLabel(session, account.firstUsed), caseLabel(session, account.lastUsed))});
+}
+
+}  // namespace
+
+std::string reportPage(const Session& session, const std::vector<RunMessage>& messages, double seconds) {
+  ReportInput input;
+  input.document = &session.document;
+  input.commandText = session.commandText;
+  input.language = session.language;
+  input.locale = sessionLocale();
+  input.facts.push_back({tr("Data source"), session.dataset.origin});
+  addRowFacts(session, input.facts);
+  input.facts.push_back({tr("Version"), VARMODEL_VERSION});
+  input.facts.push_back({tr("Duration"), tr("^1 s", formatNumber(seconds, {.decimals = 3}, input.locale).text)});
+  for (const RunMessage& message : messages) input.messages.push_back({reportKind(message.kind), message.text});
+  for (const auto& file : session.savedFiles) input.savedFiles.push_back(file.string());
+  return renderReport(input);
+}
+
+}  // namespace workbench

@@ -1,0 +1,16 @@
+// The HTML report of a run.
+
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "workbench/cli/run_messages.h"
+#include "workbench/session/session.h"
+
+namespace workbench {
+
+// The whole page: command, run facts, messages, every table and chart. `seconds` is the time the run took.
+std::string reportPage(const Session& session, const std::vector<RunMessage>& messages, double seconds);
+
+}  // namespace workbench

@@ -1,0 +1,59 @@
+# Gathers what the report embeds: the chart library's bundles from node_modules (scripts/setup.sh fills it), each with
+# its licence and without its source map, and the page's own files. Done when CMake runs; a changed input makes it run
+# again.
+set(report_assets ${PROJECT_BINARY_DIR}/report_assets)
+
+function(report_write name text)
+  if(text MATCHES "</[Ss][Cc][Rr][Ii][Pp][Tt]|<!--")
+    message(FATAL_ERROR "${name} cannot stand inside a <script> element")
+  endif()
+  file(CONFIGURE OUTPUT ${report_assets}/${name} CONTENT "@text@" @ONLY)
+endfunction()
+
+# The text of one bundle, with the licence before it.
+function(report_bundle package file result)
+  set(folder ${PROJECT_SOURCE_DIR}/node_modules/${package})
+  if(NOT EXISTS ${folder}/build/${file})
+    message(FATAL_ERROR "node_modules has no ${package}: run scripts/setup.sh")
+  endif()
+  file(READ ${folder}/LICENSE licence)
+  file(READ ${folder}/build/${file} code)
+  string(REGEX REPLACE "//# sourceMappingURL=[^\n]*" "" code "${code}")
+  set(${result} "/*! ${package}\n${licence}*/\n${code}" PARENT_SCOPE)
+  set_property(DIRECTORY ${PROJECT_SOURCE_DIR} APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${folder}/build/${file})
+endfunction()
+
+report_bundle(vega vega.min.js vega)
+report_write(vega.js "${vega}")
+report_bundle(vega-lite vega-lite.min.js vega_lite)
+report_write(vega-lite.js "${vega_lite}")
+
+# The interpreter comes as a module only; the page's scripts are plain ones.
+report_bundle(vega-interpreter vega-interpreter.js interpreter)
+set(import "import { ascending, isString, DisallowedObjectProperties } from 'vega-util';")
+set(export "export { expression as expressionInterpreter };")
+foreach(line "${import}" "${export}")
+  string(FIND "${interpreter}" "${line}" found)
+  if(found EQUAL -1)
+    message(FATAL_ERROR "vega-interpreter has changed: no line \"${line}\"")
+  endif()
+endforeach()
+string(REPLACE "${import}" "const { ascending, isString, DisallowedObjectProperties } = vega;" interpreter
+  "${interpreter}")
+string(REPLACE "${export}" "globalThis.vegaInterpreter = { expressionInterpreter: expression };" interpreter
+  "${interpreter}")
+report_write(vega-interpreter.js "(() => {\n'use strict';\n${interpreter}\n})();\n")
+
+set(page "")
+foreach(part data axis chart inspect data_view save page)
+  set(file ${CMAKE_CURRENT_LIST_DIR}/page/${part}.js)
+  file(READ ${file} code)
+  string(APPEND page "${code}\n")
+  set_property(DIRECTORY ${PROJECT_SOURCE_DIR} APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${file})
+endforeach()
+report_write(page.js "(() => {\n'use strict';\n${page}})();\n")
+configure_file(${CMAKE_CURRENT_LIST_DIR}/page/page.css ${report_assets}/page.css COPYONLY)
+
+file(GLOB report_inputs ${report_assets}/*)
+set_source_files_properties(${CMAKE_CURRENT_LIST_DIR}/assets.cpp PROPERTIES
+  COMPILE_DEFINITIONS REPORT_ASSETS="${report_assets}" OBJECT_DEPENDS "${report_inputs}")

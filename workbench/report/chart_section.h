@@ -1,0 +1,31 @@
+// The chart items of a document as parts of the report's page.
+
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "host/json_document.h"
+#include "workbench/report/column_store.h"
+
+namespace workbench {
+
+// Collects what the page's script has to know about the charts while their places in the page are written.
+class ChartSections {
+ public:
+  // The place of a chart in the page: a heading, an empty frame that the script fills when it comes into view, the data
+  // to be shown on request, and below whatever of its specification was not understood.
+  std::string add(const rapidjson::Value& item);
+
+  bool empty() const { return charts_.empty(); }
+
+  // {"sample": points that a series is drawn with at most, "columns": [[...], ...], "charts": [...]}, safe inside a
+  // <script> element.
+  std::string json() const;
+
+ private:
+  ColumnStore columns_;
+  std::vector<std::string> charts_;  // JSON
+};
+
+}  // namespace workbench

@@ -1,0 +1,39 @@
+// The report of one run: a page in one file that needs nothing else, opened without a network.
+
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "host/json_document.h"
+#include "workbench/render/number_format.h"
+
+namespace workbench {
+
+struct ReportFact {
+  std::string label;
+  std::string value;
+};
+
+struct ReportMessage {
+  enum class Kind { error, warning, note, hint };
+  Kind kind = Kind::note;
+  std::string text;  // may have several lines; they stay as they are
+};
+
+// Texts may hold any bytes. Empty parts leave no trace in the page.
+struct ReportInput {
+  const rapidjson::Value* document = nullptr;  // as the converter received it; null when it received nothing
+  std::string commandText;
+  std::vector<ReportFact> facts;  // what the run was, in order of reading: data source, rows, sample, version, ...
+  std::vector<ReportMessage> messages;
+  std::vector<std::string> savedFiles;
+  std::string language = "en";  // BCP 47
+  Locale locale;
+};
+
+// The whole page. Tables and charts stand in the document's order. Throws std::runtime_error where a property of the
+// document has the wrong JSON type.
+std::string renderReport(const ReportInput& input);
+
+}  // namespace workbench
