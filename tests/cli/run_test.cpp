@@ -59,11 +59,36 @@ TEST(Run, GapInsideTheSampleIsTold) {
   EXPECT_THAT(run.out, AllOf(HasSubstr("4 dropped"), HasSubstr("1980Q1"), HasSubstr("lie inside the sample")));
 }
 
+TEST(Run, TargetBeforeTheLastCaseIsOneWarningAndNoFailure) {
+  Workspace space;
+  space.example("us_macro_quarterly.csv")
+      .file("job.toml", job(oneLag, "/MODELSTATISTICS MODELFIT=[PARAMETERS FORECASTS]",
+                            "[dates]\nstart = { year = 1959, quarter = 1 }\n[predict]\nthru = { year = 2009, quarter = "
+                            "2 }"));
+  const ProgramRun run = space.run({"run", "job.toml"});
+  EXPECT_EQ(run.exitCode, 0);
+  EXPECT_EQ(run.err,
+            "warning: The forecast table is not created because no forecasts could be calculated. PREDICT THRU date is "
+            "before the last observed date.\n");
+  EXPECT_THAT(run.out, HasSubstr("FORECASTS was requested but produced no output"));
+}
+
 TEST(Run, SelectedLagBelowMaxlagGetsANoteAndARemedyThatRuns) {
   Workspace space;
-  space.example("us_macro_quarterly.csv").example("us_macro.toml");
-  const ProgramRun run = space.run({"run", "us_macro.toml"});
-  EXPECT_THAT(run.out, AllOf(HasSubstr("The selected lag 2 is below MAXLAG 8"), HasSubstr("MINLAG=2 MAXLAG=2")));
+  space.example("us_macro_quarterly.csv")
+      .file("job.toml", job("ENDOGENOUS=realgdp realcons realinv LAG=[BIC] MAXLAG=8",
+                            "/MODELSTATISTICS MODELFIT=[PARAMETERS MSE]", "[predict]\nthru = 205"));
+  const ProgramRun run = space.run({"run", "job.toml"});
+  EXPECT_THAT(run.out, HasSubstr("The selected lag 2 is below MAXLAG 8"));
+  const std::string before = "run this command:\n";
+  const auto remedy = run.out.find(before);
+  ASSERT_NE(remedy, std::string::npos);
+  space.file("remedy.toml", "command = \"\"\"\n" + run.out.substr(remedy + before.size()) +
+                                "\"\"\"\n[data]\nsource = \"us_macro_quarterly.csv\"\n[predict]\nthru = 205\n");
+  const ProgramRun again = space.run({"run", "remedy.toml", "--json", "out.json"});
+  EXPECT_EQ(again.exitCode, 0) << again.err;
+  EXPECT_THAT(again.out, Not(HasSubstr("below MAXLAG")));
+  EXPECT_GT(OutputDocument(space.read("out.json")).row("Model Fit Statistics", 0)[0], 0);
 }
 
 // Published: 100 times the first differences of logs, VAR(2) with a constant.
@@ -94,7 +119,8 @@ TEST(Run, PublishedCheckAgreesAndItsUnscaledFormIsSingular) {
 
   const ProgramRun singular = space.run({"run", "plain.toml"});
   EXPECT_EQ(singular.exitCode, 1);
-  EXPECT_THAT(singular.err, AllOf(HasSubstr("Covariance matrix is singular"), HasSubstr("Rescale the series"))) << singular.err;
+  EXPECT_THAT(singular.err, AllOf(HasSubstr("Covariance matrix is singular"), HasSubstr("Rescale the series")))
+      << singular.err;
 }
 
 TEST(Run, SaveFailuresKeepTheOutputAndTheOldFile) {

@@ -11,12 +11,12 @@ namespace {
 
 using Kind = RunMessage::Kind;
 
-// The engine and the label step may end with the same sentence; it is said once.
+// The engine may repeat the label step's warning, or just its first sentence; the fuller text is said once.
 std::vector<Message> distinct(const std::vector<Message>& messages) {
   std::vector<Message> result;
   for (const Message& message : messages) {
     const bool said = std::any_of(result.begin(), result.end(), [&](const Message& other) {
-      return other.kind == message.kind && other.text == message.text;
+      return other.kind == message.kind && other.text.starts_with(message.text);
     });
     if (!said) result.push_back(message);
   }
