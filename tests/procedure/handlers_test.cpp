@@ -78,48 +78,6 @@ TEST_F(HandlersTest, EverythingSaidIsRecorded) {
   EXPECT_EQ(settings.userMissing, "INCLUDE");
 }
 
-// Each keyword sets its own flag and no other; the name of the flag is written out once more here.
-TEST_F(HandlersTest, EachKeywordSetsItsOwnFlag) {
-  using Flag = bool VARInputSettings::*;
-  const std::vector<std::pair<std::string, Flag>> modelFit = {{"DESCRIPTIVES", &VARInputSettings::showDescriptives},
-                                                              {"GOODFIT", &VARInputSettings::showGoodFit},
-                                                              {"PARAMETERS", &VARInputSettings::showParameters},
-                                                              {"RES", &VARInputSettings::showRes},
-                                                              {"RESIDACF", &VARInputSettings::showResidAcf},
-                                                              {"MSE", &VARInputSettings::showMse},
-                                                              {"RMSE", &VARInputSettings::showRmse},
-                                                              {"MAE", &VARInputSettings::showMae},
-                                                              {"MAPE", &VARInputSettings::showMape},
-                                                              {"RSQUARE", &VARInputSettings::showRSquare},
-                                                              {"ARSQUARE", &VARInputSettings::showAdjRSquare},
-                                                              {"CORRMATRIX", &VARInputSettings::showCorrMatrix},
-                                                              {"TNORM", &VARInputSettings::showTestNormality},
-                                                              {"TAUTO", &VARInputSettings::showTestAutocorrelation},
-                                                              {"FORECASTS", &VARInputSettings::showForecasts}};
-  for (const auto& [keyword, flag] : modelFit) {
-    const VARInputSettings& settings = validate(kModelMethod + "/MODELSTATISTICS MODELFIT=[PARAMETERS " +
-                                                (keyword == "PARAMETERS" ? "" : keyword) + "]");
-    EXPECT_EQ(status, 0);
-    for (const auto& [other, otherFlag] : modelFit) {
-      EXPECT_EQ(settings.*otherFlag, other == keyword || other == "PARAMETERS") << keyword << ' ' << other;
-    }
-    EXPECT_FALSE(settings.plotRes || settings.showEigen);
-  }
-  const std::vector<std::pair<std::string, Flag>> plots = {{"TIMESERIES", &VARInputSettings::plotTimeSeries},
-                                                           {"ACF", &VARInputSettings::plotAcf},
-                                                           {"RES", &VARInputSettings::plotRes},
-                                                           {"RESCOMB", &VARInputSettings::plotResComb},
-                                                           {"RESACF", &VARInputSettings::plotResAcf},
-                                                           {"RESACFCOMB", &VARInputSettings::plotResAcfComb},
-                                                           {"FIT", &VARInputSettings::plotFit},
-                                                           {"FORECAST", &VARInputSettings::plotForecast}};
-  for (const auto& [keyword, flag] : plots) {
-    const VARInputSettings& settings = validate(kModelMethod + "/SERIESPLOT PLOT=[" + keyword + "]");
-    for (const auto& [other, otherFlag] : plots) EXPECT_EQ(settings.*otherFlag, other == keyword) << keyword;
-    EXPECT_FALSE(settings.showRes);
-  }
-}
-
 struct Failure {
   std::string command;
   int index;          // of the handler that fails
