@@ -49,15 +49,26 @@ std::string firstUnequalLine(DuckdbConnection& connection, const fs::path& sourc
   return "";
 }
 
+DataError unequalLines(const fs::path& source, const std::string& header, const std::string& detail) {
+  return DataError("data file " + source.string() + ": its lines do not all have as many values as its header (" +
+                   header + "). Correct the file, or describe it in a query with read_csv(...)." + detail);
+}
+
 // A file whose lines do not all have as many values as the header comes back as one column of whole lines.
 void refuseWholeLines(DuckdbConnection& connection, const fs::path& source, const Dataset& dataset) {
   if (dataset.columns.size() != 1 || dataset.columns[0].kind != ColumnKind::text || !isDelimitedText(source)) return;
   const std::string& header = dataset.columns[0].name;
   const std::size_t place = header.find_first_of(",;\t|");
   if (place == std::string::npos) return;
-  throw DataError("data file " + source.string() + ": its lines do not all have as many values as its header (" +
-                  header + "). Correct the file, or describe it in a query with read_csv(...)." +
-                  firstUnequalLine(connection, source, header, header[place]));
+  throw unequalLines(source, header, firstUnequalLine(connection, source, header, header[place]));
+}
+
+// What DuckDB says of a file that it cannot read; where lines are unequal it tells of dialects, so the line is sought.
+DataError unreadableFile(DuckdbConnection& connection, const fs::path& source, const DuckdbError& error) {
+  const std::string header = plainCommaHeader(source);
+  const std::string unequal = header.empty() ? "" : firstUnequalLine(connection, source, header, ',');
+  if (unequal.find("Expected Number of Columns") != std::string::npos) return unequalLines(source, header, unequal);
+  return DataError("data file " + source.string() + ": " + withoutSql(error.what()));
 }
 
 std::vector<ColumnReader> makeColumns(duckdb_result* result, Dataset& dataset) {
@@ -119,7 +130,7 @@ std::string openSource(DuckdbConnection& connection, const DataRequest& request)
     }
     return relation;
   } catch (const DuckdbError& error) {
-    throw DataError("data file " + request.source.string() + ": " + withoutSql(error.what()));
+    throw unreadableFile(connection, request.source, error);
   }
 }
 
@@ -145,7 +156,8 @@ Dataset runStatement(DuckdbConnection& connection, const DataRequest& request, c
     DuckdbResult result = connection.query(statement);
     return readResult(result.get());
   } catch (const DuckdbError& error) {
-    throw DataError(describe(request) + ": " + (request.query.empty() ? withoutSql(error.what()) : error.what()));
+    if (request.query.empty()) throw unreadableFile(connection, request.source, error);
+    throw DataError(describe(request) + ": " + error.what());
   } catch (const DataError& error) {
     throw DataError(describe(request) + ": " + error.what());
   }

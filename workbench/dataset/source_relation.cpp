@@ -58,16 +58,21 @@ std::optional<FileKind> kindByExtension(const fs::path& source) {
   return entry == kEntries.end() ? std::nullopt : std::optional(entry->kind);
 }
 
+std::string headOf(const fs::path& source, std::size_t size) {
+  std::string head(size, '\0');
+  std::ifstream stream(source, std::ios::binary);
+  stream.read(head.data(), static_cast<std::streamsize>(size));
+  head.resize(static_cast<std::size_t>(stream.gcount()));
+  return head;
+}
+
 // Of a file with an unknown extension; a pipe is not touched.
 FileKind kindByContent(const fs::path& source) {
   if (!fs::is_regular_file(source)) return FileKind::csv;
-  std::array<char, 4096> buffer{};
-  std::ifstream stream(source, std::ios::binary);
-  stream.read(buffer.data(), buffer.size());
-  const std::string_view head(buffer.data(), static_cast<std::size_t>(stream.gcount()));
-  if (head.substr(0, 4) == "PAR1") return FileKind::parquet;
+  const std::string head = headOf(source, 4096);
+  if (head.starts_with("PAR1")) return FileKind::parquet;
   if (head.size() > 12 && head.substr(8, 4) == "DUCK") return FileKind::database;
-  if (head.find('\0') != std::string_view::npos) {
+  if (head.find('\0') != std::string::npos) {
     throw DataError("data file " + source.string() +
                     ": this is a binary file of unknown kind. Save it as CSV, Parquet or JSON.");
   }
@@ -91,7 +96,8 @@ std::string csvRelation(const fs::path& source) {
   const bool small = !compressed && sizeOf(source) <= kWhollySampledCsv;
   return "read_csv(" + sqlFileName(source) + ", nullstr = " + kMissingWords + ", auto_type_candidates = ['BOOLEAN', " +
          (small ? "'BIGINT', " : "") + "'DOUBLE', 'DATE', 'TIMESTAMP', 'TIMESTAMPTZ', 'VARCHAR']" +
-         (small ? ", sample_size = -1)" : ")");
+         (small ? ", sample_size = -1" : "") +
+         (plainCommaHeader(source).empty() ? ")" : R"(, delim = ',', quote = '"', escape = '"'))");
 }
 
 std::vector<std::string> textColumn(duckdb_result* result) {
@@ -150,6 +156,18 @@ void requireReadableFile(const fs::path& source) {
 
 bool isDelimitedText(const fs::path& source) {
   return fs::is_regular_file(source) && kindOf(source) == FileKind::csv;
+}
+
+// Nothing in the file's head speaks for another separator, quote or comment sign. DuckDB then need not try all
+// dialects, which takes most of the time that a small file needs (35 of 40 ms for 2,000 rows of 8).
+std::string plainCommaHeader(const fs::path& source) {
+  constexpr std::size_t kHead = 64 << 10;
+  if (!isDelimitedText(source)) return "";
+  const std::string head = headOf(source, kHead);
+  std::string header = head.substr(0, head.find_first_of("\r\n"));
+  const bool plain = header.find(',') != std::string::npos && header.find_first_of(";\t|") == std::string::npos &&
+                     head.find_first_of("'\\#") == std::string::npos;
+  return plain ? header : "";
 }
 
 bool isSmallFile(const fs::path& source) {

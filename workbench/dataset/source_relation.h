@@ -16,6 +16,9 @@ void requireReadableFile(const std::filesystem::path& source);
 // True for a CSV-like file that can be read twice.
 bool isDelimitedText(const std::filesystem::path& source);
 
+// The first line of a file that is plainly comma-separated text, for which DuckDB is told so; "" for other files.
+std::string plainCommaHeader(const std::filesystem::path& source);
+
 // True when the file is so small that more than one thread only costs time.
 bool isSmallFile(const std::filesystem::path& source);
 
