@@ -486,7 +486,7 @@ async function checkHostileNames() {
 }
 
 // The program's own report of the example data.
-async function checkProgram(program) {
+function programReport(program, ...options) {
   const job = newPath('toml');
   const html = newPath('html');
   const data = fileURLToPath(new URL('../../examples/us_macro_quarterly.csv', import.meta.url));
@@ -507,7 +507,12 @@ variables = { year = "year", quarter = "quarter" }
 thru = { year = 2011, quarter = 4 }
 `,
   );
-  execFileSync(program, ['run', job, '--html', html, '-q']);
+  execFileSync(program, ['run', job, '--html', html, '-q', ...options]);
+  return html;
+}
+
+async function checkProgram(program) {
+  const html = programReport(program);
   const page = await open(html);
   await check('the program: every table and chart of the run', async () => {
     equal(await page.locator('section.table').count(), 6);
@@ -528,6 +533,52 @@ thru = { year = 2011, quarter = 4 }
   await page.context().close();
 }
 
+async function checkGerman(program) {
+  const page = await open(programReport(program, '--lang', 'de'));
+  const chartAt = (index) => page.locator('section.chart').nth(index);
+  await check('German: language, headings and buttons', async () => {
+    equal(await page.locator('html').getAttribute('lang'), 'de');
+    equal(await page.locator('#command h2').textContent(), 'Befehl');
+    equal(await page.locator('nav summary').textContent(), 'Gliederung');
+    equal(await page.locator('.page-tools button').allTextContents(), ['Dunkel', 'Drucken']);
+    await page.locator('#command button').click();
+    await page.locator('#status').getByText('Kopiert', { exact: true }).waitFor({ state: 'attached' });
+  });
+  await check('German: tables show a decimal comma, copies have a point', async () => {
+    const cell = page.locator('section.table td[data-value*="."]').first();
+    const [shown, value] = [await cell.textContent(), await cell.getAttribute('data-value')];
+    ok(/^-?\d+,\d{3}$/.test(shown), shown);
+    await page.locator('section.table').first().getByRole('button', { name: 'Kopieren' }).click();
+    await page.waitForFunction(
+      async (wanted) => (await navigator.clipboard.readText()).split(/[\t\n]/).includes(wanted),
+      value,
+    );
+  });
+  await check('German: numbers of a chart', async () => {
+    const series = await drawn(page, 0);
+    const big = (await look(series)).axisLabels.flat();
+    ok(big.includes('10.000') && !big.includes('10,000'), `thousands: ${big}`);
+    await series.focus();
+    await page.keyboard.press('Home');
+    equal(await series.locator('.tip b').first().textContent(), '2.710,349');
+    const [lags] = await page.locator('.chart-frame').evaluateAll((frames) =>
+      frames.flatMap((frame, i) => (frame.getAttribute('aria-label').startsWith('Balkendiagramm') ? [i] : [])),
+    );
+    const small = (await look(await drawn(page, lags))).axisLabels.flat();
+    ok(small.includes('1,0') && !small.includes('1.0'), `decimals: ${small}`);
+    ok((await series.getAttribute('aria-label')).includes('2710,35 bei 1959'), 'description');
+  });
+  await check('German: the data of a chart, shown with a comma, saved with a point', async () => {
+    await chartAt(0).getByText('Daten zeigen').click();
+    equal(await chartAt(0).locator('tbody td').first().textContent(), '2710,349');
+    equal(await chartAt(0).locator('thead th').first().textContent(), 'Datum');
+    const saved = read(await download(page, chartAt(0).getByRole('button', { name: 'CSV speichern' })));
+    ok(saved.split('\r\n')[1].endsWith(',2710.349'), saved.slice(0, 80));
+  });
+  await check('German: the page keeps quiet', () => equal(page.complaints, []));
+  await page.context().close();
+}
+
 await start();
 const file = makeReport(constructed());
 const page = await open(file);
@@ -540,6 +591,8 @@ await page.context().close();
 await checkThemes(file);
 await checkPhone(file);
 await checkHostileNames();
-if (process.env.VARMODEL_PROGRAM) await checkProgram(process.env.VARMODEL_PROGRAM);
-else skip('the program', 'VARMODEL_PROGRAM is not set');
+if (process.env.VARMODEL_PROGRAM) {
+  await checkProgram(process.env.VARMODEL_PROGRAM);
+  await checkGerman(process.env.VARMODEL_PROGRAM);
+} else skip('the program', 'VARMODEL_PROGRAM is not set');
 await finish();

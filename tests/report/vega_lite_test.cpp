@@ -9,7 +9,6 @@
 #include "output/chart_specification.h"
 #include "workbench/report/chart_description.h"
 #include "workbench/report/column_store.h"
-#include "workbench/report/sha256.h"
 
 namespace workbench {
 namespace {
@@ -153,6 +152,12 @@ TEST_F(VegaLite, DescribesTheNumbers) {
             "lowest 1 at 1959Q1, highest 2 at 1959Q2. Fitted: 1.5 at 1959Q1. Forecast: 9 at 1959Q3.");
 }
 
+TEST_F(VegaLite, DescribesInTheLocale) {
+  read(varmodel::kSeriesLines, kForecast);
+  const std::string words = describeChart(spec_, data_, {.decimalSeparator = ","});
+  EXPECT_THAT(words, HasSubstr("Fitted: 1,5 at 1959Q1."));
+}
+
 TEST(ColumnStore, HoldsEqualColumnsOnceAndDoublesInFull) {
   ColumnStore store;
   const double nan = std::numeric_limits<double>::quiet_NaN();
@@ -160,17 +165,6 @@ TEST(ColumnStore, HoldsEqualColumnsOnceAndDoublesInFull) {
   EXPECT_EQ(store.add(std::vector<std::string>{"</script>"}), 1U);
   EXPECT_EQ(store.add(std::vector<double>{0.1, nan, 1e300}), 0U);
   EXPECT_EQ(store.json(), "[[0.1,null,1e+300],\n[\"\\u003c/script\\u003e\"]]");
-}
-
-// Examples of FIPS 180-2, appendix B, and the empty text.
-TEST(Sha256, GivesThePublishedDigests) {
-  EXPECT_EQ(integritySource(""), "sha256-47DEQpj8HBSa+/TImW+5JCeuQeRkm5NMpJWZG3hSuFU=");
-  EXPECT_THAT(sha256("abc"), ElementsAre(0xba, 0x78, 0x16, 0xbf, 0x8f, 0x01, 0xcf, 0xea, 0x41, 0x41, 0x40, 0xde, 0x5d,
-                                         0xae, 0x22, 0x23, 0xb0, 0x03, 0x61, 0xa3, 0x96, 0x17, 0x7a, 0x9c, 0xb4, 0x10,
-                                         0xff, 0x61, 0xf2, 0x00, 0x15, 0xad));
-  const auto twoBlocks = sha256("abcdbcdecdefdefgefghfghighijhijkijkljklmklmnlmnomnopnopq");
-  EXPECT_EQ(twoBlocks[0], 0x24);
-  EXPECT_EQ(twoBlocks[31], 0xc1);
 }
 
 }  // namespace

@@ -6,20 +6,6 @@
 
 namespace workbench {
 
-const std::string_view kPivotTableCss = R"css(
-table.pivot { border-collapse: collapse; border-block: 1px solid var(--rule, #888); font-variant-numeric: tabular-nums; }
-table.pivot caption { text-align: left; font-weight: 600; padding-block: .4em; overflow-wrap: anywhere; }
-table.pivot th { font-weight: 500; text-align: right; vertical-align: bottom; padding: .25em .7em; overflow-wrap: anywhere; }
-table.pivot th[scope=row], table.pivot .corner { text-align: left; min-width: 8ch; max-width: 32ch; }
-table.pivot th.over { text-align: center; border-bottom: 1px solid var(--rule, #888); }
-table.pivot thead { border-bottom: 1px solid var(--rule, #888); }
-table.pivot td { text-align: right; white-space: nowrap; padding: .25em .7em; }
-table.pivot tfoot td { text-align: left; white-space: pre-wrap; color: var(--muted, #555); }
-table.pivot tfoot div { contain: inline-size; min-width: 40ch; overflow-wrap: anywhere; }
-table.pivot tfoot tr:first-child { border-top: 1px solid var(--rule, #888); }
-table.pivot sup { font-weight: 400; line-height: 0; }
-)css";
-
 namespace {
 
 // A name keeps its own direction and does not turn the text around it.

@@ -54,6 +54,13 @@ endforeach()
 report_write(page.js "(() => {\n'use strict';\n${page}})();\n")
 configure_file(${CMAKE_CURRENT_LIST_DIR}/page/page.css ${report_assets}/page.css COPYONLY)
 
+find_program(NODE node REQUIRED)
+set(policy_maker ${CMAKE_CURRENT_LIST_DIR}/content_policy.mjs)
+set_property(DIRECTORY ${PROJECT_SOURCE_DIR} APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${policy_maker})
+execute_process(COMMAND ${NODE} ${policy_maker} page.css vega.js vega-lite.js vega-interpreter.js page.js
+  WORKING_DIRECTORY ${report_assets} OUTPUT_VARIABLE policy COMMAND_ERROR_IS_FATAL ANY)
+file(CONFIGURE OUTPUT ${report_assets}/policy.txt CONTENT "@policy@" @ONLY)
+
 file(GLOB report_inputs ${report_assets}/*)
 set_source_files_properties(${CMAKE_CURRENT_LIST_DIR}/assets.cpp PROPERTIES
   COMPILE_DEFINITIONS REPORT_ASSETS="${report_assets}" OBJECT_DEPENDS "${report_inputs}")

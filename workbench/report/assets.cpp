@@ -17,6 +17,7 @@ EMBED(report_vega_lite, "vega-lite.js");
 EMBED(report_interpreter, "vega-interpreter.js");
 EMBED(report_page_script, "page.js");
 EMBED(report_page_style, "page.css");
+EMBED(report_policy, "policy.txt");
 
 namespace workbench {
 
@@ -46,6 +47,10 @@ std::string_view pageScript() {
 
 std::string_view pageStyle() {
   return between(report_page_style, report_page_style_end);
+}
+
+std::string_view contentPolicy() {
+  return between(report_policy, report_policy_end);
 }
 
 }  // namespace workbench

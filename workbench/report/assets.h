@@ -15,4 +15,7 @@ std::string_view interpreterScript();  // evaluates Vega's expressions without e
 std::string_view pageScript();
 std::string_view pageStyle();
 
+// The page's content security policy: allows exactly the scripts and the style sheet above.
+std::string_view contentPolicy();
+
 }  // namespace workbench

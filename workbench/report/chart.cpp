@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "workbench/render/pivot_table.h"
+#include "workbench/session/texts.h"
 
 namespace workbench {
 
@@ -16,7 +17,7 @@ std::vector<std::string> specificationLines(const Json& item) {
   const auto found = item.FindMember("vizl");
   if (found == item.MemberEnd() || !found->value.IsArray()) return lines;
   for (const Json& line : found->value.GetArray()) {
-    lines.push_back(line.IsString() ? std::string(line.GetString(), line.GetStringLength()) : "(not a text)");
+    lines.push_back(line.IsString() ? std::string(line.GetString(), line.GetStringLength()) : tr("(not a text)"));
   }
   return lines;
 }

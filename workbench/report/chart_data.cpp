@@ -7,6 +7,7 @@
 
 #include "workbench/render/display_text.h"
 #include "workbench/render/number_format.h"
+#include "workbench/session/texts.h"
 
 namespace workbench {
 
@@ -76,8 +77,8 @@ void colorSeries(ChartData& data, const ChartSpec& spec) {
 }
 
 std::string findProblem(const ChartSpec& spec, const Json* x, const Json* y, const Json* names) {
-  if (spec.element == ChartSpec::Element::none) return "The chart's specification names nothing to draw.";
-  const auto absent = [](const std::string& column) { return "The chart has no data column '" + column + "'."; };
+  if (spec.element == ChartSpec::Element::none) return tr("The chart's specification names nothing to draw.");
+  const auto absent = [](const std::string& column) { return tr("The chart has no data column '^1'.", column); };
   if (x == nullptr) return absent(spec.xColumn);
   if (y == nullptr) return absent(spec.yColumn);
   if (names == nullptr && !spec.seriesColumn.empty()) return absent(spec.seriesColumn);
@@ -125,7 +126,7 @@ ChartData readChartData(const Json& columns, const ChartSpec& spec) {
     data.series[index].y.push_back(cellNumber((*y)[i]));
   }
   data.categories = categories.texts();
-  if (points == 0) data.problem = "The chart has no points.";
+  if (points == 0) data.problem = tr("The chart has no points.");
   if (!spec.dataOrder) sortCategories(data);
   for (std::string& category : data.categories) category = visibleText(category);
   nameSeries(data.series);

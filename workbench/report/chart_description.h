@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "workbench/render/number_format.h"
 #include "workbench/report/chart_data.h"
 #include "workbench/report/vizl.h"
 
@@ -11,6 +12,6 @@ namespace workbench {
 
 // Kind, title, span of the categories, and of each series (the first few of many) its first and last value and its
 // extremes with where they are. Visible text without line breaks.
-std::string describeChart(const ChartSpec& spec, const ChartData& data);
+std::string describeChart(const ChartSpec& spec, const ChartData& data, const Locale& locale = {});
 
 }  // namespace workbench

@@ -9,6 +9,7 @@
 #include "workbench/report/chart.h"
 #include "workbench/report/chart_description.h"
 #include "workbench/report/vega_lite.h"
+#include "workbench/session/texts.h"
 
 namespace workbench {
 
@@ -48,48 +49,68 @@ std::string chartJson(const ChartSpec& spec, const ChartData& data, std::size_t 
   return scriptJson(json);
 }
 
+// The texts that the page's script shows.
+std::string textsJson() {
+  rapidjson::Document json(rapidjson::kObjectType);
+  for (const auto& [key, text] : {std::pair{"copy", tr("Copy")},
+                                  {"copied", tr("Copied")},
+                                  {"notCopied", tr("Not copied")},
+                                  {"saveCsv", tr("Save CSV")},
+                                  {"showMore", tr("Show ^1 more of ^2")},
+                                  {"series", tr("Series")},
+                                  {"chart", tr("Chart")},
+                                  {"dark", tr("Dark")},
+                                  {"light", tr("Light")}}) {
+    json.AddMember(rapidjson::StringRef(key), Json(text, json.GetAllocator()), json.GetAllocator());
+  }
+  return scriptJson(json);
+}
+
 std::string canvas(std::size_t chart, const std::string& description) {
   constexpr std::string_view kFormat = R"(<div class="chart-tools" hidden>
-<button type="button" data-do="in" aria-label="Zoom in" title="Zoom in">+</button>
-<button type="button" data-do="out" aria-label="Zoom out" title="Zoom out">−</button>
-<button type="button" data-do="reset" title="Show everything">Reset</button>
-<button type="button" data-do="svg" title="Save as an SVG picture">SVG</button>
-<button type="button" data-do="png" title="Save as a PNG picture">PNG</button>
+<button type="button" data-do="in" aria-label="{0}" title="{0}">+</button>
+<button type="button" data-do="out" aria-label="{1}" title="{1}">−</button>
+<button type="button" data-do="reset" title="{2}">{3}</button>
+<button type="button" data-do="svg" title="{4}">SVG</button>
+<button type="button" data-do="png" title="{5}">PNG</button>
 </div>
-<div class="chart-frame" data-chart="{}" tabindex="0" role="img" aria-label="{}"></div>
+<div class="chart-frame" data-chart="{6}" tabindex="0" role="img" aria-label="{7}"></div>
 )";
-  return fmt::format(kFormat, chart, htmlText(description));
+  return fmt::format(kFormat, htmlText(tr("Zoom in")), htmlText(tr("Zoom out")), htmlText(tr("Show everything")),
+                     htmlText(tr("Reset")), htmlText(tr("Save as an SVG picture")),
+                     htmlText(tr("Save as a PNG picture")), chart, htmlText(description));
 }
 
 std::string dataPart(const ChartData& data, const std::string& description) {
   const std::size_t longest = data.longestSeries();
   std::string out;
   if (longest > kMostDrawn) {
-    out = fmt::format(
-        "<p class=\"remark\">Drawn from a sample: the longest series has {} points, about {} of them are shown at a "
-        "time, the extremes among them. Zooming in shows every point; the data below is complete.</p>\n",
-        longest, kMostDrawn);
+    out =
+        fmt::format("<p class=\"remark\">{}</p>\n",
+                    htmlText(tr("Drawn from a sample: the longest series has ^1 points, about ^2 of them are shown at "
+                                "a time, the extremes among them. Zooming in shows every point; the data below is "
+                                "complete.",
+                                longest, kMostDrawn)));
   }
   return out + fmt::format(
-                   "<details class=\"data\"><summary>Show data</summary>\n<p class=\"remark\">{}</p>\n<div "
+                   "<details class=\"data\"><summary>{}</summary>\n<p class=\"remark\">{}</p>\n<div "
                    "class=\"data-view\"></div></details>\n",
-                   htmlText(description));
+                   htmlText(tr("Show data")), htmlText(description));
 }
 
 std::string remarks(const std::vector<std::string>& notUnderstood) {
   if (notUnderstood.empty()) return {};
-  std::string out =
-      "<div class=\"remark not-understood\"><p>Not understood in this chart's specification, and not "
-      "drawn:</p>\n<ul>\n";
+  std::string out = fmt::format("<div class=\"remark not-understood\"><p>{}</p>\n<ul>\n",
+                                htmlText(tr("Not understood in this chart's specification, and not drawn:")));
   for (const std::string& line : notUnderstood) out += fmt::format("<li><code>{}</code></li>\n", htmlText(line));
   return out + "</ul></div>\n";
 }
 
 }  // namespace
 
-std::string ChartSections::add(const Json& item) {
+std::string ChartSections::add(const Json& item, const Locale& locale) {
   const auto [spec, data] = readChart(item);
-  const std::string description = describeChart(spec, data);
+  const std::string description = describeChart(spec, data, locale);
   std::string out = fmt::format("<h3><bdi>{}</bdi></h3>\n", htmlText(spec.title));
   if (data.problem.empty()) {
     out += canvas(charts_.size(), description) + dataPart(data, description);
@@ -100,9 +121,11 @@ std::string ChartSections::add(const Json& item) {
   return out + remarks(spec.notUnderstood);
 }
 
-std::string ChartSections::json() const {
-  return fmt::format("{{\"sample\":{},\n\"columns\":{},\n\"charts\":[{}]}}", kMostDrawn, columns_.json(),
-                     fmt::join(charts_, ",\n"));
+std::string ChartSections::json(const Locale& locale) const {
+  const std::string& decimal = locale.decimalSeparator;
+  return fmt::format("{{\"sample\":{},\n\"decimal\":{},\n\"texts\":{},\n\"columns\":{},\n\"charts\":[{}]}}", kMostDrawn,
+                     scriptJson(Json(rapidjson::StringRef(decimal.data(), decimal.size()))), textsJson(),
+                     columns_.json(), fmt::join(charts_, ",\n"));
 }
 
 }  // namespace workbench

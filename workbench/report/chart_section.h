@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "host/json_document.h"
+#include "workbench/render/number_format.h"
 #include "workbench/report/column_store.h"
 
 namespace workbench {
@@ -15,13 +16,13 @@ class ChartSections {
  public:
   // The place of a chart in the page: a heading, an empty frame that the script fills when it comes into view, the data
   // to be shown on request, and below whatever of its specification was not understood.
-  std::string add(const rapidjson::Value& item);
+  std::string add(const rapidjson::Value& item, const Locale& locale);
 
   bool empty() const { return charts_.empty(); }
 
-  // {"sample": points that a series is drawn with at most, "columns": [[...], ...], "charts": [...]}, safe inside a
-  // <script> element.
-  std::string json() const;
+  // {"sample": points that a series is drawn with at most, "decimal": separator of decimals, "texts": {...} what the
+  // script shows, "columns": [[...], ...], "charts": [...]}, safe inside a <script> element.
+  std::string json(const Locale& locale) const;
 
  private:
   ColumnStore columns_;

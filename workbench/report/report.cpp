@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <array>
 #include <string_view>
 #include <utility>
 
@@ -12,7 +11,7 @@
 #include "workbench/render/pivot_table.h"
 #include "workbench/report/assets.h"
 #include "workbench/report/chart_section.h"
-#include "workbench/report/sha256.h"
+#include "workbench/session/texts.h"
 
 namespace workbench {
 
@@ -38,12 +37,27 @@ std::string linesText(std::string_view text) {
   return out;
 }
 
+// What a message's kind is called in mark-up, and what the reader sees of it.
+std::pair<std::string_view, std::string> kindNames(ReportMessage::Kind kind) {
+  switch (kind) {
+    case ReportMessage::Kind::error:
+      return {"error", tr("Error")};
+    case ReportMessage::Kind::warning:
+      return {"warning", tr("Warning")};
+    case ReportMessage::Kind::hint:
+      return {"hint", tr("Hint")};
+    case ReportMessage::Kind::note:
+      break;
+  }
+  return {"note", tr("Note")};
+}
+
 class Page {
  public:
   explicit Page(const ReportInput& input) : input_(input) {}
 
   std::string write() {
-    const std::string heading = property("procedure").empty() ? "Run report" : htmlText(property("procedure"));
+    const std::string heading = htmlText(property("procedure").empty() ? tr("Run report") : property("procedure"));
     addCommand();
     addFacts();
     addMessages();
@@ -64,34 +78,36 @@ class Page {
 
   void addCommand() {
     if (input_.commandText.empty()) return;
-    addSection("command", "run", "Command",
-               "<div class=\"section-head\"><h2>Command</h2><button type=\"button\" data-copy=\"command\">Copy</button>"
-               "</div>\n<pre class=\"command\" tabindex=\"0\">" +
-                   linesText(input_.commandText) + "</pre>\n");
+    const std::string title = htmlText(tr("Command"));
+    addSection("command", "run", title,
+               fmt::format("<div class=\"section-head\"><h2>{}</h2><button type=\"button\" data-copy=\"command\">{}"
+                           "</button></div>\n<pre class=\"command\" tabindex=\"0\">{}</pre>\n",
+                           title, htmlText(tr("Copy")), linesText(input_.commandText)));
   }
 
   void addFacts() {
     if (input_.facts.empty() && input_.savedFiles.empty()) return;
-    std::string out = "<h2>Run</h2>\n<dl class=\"facts\">\n";
+    const std::string title = htmlText(tr("Run"));
+    std::string out = "<h2>" + title + "</h2>\n<dl class=\"facts\">\n";
     for (const ReportFact& fact : input_.facts) {
       out += fmt::format("<div><dt>{}</dt><dd>{}</dd></div>\n", htmlText(fact.label), linesText(fact.value));
     }
     for (const std::string& file : input_.savedFiles) {
-      out += fmt::format("<div><dt>Saved file</dt><dd>{}</dd></div>\n", htmlText(file));
+      out += fmt::format("<div><dt>{}</dt><dd>{}</dd></div>\n", htmlText(tr("Saved file")), htmlText(file));
     }
-    addSection("facts", "run", "Run", out + "</dl>\n");
+    addSection("facts", "run", title, out + "</dl>\n");
   }
 
   void addMessages() {
     if (input_.messages.empty()) return;
-    constexpr std::array<std::pair<std::string_view, std::string_view>, 4> kKinds{
-        {{"error", "Error"}, {"warning", "Warning"}, {"note", "Note"}, {"hint", "Hint"}}};
-    std::string out = "<h2>Messages</h2>\n<ul class=\"messages\">\n";
+    const std::string title = htmlText(tr("Messages"));
+    std::string out = "<h2>" + title + "</h2>\n<ul class=\"messages\">\n";
     for (const ReportMessage& message : input_.messages) {
-      const auto& [kind, label] = kKinds.at(static_cast<std::size_t>(message.kind));
-      out += fmt::format("<li class=\"{}\"><strong>{}</strong><p>{}</p></li>\n", kind, label, linesText(message.text));
+      const auto& [kind, label] = kindNames(message.kind);
+      out += fmt::format("<li class=\"{}\"><strong>{}</strong><p>{}</p></li>\n", kind, htmlText(label),
+                         linesText(message.text));
     }
-    addSection("messages", "run", "Messages", out + "</ul>\n");
+    addSection("messages", "run", title, out + "</ul>\n");
   }
 
   void addItems() {
@@ -105,56 +121,54 @@ class Page {
       if (type == "table") {
         addTable(id, readPivotTable(item, input_.locale));
       } else if (type == "chart") {
-        addSection(id, "chart", htmlText(textProperty(item, "name")), charts_.add(item));
+        addSection(id, "chart", htmlText(textProperty(item, "name")), charts_.add(item, input_.locale));
       }
     }
   }
 
   void addTable(const std::string& id, const PivotTable& table) {
     const std::string title = htmlText(table.title);
-    addSection(id, "table", title,
-               fmt::format("<div class=\"table-tools\"><button type=\"button\" data-copy=\"table\" title=\"Copy for a "
-                           "spreadsheet, in full precision\">Copy</button></div>\n<div class=\"scroll\" tabindex=\"0\" "
-                           "role=\"region\" aria-label=\"{}\">\n{}</div>\n",
-                           title, htmlTable(table)));
-  }
-
-  std::string styles() const { return std::string(kPivotTableCss) + std::string(pageStyle()); }
-
-  static std::array<std::string_view, 4> codes() {
-    return {vegaScript(), vegaLiteScript(), interpreterScript(), pageScript()};
+    addSection(
+        id, "table", title,
+        fmt::format("<div class=\"table-tools\"><button type=\"button\" data-copy=\"table\" title=\"{}\">{}</button>"
+                    "</div>\n<div class=\"scroll\" tabindex=\"0\" role=\"region\" aria-label=\"{}\">\n{}</div>\n",
+                    htmlText(tr("Copy for a spreadsheet, in full precision")), htmlText(tr("Copy")), title,
+                    htmlTable(table)));
   }
 
   std::string head(const std::string& heading) const {
-    std::string allowed;
-    for (const std::string_view code : codes()) allowed += fmt::format(" '{}'", integritySource(code));
-    const std::string policy = fmt::format(
-        "default-src 'none'; script-src{}; style-src '{}'; img-src data: blob:; base-uri 'none'; form-action 'none'",
-        allowed, integritySource(styles()));
     return fmt::format(
         "<!DOCTYPE html>\n<html lang=\"{}\">\n<head>\n<meta charset=\"utf-8\">\n<meta "
         "http-equiv=\"Content-Security-Policy\" content=\"{}\">\n<meta name=\"viewport\" content=\"width=device-width, "
         "initial-scale=1\">\n<link rel=\"icon\" href=\"data:,\">\n<title>{}</title>\n<style>{}</style>\n</head>\n",
-        htmlText(input_.language), policy, heading, styles());
+        htmlText(input_.language), contentPolicy(), heading, pageStyle());
   }
 
   std::string body(const std::string& heading) const {
     const std::string subtitle = htmlText(property("subtitle"));
-    std::string out = "<body>\n<a class=\"skip\" href=\"#content\">Skip to the output</a>\n<header>\n<div><h1><bdi>" +
-                      heading + "</bdi></h1>";
+    const std::string outline = htmlText(tr("Outline"));
+    std::string out =
+        fmt::format("<body>\n<a class=\"skip\" href=\"#content\">{}</a>\n<header>\n<div><h1><bdi>{}</bdi></h1>",
+                    htmlText(tr("Skip to the output")), heading);
     if (!subtitle.empty()) out += "<p>" + subtitle + "</p>";
-    out +=
-        "</div>\n<div class=\"page-tools\" hidden><button type=\"button\" data-page=\"theme\">Dark</button><button "
-        "type=\"button\" data-page=\"print\">Print</button></div>\n</header>\n<div class=\"columns\">\n<nav "
-        "aria-label=\"Outline\"><details open><summary>Outline</summary>\n<ol>\n" +
-        outline_ + "</ol>\n</details></nav>\n<main id=\"content\">\n";
-    if (!charts_.empty()) out += "<noscript><p class=\"remark\">Charts are drawn by a script.</p></noscript>\n";
+    out += fmt::format(
+        "</div>\n<div class=\"page-tools\" hidden><button type=\"button\" data-page=\"theme\">{}</button><button "
+        "type=\"button\" data-page=\"print\">{}</button></div>\n</header>\n<div class=\"columns\">\n<nav "
+        "aria-label=\"{}\"><details open><summary>{}</summary>\n<ol>\n{}</ol>\n</details></nav>\n<main "
+        "id=\"content\">\n",
+        htmlText(tr("Dark")), htmlText(tr("Print")), outline, outline, outline_);
+    if (!charts_.empty()) {
+      out += "<noscript><p class=\"remark\">" + htmlText(tr("Charts are drawn by a script.")) + "</p></noscript>\n";
+    }
     return out + main_ + "</main>\n</div>\n<div id=\"status\" role=\"status\" aria-live=\"polite\"></div>\n";
   }
 
   std::string scripts() const {
-    std::string out = "<script type=\"application/json\" id=\"report-data\">" + charts_.json() + "</script>\n";
-    for (const std::string_view code : codes()) out.append("<script>").append(code).append("</script>\n");
+    std::string out =
+        "<script type=\"application/json\" id=\"report-data\">" + charts_.json(input_.locale) + "</script>\n";
+    for (const std::string_view code : {vegaScript(), vegaLiteScript(), interpreterScript(), pageScript()}) {
+      out.append("<script>").append(code).append("</script>\n");
+    }
     return out;
   }
 

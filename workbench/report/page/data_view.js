@@ -2,10 +2,14 @@
 
 const ROWS_AT_ONCE = 200;
 
-const full = (value) => (value === null || value === undefined ? '' : String(value));
+// A cell in full precision, as files and spreadsheets take it.
+const full = (cell) => String(cell ?? '');
 
-// Header and rows as texts. A row a category with a column a series; where a series has several points at one category,
-// a row a point.
+// Texts stay as they are.
+const shownCell = (cell) => (typeof cell === 'number' ? inLanguage(full(cell)) : full(cell));
+
+// Header and rows of texts and numbers. A row a category with a column a series; where a series has several points at
+// one category, a row a point.
 function dataRows(chart) {
   const labels = labelsOf(chart);
   const repeated = chart.series.some(
@@ -13,12 +17,12 @@ function dataRows(chart) {
   );
   if (repeated) {
     const rows = chart.series.flatMap((series) =>
-      valuesOf(series).map((value, i) => [labels[placeOf(series, i)], series.name, full(value)]),
+      valuesOf(series).map((value, i) => [labels[placeOf(series, i)], series.name, value]),
     );
-    return { header: [chart.xLabel, 'Series', chart.yLabel], rows };
+    return { header: [chart.xLabel, report.texts.series, chart.yLabel], rows };
   }
   const header = [chart.xLabel, ...chart.series.map((series) => series.name || chart.yLabel)];
-  const cell = (series, place) => full(valuesOf(series)[pointsAt(series, place)[0]]);
+  const cell = (series, place) => valuesOf(series)[pointsAt(series, place)[0]];
   const rows = labels.map((label, place) => [label, ...chart.series.map((series) => cell(series, place))]);
   return { header, rows };
 }
@@ -31,12 +35,12 @@ function makeButton(text, action) {
   return button;
 }
 
-function makeRow(texts, tag, scope) {
+function makeRow(cells, tag, scope) {
   const row = document.createElement('tr');
-  texts.forEach((text, i) => {
+  cells.forEach((content, i) => {
     const cell = document.createElement(i === 0 ? 'th' : tag);
     if (i === 0 || tag === 'th') cell.scope = i === 0 ? scope : 'col';
-    cell.textContent = text;
+    cell.textContent = shownCell(content);
     row.append(cell);
   });
   return row;
@@ -54,7 +58,9 @@ function fillDataView(place, chart) {
     body.append(...rows.slice(shown, shown + ROWS_AT_ONCE).map((row) => makeRow(row, 'td', 'row')));
     const left = rows.length - body.rows.length;
     more.hidden = left === 0;
-    more.textContent = `Show ${Math.min(left, ROWS_AT_ONCE)} more of ${left}`;
+    more.textContent = report.texts.showMore
+      .replace('^1', Math.min(left, ROWS_AT_ONCE))
+      .replace('^2', left);
   };
   showMore();
   const scroll = document.createElement('div');
@@ -63,10 +69,10 @@ function fillDataView(place, chart) {
   scroll.append(table);
   const tools = document.createElement('div');
   tools.className = 'data-tools';
-  const lines = () => [header, ...rows];
+  const lines = () => [header, ...rows].map((row) => row.map(full));
   tools.append(
-    makeButton('Copy', (event) => copyText(tabSeparated(lines()), event.currentTarget)),
-    makeButton('Save CSV', () =>
+    makeButton(report.texts.copy, (event) => copyText(tabSeparated(lines()), event.currentTarget)),
+    makeButton(report.texts.saveCsv, () =>
       saveFile(new Blob([commaSeparated(lines())], { type: 'text/csv' }), fileName(chart, 'csv')),
     ),
   );

@@ -2,7 +2,8 @@
 
 const MOST_VALUES = 12;
 
-const numberText = (value) => (value === null ? '.' : value.toLocaleString('en-US', { maximumSignificantDigits: 10 }));
+const numberText = (value) =>
+  value === null ? '.' : inLanguage(value.toLocaleString('en-US', { maximumSignificantDigits: 10 }));
 
 // Series with their values at a place; of many, those nearest to `height` pixels from the top.
 function valuesAt(chart, place, height) {

@@ -39,7 +39,7 @@ function switchTheme() {
   const dark = () =>
     getComputedStyle(root).colorScheme === 'dark' ||
     (!root.dataset.theme && matchMedia('(prefers-color-scheme: dark)').matches);
-  const label = () => (button.textContent = dark() ? 'Light' : 'Dark');
+  const label = () => (button.textContent = dark() ? report.texts.light : report.texts.dark);
   button.addEventListener('click', () => {
     root.dataset.theme = dark() ? 'light' : 'dark';
     label();

@@ -13,7 +13,7 @@ async function copyText(text, button) {
     area.remove();
     button.focus();
   }
-  const said = copied ? 'Copied' : 'Not copied';
+  const said = copied ? report.texts.copied : report.texts.notCopied;
   document.getElementById('status').textContent = said;
   const before = button.dataset.label ?? button.textContent;
   button.dataset.label = before;
@@ -40,7 +40,7 @@ const fileName = (chart, extension) =>
     chart.title
       .replace(/[^\p{L}\p{N}_-]+/gu, ' ')
       .trim()
-      .slice(0, 80) || 'chart'
+      .slice(0, 80) || report.texts.chart
   }.${extension}`;
 
 function saveFile(blob, name) {
