@@ -2,6 +2,7 @@
 
 #include <boost/math/distributions/normal.hpp>
 #include <boost/math/distributions/students_t.hpp>
+#include <boost/math/policies/policy.hpp>
 #include <cmath>
 #include <limits>
 #include <stdexcept>
@@ -12,6 +13,17 @@ namespace {
 double standardError(double residualVariance, double inverseDiagonal) {
   const double variance = residualVariance * inverseDiagonal;
   return variance >= 0.0 ? std::sqrt(variance) : 0.0;
+}
+
+// Evaluated in doubles, which is over ten times faster than the default of promoting them and keeps 12 digits; far in
+// the tail it would underflow too early.
+using InDoubles = boost::math::policies::policy<boost::math::policies::promote_double<false>>;
+constexpr double kFarTail = 1e-200;
+
+template <class Policy>
+double tailOfBothSides(double t, std::int64_t degreesOfFreedom) {
+  const boost::math::students_t_distribution<double, Policy> distribution(static_cast<double>(degreesOfFreedom));
+  return 2.0 * boost::math::cdf(boost::math::complement(distribution, std::abs(t)));
 }
 
 }  // namespace
@@ -29,20 +41,21 @@ double criticalValue(double confidenceLevel) {
 double twoSidedPValue(double t, std::int64_t degreesOfFreedom) {
   if (degreesOfFreedom == 0) return 1.0;
   try {
-    const boost::math::students_t_distribution<double> distribution(static_cast<double>(degreesOfFreedom));
-    return 2.0 * boost::math::cdf(boost::math::complement(distribution, std::abs(t)));
+    const double p = tailOfBothSides<InDoubles>(t, degreesOfFreedom);
+    return p > kFarTail ? p : tailOfBothSides<boost::math::policies::policy<>>(t, degreesOfFreedom);
   } catch (const std::exception&) {
     return 1.0;
   }
 }
 
 CoefficientInference inferCoefficients(std::span<const double> coefficients, double residualVariance,
-                                       const Matrix& inverse, std::int64_t degreesOfFreedom, double confidenceLevel) {
+                                       std::span<const double> inverseDiagonal, std::int64_t degreesOfFreedom,
+                                       double confidenceLevel) {
   const double z = criticalValue(confidenceLevel);
   CoefficientInference result;
   for (std::size_t j = 0; j < coefficients.size(); ++j) {
     const double b = coefficients[j];
-    const double se = standardError(residualVariance, inverse(j, j));
+    const double se = standardError(residualVariance, inverseDiagonal[j]);
     const double t = se > 0.0 ? b / se : 0.0;
     const double margin = se > 0.0 ? se * z : 0.0;
     result.standardErrors.push_back(se);

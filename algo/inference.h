@@ -6,8 +6,6 @@
 #include <span>
 #include <vector>
 
-#include "algo/matrix.h"
-
 namespace varmodel {
 
 // One value a coefficient, k each.
@@ -27,10 +25,11 @@ double criticalValue(double confidenceLevel);
 // taken as a complement, so that a p-value of 1e-30 keeps its digits.
 double twoSidedPValue(double t, std::int64_t degreesOfFreedom);
 
-// Inference on k coefficients from the residual variance and (X'X)^-1 (k x k). The limits are b -/+ se * critical value
-// (normal), while the p-values use Student's t: both on purpose. Where the standard error is not positive, t is 0, p is
-// 1 and both limits are b.
+// Inference on k coefficients from the residual variance and the k diagonal elements of (X'X)^-1. The limits are b -/+
+// se * critical value (normal), while the p-values use Student's t: both on purpose. Where the standard error is not
+// positive, t is 0, p is 1 and both limits are b.
 CoefficientInference inferCoefficients(std::span<const double> coefficients, double residualVariance,
-                                       const Matrix& inverse, std::int64_t degreesOfFreedom, double confidenceLevel);
+                                       std::span<const double> inverseDiagonal, std::int64_t degreesOfFreedom,
+                                       double confidenceLevel);
 
 }  // namespace varmodel

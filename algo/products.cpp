@@ -28,17 +28,6 @@ void accumulateCrossProduct(const Matrix& a, const Matrix& b, bool upperOnly, Ma
 
 }  // namespace
 
-Matrix product(const Matrix& a, const Matrix& b) {
-  assert(a.columns == b.rows);
-  Matrix result(a.rows, b.columns);
-  for (std::size_t i = 0; i < a.rows; ++i) {
-    for (std::size_t c = 0; c < a.columns; ++c) {
-      addScaled(a(i, c), b.row(c).data(), result.row(i).data(), 0, b.columns);
-    }
-  }
-  return result;
-}
-
 Matrix crossProduct(const Matrix& a, const Matrix& b) {
   assert(a.rows == b.rows);
   Matrix result(a.columns, b.columns);

@@ -7,9 +7,6 @@
 
 namespace varmodel {
 
-// A B, for A of n x k and B of k x m: element (i, j) is the sum over c of A[i][c] * B[c][j].
-Matrix product(const Matrix& a, const Matrix& b);
-
 // A'B, for A of n x k and B of n x m: element (i, j) is the sum over the rows r of A[r][i] * B[r][j]. Both are read
 // once, row by row.
 Matrix crossProduct(const Matrix& a, const Matrix& b);

@@ -1,12 +1,8 @@
 #include "algo/residual_covariance.h"
 
 #include <algorithm>
-#include <cassert>
 #include <cmath>
-#include <span>
 #include <stdexcept>
-
-#include "algo/moments.h"
 
 namespace varmodel {
 namespace {
@@ -14,11 +10,9 @@ namespace {
 constexpr double kSingularDeterminant = 1e-12;
 constexpr double kSmallestScale = 1e-12;
 
-double covariance(std::span<const double> x, double meanX, std::span<const double> y, double meanY) {
-  assert(x.size() == y.size());
-  double sum = 0.0;
-  for (std::size_t t = 0; t < x.size(); ++t) sum += (x[t] - meanX) * (y[t] - meanY);
-  return sum / static_cast<double>(x.size());
+// The sum of (e(i) - mean(i)) (e(j) - mean(j)).
+double centeredProduct(const ResidualMoments& moments, std::size_t i, std::size_t j) {
+  return moments.products(i, j) - moments.sums[i] * moments.sums[j] / static_cast<double>(moments.count);
 }
 
 bool isSquare(const std::vector<std::vector<double>>& matrix) {
@@ -31,20 +25,24 @@ double correlation(double covariance, double scale) {
 
 }  // namespace
 
-std::vector<std::vector<double>> residualCovarianceMatrix(const std::vector<std::vector<double>>& residuals) {
-  if (residuals.empty() || residuals.front().empty()) {
+std::vector<std::vector<double>> residualCovarianceMatrix(const ResidualMoments& moments) {
+  const std::size_t count = moments.sums.size();
+  if (count == 0 || moments.count == 0) {
     throw std::invalid_argument("Cannot compute covariance with no residual values");
   }
-  const std::size_t count = residuals.size();
-  std::vector<double> means;
-  for (const std::vector<double>& series : residuals) means.push_back(mean(series));
   std::vector<std::vector<double>> result(count, std::vector<double>(count));
   for (std::size_t i = 0; i < count; ++i) {
     for (std::size_t j = i; j < count; ++j) {
-      result[i][j] = result[j][i] = covariance(residuals[i], means[i], residuals[j], means[j]);
+      result[i][j] = result[j][i] = centeredProduct(moments, i, j) / static_cast<double>(moments.count);
     }
   }
   return result;
+}
+
+double residualVariance(const ResidualMoments& moments, std::size_t i, std::int64_t k) {
+  const std::int64_t degreesOfFreedom = static_cast<std::int64_t>(moments.count) - k;
+  if (moments.count == 0 || degreesOfFreedom == 0) return 0.0;
+  return centeredProduct(moments, i, i) / static_cast<double>(degreesOfFreedom);
 }
 
 bool isSingularDeterminant(double determinant) {

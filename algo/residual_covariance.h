@@ -2,13 +2,28 @@
 
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <vector>
+
+#include "algo/matrix.h"
 
 namespace varmodel {
 
-// V, K x K as row vectors, of K equally long residual series of n values, means subtracted, divisor n. Throws
+// Sums over the n residuals of each of K equations.
+struct ResidualMoments {
+  Matrix products;           // K x K: of e(i) e(j)
+  std::vector<double> sums;  // of e(i)
+  std::size_t count = 0;     // n
+};
+
+// V, K x K as row vectors, with means subtracted and divisor n. The residuals of a regression with a constant have
+// means of the size of rounding errors, so that subtracting them from the sums costs no digit. Throws
 // std::invalid_argument when there are no values.
-std::vector<std::vector<double>> residualCovarianceMatrix(const std::vector<std::vector<double>>& residuals);
+std::vector<std::vector<double>> residualCovarianceMatrix(const ResidualMoments& moments);
+
+// Sum of squared deviations of equation i's residuals from their mean, over n - k; 0 when there are none or n = k.
+double residualVariance(const ResidualMoments& moments, std::size_t i, std::int64_t k);
 
 // True when a covariance determinant is too small to take logarithms of: the bound 1e-12 is absolute, in the product of
 // the squared units of the series.

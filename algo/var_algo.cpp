@@ -4,15 +4,15 @@
 #include <iostream>
 #include <optional>
 #include <set>
+#include <span>
 #include <sstream>
 #include <utility>
 
 #include "algo/condition.h"
-#include "algo/design_matrix.h"
 #include "algo/inference.h"
 #include "algo/lag_selection.h"
-#include "algo/least_squares.h"
 #include "algo/lu.h"
+#include "algo/regression_rows.h"
 #include "algo/residual_covariance.h"
 #include "syntax/command_identity.h"
 
@@ -50,6 +50,20 @@ void warnOfDisagreement(const LagChoice& choice, CriterionSwitches enabled) {
   if (criteria < 2 || std::ssize(lags) < criteria) return;
   std::cerr << "Warning: VARAlgo::selectOptimalLag - The criteria disagree (" << chosen.str()
             << "): the largest log-likelihood decided for lag " << choice.overall << ".\n";
+}
+
+void setOnlySeries(std::vector<std::vector<double>>& field, std::vector<double> series) {
+  field.clear();
+  field.push_back(std::move(series));
+}
+
+// Actual minus residual, over the last rows of `actual`.
+std::vector<double> fittedValues(std::span<const double> actual, std::span<const double> residuals) {
+  std::vector<double> fitted;
+  fitted.reserve(residuals.size());
+  const std::span<const double> rows = actual.last(residuals.size());
+  for (std::size_t r = 0; r < residuals.size(); ++r) fitted.push_back(rows[r] - residuals[r]);
+  return fitted;
 }
 
 }  // namespace
@@ -94,6 +108,7 @@ bool VARAlgo::estimateVARWithLags() {
   for (std::size_t i = 0; i < equationResults.size() && i < settings.endogenousNames.size(); ++i) {
     equationResults[i].equationName = settings.endogenousNames[i];
   }
+  regression_.reset();
   for (std::int32_t lag = settings.minLag; lag <= settings.maxLag; ++lag) {
     InformationCriteria criteria;
     if (!estimateForLag(lag, criteria.logLikelihood, criteria.aic, criteria.bic, criteria.hqic)) return false;
@@ -103,6 +118,7 @@ bool VARAlgo::estimateVARWithLags() {
     bicValues.push_back(criteria.bic);
     hqicValues.push_back(criteria.hqic);
   }
+  regression_.reset();
   optimalLag = forecastLag = selectOptimalLag(lagOrders, aicValues, bicValues, hqicValues);
   if (optimalLag < settings.maxLag) warnOfSmallerLag(optimalLag, settings.maxLag);
   return computeSelectedCovariance();
@@ -117,8 +133,8 @@ bool VARAlgo::estimateForLag(std::int32_t lag, double& logLikelihood, double& ai
     return false;
   }
   if (!seriesAreAligned(endogenous, exogenous, endogenous.front().size())) return false;
-  std::optional<LeastSquaresFit> fit = fitLeastSquares(designMatrix(endogenous, exogenous, settings.maxLag, lag),
-                                                       targetMatrix(endogenous, settings.maxLag));
+  if (!regression_) regression_.emplace(endogenous, exogenous, settings.maxLag);
+  std::optional<LagFit> fit = regression_->fit(lag);
   if (!fit) {
     parserMessage.GenericError(kSingularRegressors);
     return false;
@@ -126,8 +142,9 @@ bool VARAlgo::estimateForLag(std::int32_t lag, double& logLikelihood, double& ai
   if (!regressorsAreUsable(fit->reciprocalCondition, lag, k)) return false;
   residualsByLag[lag] = std::move(fit->residuals);
   coefficientsByLag[lag] = std::move(fit->coefficients);
+  covarianceByLag_[lag] = residualCovarianceMatrix(fit->moments);
   if (!computeCriteria(lag, logLikelihood, aic, bic, hqic)) return false;
-  if (lag == settings.maxLag) storeEquationResults(fit->inverse, fit->fitted);
+  if (lag == settings.maxLag) storeEquationResults(fit->moments);
   return true;
 }
 
@@ -147,7 +164,7 @@ bool VARAlgo::regressorsAreUsable(double reciprocalCondition, std::int32_t lag, 
 
 bool VARAlgo::computeCriteria(std::int32_t lag, double& logLikelihood, double& aic, double& bic, double& hqic) {
   const SeriesList& residuals = residualsByLag[lag];
-  const double determinantOfLag = determinant(residualCovarianceMatrix(residuals));
+  const double determinantOfLag = determinant(covarianceByLag_[lag]);
   if (isSingularDeterminant(determinantOfLag)) {
     parserMessage.GenericError(kSingularCovariance);
     return false;
@@ -161,23 +178,24 @@ bool VARAlgo::computeCriteria(std::int32_t lag, double& logLikelihood, double& a
   return true;
 }
 
-void VARAlgo::storeEquationResults(const Matrix& inverse, const Matrix& fitted) {
+void VARAlgo::storeEquationResults(const ResidualMoments& moments) {
   const SeriesList& coefficients = coefficientsByLag[settings.maxLag];
   const SeriesList& residuals = residualsByLag[settings.maxLag];
+  const std::vector<double> inverseDiagonal = regression_->inverseDiagonal();
   for (std::size_t i = 0; i < equationResults.size(); ++i) {
     EquationResult& result = equationResults[i];
     const std::int64_t k = std::ssize(coefficients[i]);
-    result.residualVariance = residualVariance(residuals[i], k);
-    const CoefficientInference inference = inferCoefficients(coefficients[i], result.residualVariance, inverse,
-                                                             std::ssize(residuals[i]) - k, settings.ciLevel);
+    result.residualVariance = residualVariance(moments, i, k);
+    CoefficientInference inference = inferCoefficients(coefficients[i], result.residualVariance, inverseDiagonal,
+                                                       std::ssize(residuals[i]) - k, settings.ciLevel);
     result.coefficients.assign(1, coefficients[i]);
-    result.standardErrors.assign(1, inference.standardErrors);
-    result.tStatistics.assign(1, inference.tStatistics);
-    result.pValues.assign(1, inference.pValues);
-    result.lowerLimits.assign(1, inference.lowerLimits);
-    result.upperLimits.assign(1, inference.upperLimits);
+    setOnlySeries(result.standardErrors, std::move(inference.standardErrors));
+    setOnlySeries(result.tStatistics, std::move(inference.tStatistics));
+    setOnlySeries(result.pValues, std::move(inference.pValues));
+    setOnlySeries(result.lowerLimits, std::move(inference.lowerLimits));
+    setOnlySeries(result.upperLimits, std::move(inference.upperLimits));
     result.confidenceLevel = settings.ciLevel;
-    result.fittedValues.assign(1, columnOf(fitted, i));
+    setOnlySeries(result.fittedValues, fittedValues(settings.endogenousSeries[i], residuals[i]));
     result.residuals.assign(1, residuals[i]);
   }
 }
@@ -194,9 +212,8 @@ std::int32_t VARAlgo::selectOptimalLag(const std::vector<std::int32_t>& lags, co
 }
 
 bool VARAlgo::computeSelectedCovariance() {
-  const auto entry = residualsByLag.find(optimalLag);
-  if (entry == residualsByLag.end()) return true;
-  residualCovariance = residualCovarianceMatrix(entry->second);
+  if (!residualsByLag.contains(optimalLag)) return true;
+  residualCovariance = covarianceByLag_[optimalLag];
   residualCovarianceDeterminant = determinant(residualCovariance);
   if (!isSingularDeterminant(residualCovarianceDeterminant)) return true;
   parserMessage.GenericError(kSingularCovariance);

@@ -4,11 +4,12 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "algo/equation_result.h"
-#include "algo/matrix.h"
+#include "algo/lag_regression.h"
 #include "host/parser_message.h"
 #include "syntax/input_settings.h"
 
@@ -54,12 +55,15 @@ class VARAlgo {
   bool estimateForLag(std::int32_t lag, double& logLikelihood, double& aic, double& bic, double& hqic);
   bool regressorsAreUsable(double reciprocalCondition, std::int32_t lag, std::int64_t k);
   bool computeCriteria(std::int32_t lag, double& logLikelihood, double& aic, double& bic, double& hqic);
-  // Fills the per-equation fields of the MAXLAG model: (X'X)^-1 (k x k) and the fitted values (n x K) of that model.
-  void storeEquationResults(const Matrix& inverse, const Matrix& fitted);
+  // Fills the per-equation fields of the MAXLAG model.
+  void storeEquationResults(const ResidualMoments& moments);
   // Sets the lag of each criterion and returns the overall one; throws std::invalid_argument for empty or uneven lists.
   std::int32_t selectOptimalLag(const std::vector<std::int32_t>& lags, const std::vector<double>& aic,
                                 const std::vector<double>& bic, const std::vector<double>& hqic);
   bool computeSelectedCovariance();
+
+  std::optional<LagRegression> regression_;  // while lags are fitted
+  std::map<std::int32_t, SeriesList> covarianceByLag_;
 };
 
 }  // namespace varmodel

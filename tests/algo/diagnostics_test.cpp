@@ -124,10 +124,11 @@ TEST(FitMeasures, ErrorMeasures) {
 }
 
 TEST(ResidualCovariance, HandValuesWithDivisorN) {
-  const auto covariance = residualCovarianceMatrix({{1, 2, 3, 6}, {2, 0, 2, 4}});
+  // The series 1, 2, 3, 6 and 2, 0, 2, 4.
+  const auto covariance = residualCovarianceMatrix({matrixOf({{50, 32}, {32, 24}}), {12, 8}, 4});
   EXPECT_THAT(covariance, ElementsAre(ElementsAre(3.5, 2.0), ElementsAre(2.0, 2.0)));
-  EXPECT_THROW(residualCovarianceMatrix({}), std::invalid_argument);
-  EXPECT_THROW(residualCovarianceMatrix({{}, {}}), std::invalid_argument);
+  EXPECT_THROW(residualCovarianceMatrix(ResidualMoments{}), std::invalid_argument);
+  EXPECT_THROW(residualCovarianceMatrix({matrixOf({{0}}), {0}, 0}), std::invalid_argument);
 }
 
 TEST(Correlation, ScalesClampsAndRefuses) {

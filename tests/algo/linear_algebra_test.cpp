@@ -4,6 +4,7 @@
 #include "algo/lu.h"
 #include "algo/products.h"
 #include "tests/algo/numeric_support.h"
+#include "tests/algo/plain_least_squares.h"
 
 namespace varmodel {
 namespace {
