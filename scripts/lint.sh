@@ -6,4 +6,4 @@ mapfile -t files < <(git ls-files '*.h' '*.cpp')
 clang-format --dry-run --Werror "${files[@]}"
 cmake --preset release -Wno-dev >/dev/null
 mapfile -t sources < <(git ls-files '*.cpp' | grep -v '^tests/')
-printf '%s\n' "${sources[@]}" | xargs -P "$(nproc)" -n 4 clang-tidy -p build/release --quiet
+printf '%s\n' "${sources[@]}" | xargs -P "$(nproc)" -n 4 clang-tidy -p build/release --quiet --extra-arg=-Wno-unknown-warning-option
