@@ -88,7 +88,7 @@ void printTimings(const StageClock& clock, double load, double render, double to
 
 }  // namespace
 
-int runJob(Job job, const OutputOptions& options) {
+int runJob(const Job& job, const OutputOptions& options) {
   const Stopwatch total;
   Session session;
   const SessionScope scope(session);

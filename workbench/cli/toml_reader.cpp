@@ -45,7 +45,7 @@ template <typename T>
 std::optional<T> TomlSection::value(std::string_view key, const char* expected) const {
   const toml::node* found = table_.get(key);
   if (found == nullptr) return std::nullopt;
-  const std::optional<T> value = found->value_exact<T>();
+  std::optional<T> value = found->value_exact<T>();
   if (!value) fail(key, std::string("must be ") + expected + ".");
   return value;
 }

@@ -108,7 +108,7 @@ CaseCalendar calendarFromColumns(const Dataset& dataset, const DateColumns& colu
     ordinals.push_back(period->ordinal());
   }
   std::ranges::sort(ordinals);
-  ordinals.erase(std::ranges::unique(ordinals).begin(), ordinals.end());
+  ordinals.erase(std::unique(ordinals.begin(), ordinals.end()), ordinals.end());
   const std::int64_t step = ordinals.size() > 1 ? commonSpacing(ordinals).step : 1;
   requireEvenlySpaced(periods, step, source);
   return {periods.front(), step};
