@@ -94,7 +94,7 @@ void fillFromOrigins(const std::vector<PeriodType>& periods, std::vector<unsigne
   }
 }
 
-// The case offset of the PREDICT THRU date; none when it names no period of the specification.
+// The case offset of the PREDICT THRU date; none when it names no period of the date specification.
 std::optional<std::int64_t> dateTargetOffset(const PredictThruDate& date, const TSXDateSpec& specification) {
   const std::vector<PeriodType> periods = periodsOf(specification);
   std::vector<unsigned> components = componentsOf(date, periods);

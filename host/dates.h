@@ -1,7 +1,7 @@
 // The host's calendar of the active dataset. Conventions: edge.h.
 //
 // A date specification numbers the cases of a dataset whose periods are named by up to nine date variables. An index
-// tuple names one period: one unsigned component for each period of the specification, coarsest first, as the date
+// tuple names one period: one unsigned component for each of its periods, coarsest first, as the date
 // variables hold them (year 1959, quarter 1). Case offset 0 is the first case; offsets may lie after the last case.
 
 #pragma once
@@ -28,7 +28,8 @@ class HOST_API TSXDateSpec {
     TSXIndexTuple& operator=(const TSXIndexTuple& other);
     ~TSXIndexTuple();
 
-    // False, and nothing changed, when the tuple names no period of the specification (wrong count, month 13, ...).
+    // False, and nothing changed, when the tuple names no period of the date specification (wrong count, month 13,
+    // ...).
     bool SetIndexes(const std::vector<unsigned>& components);
     std::vector<unsigned> GetIndexes() const;
     // Offset of the period; of the nearest earlier one (or, with true, later one) when no period has that name.
@@ -51,7 +52,7 @@ class HOST_API TSXDateSpec {
   bool GetPeriod(int i, PeriodType& unit) const;
   bool SetFirstCaseIndex(const TSXIndexTuple& first);
   TSXIndexTuple IndexTuple(long caseOffset) const;
-  std::int64_t VirtualCaseOffset(long caseOffset) const;  // distance from the specification's origin, in cases
+  std::int64_t VirtualCaseOffset(long caseOffset) const;  // distance from the origin, in cases
 
   struct State;
   const State& state() const { return *state_; }

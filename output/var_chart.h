@@ -20,7 +20,7 @@ class VARChart : public StatVizlGraph {
   void setAxisLabel(bool isXAxis, const std::string& label);
   void setSeriesColor(const std::string& series, const std::string& color);
 
-  // Adds the specification to the chart's object as an array of lines under the key "vizl".
+  // Adds the chart specification to the chart's object as an array of lines under the key "vizl".
   void writeSpecification(rapidjson::Value& chart, rapidjson::Document::AllocatorType& allocator) override;
 
  private:

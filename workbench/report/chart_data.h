@@ -17,7 +17,7 @@ struct ChartSeries {
   std::string key;             // as the data has it
   std::vector<std::size_t> x;  // indexes into the categories, one a point
   std::vector<double> y;       // one a point; NaN for a missing value
-  std::string color;           // "red" as the specification says; empty when it says nothing
+  std::string color;           // "red" as the chart language says; empty when it says nothing
 
   // Whether the points stand on neighbouring categories from the first one on.
   bool contiguous() const;

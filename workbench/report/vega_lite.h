@@ -20,7 +20,7 @@ namespace workbench {
 rapidjson::Value vegaLite(const ChartSpec& spec, const ChartData& data, std::size_t chart,
                           const std::string& description, rapidjson::Document::AllocatorType& pool);
 
-// The custom property for a series: var(--chart-red), or of the palette when the specification gives no colour.
+// The custom property for a series: var(--chart-red), or of the palette when the chart gives no colour.
 std::string seriesColor(const ChartData& data, std::size_t series);
 
 // How many earlier series have the colour of this one; tells lines of one colour apart by their dashes.

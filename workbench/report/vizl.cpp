@@ -179,7 +179,7 @@ class Reader {
   }
 
   const std::set<std::string>& seriesNames_;
-  std::map<std::string, std::string> columns_;  // name within the specification -> data column
+  std::map<std::string, std::string> columns_;  // name within the chart lines -> data column
   ChartSpec spec_;
 };
 
