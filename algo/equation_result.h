@@ -53,4 +53,10 @@ struct EquationResult {
   std::vector<double> forecasts;  // point forecasts, one a forecast period
 };
 
+// The one inner series of a result field; empty while the field is not filled.
+inline const std::vector<double>& onlySeries(const std::vector<std::vector<double>>& field) {
+  static const std::vector<double> none;
+  return field.empty() ? none : field.front();
+}
+
 }  // namespace varmodel

@@ -24,7 +24,6 @@ constexpr const char* kSingularRegressors =
     "Regressor matrix is singular: The model cannot be estimated due to perfect multicollinearity";
 constexpr const char* kInsufficientObservations =
     "Insufficient observations: The number of effective observations must exceed the number of parameters";
-constexpr const char* kNoForecasts = "The forecast table is not created because no forecasts could be calculated.";
 
 // One line that tells which outputs belong to which lag; without it the tables of such a run mislead.
 void warnOfSmallerLag(std::int32_t selected, std::int32_t maxLag) {
@@ -90,12 +89,12 @@ std::int32_t VARAlgo::runSteps() {
   const bool diagnosed = computeResidualDiagnostics();
   const bool described = computeDescriptiveStats();
   const bool forecastRequested = settings.timeAxis.predictRequested;
-  if (!forecastRequested && settings.showTestAutocorrelation) parserMessage.GenericWarning(kNoForecasts);
+  if (!forecastRequested && settings.showTestAutocorrelation) parserMessage.GenericWarning(kNoForecastsWarning);
   if (!estimated || !diagnosed || !described) return 1;
   if (!forecastRequested) return 0;
   SeriesList scratch;
   const auto horizon = std::ssize(settings.timeAxis.forecastLabels);
-  if (!computeForecasts(horizon, scratch)) parserMessage.GenericWarning(kNoForecasts);
+  if (!computeForecasts(horizon, scratch)) parserMessage.GenericWarning(kNoForecastsWarning);
   return 0;
 }
 

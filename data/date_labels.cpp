@@ -15,7 +15,6 @@ namespace {
 
 constexpr const char* kHistorical = "VARSubCommands::generateHistoricalDateLabels - ";
 constexpr const char* kForecast = "VARSubCommands::generateForecastDatesUsingTfo - ";
-constexpr const char* kNoForecasts = "The forecast table is not created because no forecasts could be calculated.";
 constexpr const char* kThruInThePast = " PREDICT THRU date is before the last observed date.";
 
 std::string caseNumberText(std::int64_t caseOffset) {
@@ -113,7 +112,7 @@ std::int64_t forecastHorizon(std::int64_t lastOffset, std::int64_t targetOffset,
             << "  Last observed case offset: " << lastOffset << '\n'
             << "  Target PREDICT THRU offset: " << targetOffset << '\n';
   if (targetOffset <= lastOffset) {
-    axis.heldWarning = kNoForecasts;
+    axis.heldWarning = kNoForecastsWarning;
     if (targetOffset < lastOffset) axis.heldWarning += kThruInThePast;
     return 0;
   }

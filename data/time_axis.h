@@ -11,6 +11,10 @@
 
 namespace varmodel {
 
+// What the user is told when forecasts were asked for and none can be made.
+inline constexpr const char* kNoForecastsWarning =
+    "The forecast table is not created because no forecasts could be calculated.";
+
 struct ForecastLabel {
   std::string text;
   std::int64_t caseOffset = 0;  // cases after the first case of the dataset

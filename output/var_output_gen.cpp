@@ -4,13 +4,12 @@
 #include <new>
 
 #include "output/trace.h"
+#include "syntax/command_identity.h"
 
 namespace varmodel {
 
 namespace {
 
-constexpr const char* kCommandName = "VARMODEL";
-constexpr const char* kProcedureTitle = "Vector Autoregressive Models";
 constexpr int kDisplayTextPath = 3;
 constexpr int kMinColumnWidth = 100;
 constexpr int kMaxColumnWidth = 300;
@@ -27,8 +26,7 @@ VAROutputGen::VAROutputGen(BpProcedure* procedure, ProcedureDataSource& dataSour
       results_(&algo->equationResults) {
   variableSpecs_ = std::make_unique<ACAVarValidSpecs>(true, true, true);
   generator_ = std::make_unique<StatJSONGenerator>(kProcedureTitle, "");
-  parserMessage_.SetCommandName(kCommandName);
-  parserMessage_.SetProcedureTitle(kProcedureTitle);
+  identify(parserMessage_);
   const std::string path = PathFactory::getPathInstance(kDisplayTextPath)->getPath();
   dictionary_.reset(new (std::nothrow) FacSTDictionary(path));
   if (dictionary_) dictionary_->SetProcedure(kProcedureTitle);
@@ -123,11 +121,6 @@ std::unique_ptr<VARChart> VAROutputGen::createChart(const ChartFrame& frame) {
   chart->setAxisLabel(true, frame.xAxisLabel);
   chart->setAxisLabel(false, frame.yAxisLabel);
   return chart;
-}
-
-const std::vector<double>& onlySeries(const std::vector<std::vector<double>>& field) {
-  static const std::vector<double> none;
-  return field.empty() ? none : field.front();
 }
 
 }  // namespace varmodel

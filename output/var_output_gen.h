@@ -123,7 +123,4 @@ class VAROutputGen {
   std::unique_ptr<FacSTDictionary> dictionary_;
 };
 
-// The one inner series of a result field; empty while the field is not filled.
-const std::vector<double>& onlySeries(const std::vector<std::vector<double>>& field);
-
 }  // namespace varmodel

@@ -15,16 +15,10 @@ constexpr int kFormatWidth = 8;
 constexpr int kFormatDecimals = 3;
 constexpr int kScaleLevel = 3;
 
-// The single inner vector of a result field; empty while the field is not filled.
-const std::vector<double>& valuesOf(const std::vector<std::vector<double>>& field) {
-  static const std::vector<double> none;
-  return field.empty() ? none : field.front();
-}
-
 std::size_t longestResult(const std::vector<EquationResult>& results) {
   std::size_t longest = 0;
   for (const EquationResult& result : results) {
-    longest = std::max({longest, valuesOf(result.fittedValues).size(), valuesOf(result.residuals).size()});
+    longest = std::max({longest, onlySeries(result.fittedValues).size(), onlySeries(result.residuals).size()});
   }
   return longest;
 }
@@ -73,11 +67,11 @@ void VARSaveOutFile::defineVariables() {
     const std::string number = std::to_string(i + 1);
     if (settings_.savePredicted) {
       defineVariable(settings_.predictedPrefix + number, "Predicted: " + result.equationName);
-      columns_.push_back(&valuesOf(result.fittedValues));
+      columns_.push_back(&onlySeries(result.fittedValues));
     }
     if (settings_.saveResiduals) {
       defineVariable(settings_.residualPrefix + number, "Residual: " + result.equationName);
-      columns_.push_back(&valuesOf(result.residuals));
+      columns_.push_back(&onlySeries(result.residuals));
     }
   }
 }

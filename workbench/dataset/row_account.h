@@ -18,7 +18,7 @@ struct RowAccount {
   std::vector<std::int64_t> firstDropped;  // offsets of the first dropped cases, at most three
   std::int64_t firstUsed = -1;             // offsets; -1 when no case was used
   std::int64_t lastUsed = -1;
-  bool gapInside = false;                  // a dropped case lies between two used ones
+  bool gapInside = false;  // a dropped case lies between two used ones
 };
 
 // The columns are indexes into the dataset. With `excludeUserMissing`, user-missing values count as missing.

@@ -12,7 +12,7 @@ namespace {
 constexpr int indentation = 2;
 
 std::string labelled(std::string_view label, const TerminalStyle& style) {
-  const std::string text = tr(label) + ":";
+  std::string text = tr(label) + ":";
   if (!style.colour) return text;
   const char* colour = label == "error" ? "\x1b[1;31m" : label == "warning" ? "\x1b[1;33m" : "\x1b[1m";
   return colour + text + "\x1b[0m";
