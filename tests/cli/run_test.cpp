@@ -201,13 +201,14 @@ TEST(Fit, ComposesPrintsAndRunsACommand) {
   Workspace space;
   space.example("us_macro_quarterly.csv");
   const ProgramRun run =
-      space.run({"fit", "us_macro_quarterly.csv", "--endogenous", "realgdp", "realcons", "--maxlag", "4", "--lag",
+      space.run({"fit", "us_macro_quarterly.csv", "--endogenous", "realgdp", "realcons", "--maxlag", "5", "--lag",
                  "aic", "hqic", "--predict", "3", "--start", "year=1959", "quarter=1", "--json", "out.json"});
   EXPECT_EQ(run.exitCode, 0) << run.out << run.err;
-  EXPECT_THAT(run.out, AllOf(HasSubstr("VARMODEL PREDICT\n"), HasSubstr("LAG=[AIC HQIC] MAXLAG=4")));
+  EXPECT_THAT(run.out, AllOf(HasSubstr("VARMODEL PREDICT\n"), HasSubstr("LAG=[AIC HQIC] MAXLAG=5")));
   const OutputDocument document(space.read("out.json"));
   EXPECT_STREQ((*document.item("Forecast"))["columns"][2]["label"].GetString(), "2010Q2");
   EXPECT_THAT(document.itemNames(), Contains("chart Residuals"));
+  EXPECT_THAT(run.out, HasSubstr("To have everything for lag 4, give --minlag 4 --maxlag 4."));
 }
 
 }  // namespace

@@ -168,8 +168,9 @@ void addLagRemedy(const Session& session, const CapturedStreams& streams, NoteLi
   for (const std::string& text : tracedTexts(streams.err, "Warning: ")) {
     int selected = 0;
     if (std::sscanf(text.c_str(), "The selected lag %d is below MAXLAG", &selected) != 1) continue;
-    notes.add(tr("To have everything for lag ^1, run this command:\n^2", selected,
-                 withFixedLag(session.commandText, selected)));
+    notes.add(session.composed ? tr("To have everything for lag ^1, give --minlag ^1 --maxlag ^1.", selected)
+                               : tr("To have everything for lag ^1, run this command:\n^2", selected,
+                                    withFixedLag(session.commandText, selected)));
   }
 }
 
@@ -243,8 +244,9 @@ std::string hintFor(const std::string& message, const Session& session) {
   }
   if (message.starts_with("The forecast table is not created") && !session.trends.predictSet) {
     return tr(
-        "This warning comes with TAUTO whenever no forecast was requested; it does not concern the test. For forecasts "
-        "give PREDICT in the command and a [predict] target.");
+        "This warning comes with TAUTO whenever no forecast was requested; it does not concern the test. For "
+        "forecasts give ^1.",
+        session.composed ? "--predict N" : tr("PREDICT in the command and a [predict] target"));
   }
   if (message == "Turn off split file") return tr("Remove 'split' from the job file.");
   if (message == "Remove Weight Variable") return tr("Remove 'weight' from the job file.");

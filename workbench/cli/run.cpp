@@ -42,6 +42,7 @@ int columnOf(const Dataset& dataset, const std::string& name, const char* settin
 
 void prepareSession(const Job& job, Session& session) {
   session.commandText = job.command;
+  session.composed = job.file.empty();
   session.baseFolder = job.baseFolder;
   if (!job.data.source.empty()) session.protectedPaths.push_back(job.data.source);
   if (!job.file.empty()) session.protectedPaths.push_back(job.file);

@@ -61,6 +61,7 @@ class StageClock {
 struct Session {
   // Given.
   std::string commandText;
+  bool composed = false;  // from the options of `fit`, so that remedies name options
   Dataset dataset;
   TrendsSettings trends;
   int weightColumn = -1;
