@@ -59,7 +59,7 @@ class HOST_API VEXA_TrendsInfo {
   VEXA_TrendsInfo();
   VEXA_TrendsInfo(const VEXA_TrendsInfo&) = delete;
   VEXA_TrendsInfo& operator=(const VEXA_TrendsInfo&) = delete;
-  ~VEXA_TrendsInfo();
+  ~VEXA_TrendsInfo();  // NOLINT(performance-trivially-destructible): the host's to define
 
   // The upper end of the PREDICT range comes first, then the lower: is it set, is it a date, its case number (from 1).
   void GetPred(bool& qHi, bool& qHiDate, long& hiCase, bool& qLo, bool& qLoDate, long& loCase) const;

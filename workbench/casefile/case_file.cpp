@@ -9,7 +9,6 @@
 #include "workbench/session/errors.h"
 #include "workbench/session/session.h"
 
-using workbench::CaseFileFormat;
 using workbench::currentSession;
 using workbench::kSystemMissing;
 

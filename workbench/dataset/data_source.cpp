@@ -10,7 +10,6 @@ using workbench::Column;
 using workbench::ColumnKind;
 using workbench::currentSession;
 using workbench::Dataset;
-using workbench::DisplayFormat;
 using workbench::kSystemMissing;
 using workbench::MeasurementLevel;
 

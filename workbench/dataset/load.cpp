@@ -122,7 +122,7 @@ Dataset readResult(duckdb_result* result) {
 // The relation of the source, which a query sees as `source`; "" for a database file with no or several tables.
 std::string openSource(DuckdbConnection& connection, const DataRequest& request) {
   try {
-    const std::string relation = sourceRelation(connection, request.source);
+    std::string relation = sourceRelation(connection, request.source);
     if (!request.query.empty() && !relation.empty()) {
       // A pipe can be read only once: it becomes a table.
       const char* kind = fs::is_regular_file(request.source) ? "VIEW" : "TABLE";

@@ -55,8 +55,7 @@ bool allAtMidnight(const std::vector<std::int64_t>& instants) {
 
 Frequency inferFrequency(std::vector<std::int64_t> instants) {
   std::ranges::sort(instants);
-  const auto repeated = std::ranges::unique(instants);
-  instants.erase(repeated.begin(), repeated.end());
+  instants.erase(std::unique(instants.begin(), instants.end()), instants.end());
   const Unit lastResort = allAtMidnight(instants) ? Unit::day : Unit::second;
   if (instants.size() < 2) return {lastResort, 1};
 

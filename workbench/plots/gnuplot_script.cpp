@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
-#include <ranges>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -149,7 +149,7 @@ std::string gnuplotText(std::string_view text) {
 }
 
 bool hasValues(const ChartData& data) {
-  const auto drawn = data.series | std::views::take(kGlyphs.size());
+  const auto drawn = std::span(data.series).first(std::min(data.series.size(), kGlyphs.size()));
   return std::ranges::any_of(drawn, [](const ChartSeries& series) {
     return !std::ranges::all_of(series.y, [](double value) { return std::isnan(value); });
   });
