@@ -117,7 +117,6 @@ bool VARAlgo::estimateVARWithLags() {
     bicValues.push_back(criteria.bic);
     hqicValues.push_back(criteria.hqic);
   }
-  regression_.reset();
   optimalLag = forecastLag = selectOptimalLag(lagOrders, aicValues, bicValues, hqicValues);
   if (optimalLag < settings.maxLag) warnOfSmallerLag(optimalLag, settings.maxLag);
   return computeSelectedCovariance();
@@ -181,6 +180,7 @@ void VARAlgo::storeEquationResults(const ResidualMoments& moments) {
   const SeriesList& coefficients = coefficientsByLag[settings.maxLag];
   const SeriesList& residuals = residualsByLag[settings.maxLag];
   const std::vector<double> inverseDiagonal = regression_->inverseDiagonal();
+  regression_.reset();  // MAXLAG is the last lag; its matrices make room for the results
   for (std::size_t i = 0; i < equationResults.size(); ++i) {
     EquationResult& result = equationResults[i];
     const std::int64_t k = std::ssize(coefficients[i]);
