@@ -4,12 +4,14 @@
 //   engine_bench grow                    CSV: what,value,seconds for MAXLAG 1..25 and T 1e4..1e6
 
 #include <cblas.h>
+#include <malloc.h>
 #include <time.h>
 
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <cstring>
+#include <limits>
 
 #include "algo/kernels.h"
 #include "bench/engine.h"
@@ -81,7 +83,15 @@ double medianEngineTime(std::size_t length, std::size_t series, std::int32_t max
   return median(times);
 }
 
+// The allocator keeps what a run returns, as it does for small runs anyway: else the larger half of the time of long
+// series is the kernel's, which hands out every page anew.
+void keepMemory() {
+  mallopt(M_MMAP_THRESHOLD, 1 << 30);
+  mallopt(M_TRIM_THRESHOLD, std::numeric_limits<int>::max());
+}
+
 void grow() {
+  keepMemory();
   std::puts("what,value,seconds");
   for (const std::int32_t lag : {1, 2, 4, 6, 8, 10, 13, 16, 19, 22, 25}) {
     std::printf("P,%d,%.6f\n", lag, medianEngineTime(50000, 10, lag));
