@@ -80,7 +80,8 @@ void computeAutocorrelations(const VARInputSettings& settings, const Equation& e
 }
 
 void diagnoseEquation(const VARInputSettings& settings, const Equation& equation, EquationResult& result) {
-  result.residuals.assign(1, {equation.residuals.begin(), equation.residuals.end()});
+  result.residuals.resize(1);
+  result.residuals.front().assign(equation.residuals.begin(), equation.residuals.end());
   result.residualSSR = sumOfSquares(equation.residuals);
   computeRSquares(settings, equation, result);
   computeErrorMeasures(settings, equation, result);
