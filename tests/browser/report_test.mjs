@@ -473,7 +473,8 @@ async function checkHostileNames() {
         .join('\n');
     equal(await page.locator('#facts dt').allTextContents(), [...shown, ...shown.map(() => 'Saved file')]);
     equal(await page.locator('#facts dd').allTextContents(), [...hostileNames.map(lines), ...shown]);
-    equal(await page.locator('#messages p').allTextContents(), hostileNames.map(lines));
+    const joined = (name) => lines(name).replace('\n', ''); // the lines after the first are an element of their own
+    equal(await page.locator('#messages li > div').allTextContents(), hostileNames.map(joined));
     equal(await page.locator('pre.command').textContent(), lines(hostileNames.join('|')));
     equal(await page.locator('h1').textContent(), shown[0]);
   });

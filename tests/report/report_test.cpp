@@ -146,7 +146,10 @@ TEST(Report, KeepsTheLinesOfCommandAndMessages) {
   input.messages = {{ReportMessage::Kind::hint, "one\n  two"}};
   const std::string page = renderReport(input);
   EXPECT_THAT(page, HasSubstr("VARMODEL\n    /MODEL &lt;x&gt;</pre>"));
-  EXPECT_THAT(page, HasSubstr("<li class=\"hint\"><strong>Hint</strong><p>one\n  two</p></li>"));
+  EXPECT_THAT(
+      page,
+      HasSubstr(
+          "<li class=\"hint\"><strong>Hint</strong><div><p>one</p><pre class=\"verbatim\">  two</pre></div></li>"));
 }
 
 TEST(Report, SaysWhatACrippledChartLacks) {

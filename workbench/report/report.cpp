@@ -37,6 +37,13 @@ std::string linesText(std::string_view text) {
   return out;
 }
 
+// The first line is prose; what follows is a command or lines of a trace, to be read and copied as they stand.
+std::string messageText(std::string_view text) {
+  const std::size_t end = std::min(text.find('\n'), text.size());
+  const std::string_view verbatim = text.substr(std::min(end + 1, text.size()));
+  return "<p>" + linesText(text.substr(0, end)) + "</p><pre class=\"verbatim\">" + linesText(verbatim) + "</pre>";
+}
+
 // What a message's kind is called in mark-up, and what the reader sees of it.
 std::pair<std::string_view, std::string> kindNames(ReportMessage::Kind kind) {
   switch (kind) {
@@ -104,8 +111,8 @@ class Page {
     std::string out = "<h2>" + title + "</h2>\n<ul class=\"messages\">\n";
     for (const ReportMessage& message : input_.messages) {
       const auto& [kind, label] = kindNames(message.kind);
-      out += fmt::format("<li class=\"{}\"><strong>{}</strong><p>{}</p></li>\n", kind, htmlText(label),
-                         linesText(message.text));
+      out += fmt::format("<li class=\"{}\"><strong>{}</strong><div>{}</div></li>\n", kind, htmlText(label),
+                         messageText(message.text));
     }
     addSection("messages", "run", title, out + "</ul>\n");
   }
