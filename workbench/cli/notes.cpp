@@ -124,7 +124,7 @@ void addKeywordNotes(const Session& session, NoteList& notes) {
     std::string text = tr("^1 was requested but produced no output.", entry.keyword);
     if (entry.keyword == "RESIDACF") text += " " + tr("Its column is part of the residual tests: add TAUTO or TNORM.");
     if (entry.keyword == "FORECASTS" || entry.keyword == "FORECAST") {
-      text += " " + tr("Forecasts need PREDICT in the command and a [predict] target after the last case.");
+      text += " " + tr("Forecasts need a [predict] target after the last case.");
     }
     notes.add(text);
   }
@@ -246,7 +246,7 @@ std::string hintFor(const std::string& message, const Session& session) {
     return tr(
         "This warning comes with TAUTO whenever no forecast was requested; it does not concern the test. For "
         "forecasts give ^1.",
-        session.composed ? "--predict N" : tr("PREDICT in the command and a [predict] target"));
+        session.composed ? "--predict N" : tr("a [predict] target in the job file"));
   }
   if (message == "Turn off split file") return tr("Remove 'split' from the job file.");
   if (message == "Remove Weight Variable") return tr("Remove 'weight' from the job file.");
