@@ -13,27 +13,10 @@
 
 namespace varmodel {
 
-// Collects std::cerr while it lives.
-class TraceCapture {
- public:
-  TraceCapture() : previous_(std::cerr.rdbuf(text_.rdbuf())) {}
-  TraceCapture(const TraceCapture&) = delete;
-  TraceCapture& operator=(const TraceCapture&) = delete;
-  ~TraceCapture() { std::cerr.rdbuf(previous_); }
-  std::string text() const { return text_.str(); }
-
- private:
-  std::ostringstream text_;
-  std::streambuf* previous_;
-};
-
 struct EngineRun {
-  EngineRun() = default;
   EngineRun(std::vector<std::vector<double>> endogenous, std::int32_t minLag, std::int32_t maxLag) {
+    for (std::size_t i = 1; i <= endogenous.size(); ++i) settings.endogenousNames.push_back("y" + std::to_string(i));
     settings.endogenousSeries = std::move(endogenous);
-    for (std::size_t i = 0; i < settings.endogenousSeries.size(); ++i) {
-      settings.endogenousNames.push_back("y" + std::to_string(i + 1));
-    }
     settings.minLag = minLag;
     settings.maxLag = maxLag;
   }
@@ -45,9 +28,11 @@ struct EngineRun {
   }
 
   std::int32_t start() {
-    const TraceCapture capture;
+    std::ostringstream traced;
+    std::streambuf* const previous = std::cerr.rdbuf(traced.rdbuf());
     const std::int32_t status = algo.start();
-    trace = capture.text();
+    std::cerr.rdbuf(previous);
+    trace = traced.str();
     return status;
   }
 

@@ -2,13 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <stdexcept>
-#include <string>
-
 #include "tests/algo/numeric_support.h"
 
 namespace varmodel {
 namespace {
+
+using ::testing::ElementsAre;
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
@@ -20,19 +19,11 @@ TEST(InformationCriteria, FollowTheirFormulas) {
   EXPECT_NEAR(result.aic, 0.28 + deviance, kRounding * 10);
   EXPECT_NEAR(result.bic, 0.14 * std::log(100.0) + deviance, kRounding * 10);
   EXPECT_NEAR(result.hqic, 0.28 * std::log(std::log(100.0)) + deviance, kRounding * 10);
-}
-
-TEST(InformationCriteria, AreInfiniteWhereUndefined) {
+  // Infinite where undefined.
   EXPECT_EQ(informationCriteria(2.0, 1, 2, 1).hqic, kInfinity);
   EXPECT_TRUE(std::isfinite(informationCriteria(2.0, 1, 3, 1).hqic));
   EXPECT_EQ(informationCriteria(-1.0, 2, 50, 1).logLikelihood, -kInfinity);
   EXPECT_EQ(informationCriteria(-1.0, 2, 50, 1).aic, kInfinity);
-  for (const InformationCriteria& empty : {informationCriteria(2.0, 0, 50, 1), informationCriteria(2.0, 2, 0, 1)}) {
-    EXPECT_EQ(empty.logLikelihood, 0.0);
-    EXPECT_EQ(empty.aic, kInfinity);
-    EXPECT_EQ(empty.bic, kInfinity);
-    EXPECT_EQ(empty.hqic, kInfinity);
-  }
 }
 
 // Values that put a criterion's minimum at one lag of 1..4.
@@ -42,17 +33,15 @@ std::vector<double> smallestAt(std::int32_t lag) {
   return values;
 }
 
-struct ChoiceCase {
-  const char* what;
-  CriterionSwitches enabled;
-  std::int32_t aic, bic, hqic;  // the lag that each criterion prefers
-  std::int32_t expected;
-};
-
 TEST(ChooseLag, OverallLag) {
   const std::vector<std::int32_t> lags = {1, 2, 3, 4};
   const std::vector<double> likelihoods = {-9.0, -7.0, -8.0, -7.0};  // lag 2, the first of equal maxima
-  const std::vector<ChoiceCase> cases = {
+  const struct {
+    const char* what;
+    CriterionSwitches enabled;
+    std::int32_t aic, bic, hqic;  // the lag that each criterion prefers
+    std::int32_t expected;
+  } cases[] = {
       {"only AIC", {true, false, false}, 3, 1, 4, 3},
       {"only BIC", {false, true, false}, 3, 1, 4, 1},
       {"only HQIC", {false, false, true}, 3, 1, 4, 4},
@@ -63,14 +52,12 @@ TEST(ChooseLag, OverallLag) {
       {"no two agree", {true, true, true}, 4, 3, 1, 2},
       {"none enabled", {false, false, false}, 3, 3, 3, 2},
   };
-  for (const ChoiceCase& one : cases) {
+  for (const auto& one : cases) {
     SCOPED_TRACE(one.what);
     const LagChoice choice =
         chooseLag(lags, smallestAt(one.aic), smallestAt(one.bic), smallestAt(one.hqic), likelihoods, one.enabled);
     EXPECT_EQ(choice.overall, one.expected);
-    EXPECT_EQ(choice.aic, one.aic);
-    EXPECT_EQ(choice.bic, one.bic);
-    EXPECT_EQ(choice.hqic, one.hqic);
+    EXPECT_THAT((std::vector{choice.aic, choice.bic, choice.hqic}), ElementsAre(one.aic, one.bic, one.hqic));
   }
 }
 
@@ -81,21 +68,6 @@ TEST(ChooseLag, SmallestLagAmongEqualMinima) {
                                      std::vector<double>{0, 0, 0}, {.aic = true, .bic = false, .hqic = false});
   EXPECT_EQ(choice.aic, 4);
   EXPECT_EQ(choice.hqic, 3);
-}
-
-std::string refusal(const std::vector<std::int32_t>& lags, const std::vector<double>& aic) {
-  try {
-    chooseLag(lags, aic, aic, aic, aic, {});
-  } catch (const std::invalid_argument& error) {
-    return error.what();
-  }
-  return "accepted";
-}
-
-TEST(ChooseLag, RefusesEmptyAndUnevenLists) {
-  EXPECT_EQ(refusal({}, {}), "Input vectors must not be empty.");
-  EXPECT_EQ(refusal({1}, {}), "Input vectors must not be empty.");
-  EXPECT_EQ(refusal({1, 2}, {0.5}), "All input vectors must have the same size.");
 }
 
 }  // namespace

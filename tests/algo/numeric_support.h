@@ -29,23 +29,19 @@ inline Matrix matrixOf(const SeriesList& rows) {
 }
 
 // Numbers of -1..1 that look random and are the same on every machine (a 64-bit linear congruential generator).
-class Noise {
- public:
-  explicit Noise(std::uint64_t seed) : state_(seed) {}
-  double next() {
-    state_ = state_ * 6364136223846793005u + 1442695040888963407u;
-    return static_cast<double>(state_ >> 11) / 4503599627370496.0 - 1.0;
-  }
-
- private:
-  std::uint64_t state_;
-};
-
-inline std::vector<double> noise(std::uint64_t seed, std::size_t length) {
-  Noise source(seed);
+inline std::vector<double> noise(std::uint64_t state, std::size_t length) {
   std::vector<double> series(length);
-  std::ranges::generate(series, [&] { return source.next(); });
+  for (double& value : series) {
+    state = state * 6364136223846793005u + 1442695040888963407u;
+    value = static_cast<double>(state >> 11) / 4503599627370496.0 - 1.0;
+  }
   return series;
+}
+
+inline SeriesList noiseSeries(std::size_t count, std::size_t length) {
+  SeriesList result;
+  for (std::size_t i = 0; i < count; ++i) result.push_back(noise(100 + i, length));
+  return result;
 }
 
 }  // namespace varmodel

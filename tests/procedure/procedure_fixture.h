@@ -13,6 +13,7 @@
 
 #include "host/command_parser.h"
 #include "host/data_source.h"
+#include "syntax/command_describer.h"
 #include "syntax/input_settings.h"
 #include "workbench/session/session.h"
 
@@ -25,7 +26,12 @@ class StreamText {
   StreamText(const StreamText&) = delete;
   StreamText& operator=(const StreamText&) = delete;
   ~StreamText() { stream_.rdbuf(previous_); }
-  std::vector<std::string> lines() const;
+  std::vector<std::string> lines() const {
+    std::vector<std::string> lines;
+    std::istringstream text(text_.str());
+    for (std::string line; std::getline(text, line);) lines.push_back(line);
+    return lines;
+  }
 
  private:
   std::ostream& stream_;
@@ -35,8 +41,6 @@ class StreamText {
 
 // A command that the parser accepted, and the record that its handlers fill.
 struct ParsedCommand {
-  explicit ParsedCommand(int& parserResult);
-
   ProcedureDataSource dataSource;
   CommandDescriptor descriptor{"VARMODEL"};
   CommandSpec spec;
@@ -46,19 +50,41 @@ struct ParsedCommand {
 class ProcedureTest : public testing::Test {
  protected:
   // Given: a dataset, column by column. The first column decides how many cases there are.
-  workbench::Column& number(const std::string& name, const std::vector<double>& values);
-  workbench::Column& text(const std::string& name, const std::vector<std::string>& values, int width);
-  // Quarters from 1990Q`firstQuarter` on, as date variables YEAR_ and QUARTER_.
-  void quarters(int firstQuarter = 1);
-  void predictThruQuarter(double year, double quarter);
-  void predictThruCase(long caseNumber);  // 0: through the end
+  workbench::Column& number(const std::string& name, const std::vector<double>& values) {
+    workbench::Column& column = session.dataset.columns.emplace_back();
+    column.name = name;
+    column.numbers = values;
+    session.dataset.rowCount = values.size();
+    return column;
+  }
+  void text(const std::string& name, const std::vector<std::string>& values, int width) {
+    workbench::Column& column = session.dataset.columns.emplace_back();
+    column.name = name;
+    column.kind = workbench::ColumnKind::text;
+    column.texts = values;
+    column.textWidth = width;
+  }
 
-  // When: the command is parsed and its handlers run (the parser must accept it), or the whole procedure runs.
-  VARInputSettings& validate(const std::string& commandText);
-  void runProcedure(const std::string& commandText);
+  // When: the command is parsed and its handlers run. The parser must accept it.
+  VARInputSettings& validate(const std::string& commandText) {
+    session.commandText = commandText;
+    parsed = std::make_unique<ParsedCommand>();
+    EXPECT_EQ(VARCommandDescriber(&parsed->descriptor).describeCommand(), 0);
+    VEXA_TokenSequence tokens(true);
+    status = UniversalParser(tokens, parsed->spec, parsed->descriptor).getCommandSpecifications();
+    EXPECT_EQ(status, 0) << commandText << testing::PrintToString(errors());
+    if (status == 0) status = parsed->settings.start();
+    return parsed->settings;
+  }
 
   // Then.
-  std::vector<std::string> messages(workbench::Message::Kind kind) const;
+  std::vector<std::string> messages(workbench::Message::Kind kind) const {
+    std::vector<std::string> texts;
+    for (const workbench::Message& message : session.messages) {
+      if (message.kind == kind) texts.push_back(message.text);
+    }
+    return texts;
+  }
   std::vector<std::string> errors() const { return messages(workbench::Message::Kind::error); }
   std::vector<std::string> warnings() const { return messages(workbench::Message::Kind::warning); }
 
@@ -71,10 +97,5 @@ class ProcedureTest : public testing::Test {
  private:
   workbench::SessionScope scope_{session};
 };
-
-std::vector<std::string> labelTexts(const TimeAxis& axis);
-
-// n values without pattern, the same for equal seeds.
-std::vector<double> noise(std::size_t n, unsigned seed);
 
 }  // namespace varmodel
