@@ -8,6 +8,7 @@
 #include <thread>
 
 #include "tests/casefile/save_fixture.h"
+#include "tests/dataset/fault.h"
 #include "workbench/casefile/atomic_file.h"
 #include "workbench/dataset/load.h"
 #include "workbench/session/errors.h"
@@ -37,31 +38,22 @@ pid_t startChild(Work work) {
   return child;
 }
 
-bool succeeded(pid_t child) {
+int statusOf(pid_t child) {
   int status = 0;
   waitpid(child, &status, 0);
-  return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+  return status;
 }
 
 void kill9(pid_t child) {
   kill(child, SIGKILL);
-  int status = 0;
-  waitpid(child, &status, 0);
+  statusOf(child);
 }
 
 std::string failureOf(const std::filesystem::path& target) {
-  try {
-    writeFileAtomically(target, "new");
-  } catch (const OutputError& error) {
-    return error.what();
-  }
-  return "no error";
+  return faultOf<OutputError>([&] { writeFileAtomically(target, "new"); });
 }
 
-class Damage : public SaveTest, public testing::WithParamInterface<const char*> {
- protected:
-  std::string file() const { return std::string("out") + GetParam(); }
-};
+using Damage = EveryFormat;
 
 // A process that may not write larger files sees the same error as one on a full disk.
 TEST_P(Damage, AFullDiskLeavesTheOldFile) {
@@ -75,9 +67,9 @@ TEST_P(Damage, AFullDiskLeavesTheOldFile) {
     return !saved && session_.saveError.find((folder_ / file()).string()) != std::string::npos &&
            session_.saveError.find("arge") != std::string::npos;  // "File too large", "could not be enlarged"
   });
-  EXPECT_TRUE(succeeded(child));
+  EXPECT_EQ(statusOf(child), 0);
   EXPECT_EQ(contents(folder_ / file()), "old");
-  EXPECT_THAT(filesInFolder(), ElementsAre(file()));
+  EXPECT_THAT(folder_.listing(), ElementsAre(file()));
 }
 
 TEST_P(Damage, AKilledWriterLeavesTheOldFileOrTheWholeNewOne) {
@@ -92,11 +84,10 @@ TEST_P(Damage, AKilledWriterLeavesTheOldFileOrTheWholeNewOne) {
     }
   }
   ASSERT_TRUE(save(file(), {"PRE_1"}, {{1}})) << session_.saveError;
-  EXPECT_THAT(filesInFolder(), SizeIs(file() == "out.csv" ? 2 : 1)) << "stale folders stay";
+  EXPECT_THAT(folder_.listing(), SizeIs(file() == "out.csv" ? 2 : 1)) << "stale folders stay";
 }
 
-INSTANTIATE_TEST_SUITE_P(Formats, Damage, testing::Values(".csv", ".parquet", ".duckdb"),
-                         [](const auto& format) { return format.param + 1; });
+INSTANTIATE_TEST_SUITE_P(Formats, Damage, testing::Values("csv", "parquet", "duckdb"));
 
 TEST_F(SaveTest, AKilledWritersFolderIsRemovedALivingOnesIsNot) {
   const auto target = folder_.write("out.json", "old");
@@ -114,13 +105,13 @@ TEST_F(SaveTest, AKilledWritersFolderIsRemovedALivingOnesIsNot) {
   close(ready[0]);
   close(ready[1]);
   writeFileAtomically(target, "second");
-  EXPECT_THAT(filesInFolder(), SizeIs(2));
+  EXPECT_THAT(folder_.listing(), SizeIs(2));
   kill9(child);
   EXPECT_EQ(contents(target), "second");
-  EXPECT_THAT(filesInFolder(), testing::Contains(StartsWith(".out.json.varmodel-")));
+  EXPECT_THAT(folder_.listing(), testing::Contains(StartsWith(".out.json.varmodel-")));
   writeFileAtomically(target, "third");
   EXPECT_EQ(contents(target), "third");
-  EXPECT_THAT(filesInFolder(), ElementsAre("out.json"));
+  EXPECT_THAT(folder_.listing(), ElementsAre("out.json"));
 }
 
 TEST_F(SaveTest, AFolderThatMayNotBeWrittenIsNamed) {
@@ -135,12 +126,12 @@ TEST_F(SaveTest, AFolderThatMayNotBeWrittenIsNamed) {
   EXPECT_FALSE(saved);
   EXPECT_THAT(session_.saveError, AllOf(HasSubstr("new.csv"), HasSubstr("Permission denied"), HasSubstr("may write")));
   EXPECT_THAT(overwriting, HasSubstr("Permission denied"));
-  EXPECT_THAT(filesInFolder(), ElementsAre("out.csv"));
+  EXPECT_THAT(folder_.listing(), ElementsAre("out.csv"));
   EXPECT_EQ(contents(target), "old");
 }
 
 TEST_F(SaveTest, DevicesAreWrittenDirectly) {
-  EXPECT_EQ(failureOf("/dev/null"), "no error");
+  EXPECT_EQ(failureOf("/dev/null"), "");
   EXPECT_TRUE(std::filesystem::is_character_file("/dev/null"));
   EXPECT_THAT(failureOf("/dev/full"),
               AllOf(HasSubstr("/dev/full"), HasSubstr("No space left"), HasSubstr("Make room")));
@@ -150,20 +141,18 @@ TEST_F(SaveTest, DevicesAreWrittenDirectly) {
   EXPECT_THAT(session_.saveError, HasSubstr("No space left"));
   EXPECT_FALSE(save("full.parquet", {"PRE_1"}, {{1}}));
   EXPECT_THAT(session_.saveError, HasSubstr("not a regular file"));
-  EXPECT_THAT(filesInFolder(), SizeIs(2));
+  EXPECT_THAT(folder_.listing(), SizeIs(2));
 }
 
 TEST_F(SaveTest, LinksStandForTheirFilesAndFoldersAreRefused) {
   const auto target = folder_.write("real.json", "old");
   std::filesystem::create_symlink("real.json", folder_ / "link.json");
+  std::filesystem::create_hard_link(target, folder_ / "backup.json");
   writeFileAtomically(folder_ / "link.json", "new");
   EXPECT_EQ(contents(target), "new");
+  EXPECT_EQ(contents(folder_ / "backup.json"), "old") << "written in place";
   EXPECT_TRUE(std::filesystem::is_symlink(folder_ / "link.json"));
   EXPECT_THAT(failureOf(folder_.path()), HasSubstr("folder"));
-  EXPECT_THAT(failureOf(folder_ / "nowhere" / "a.json"), HasSubstr("Create its folder"));
-  EXPECT_THAT(failureOf(folder_ / std::string(300, 'n')), HasSubstr("too long"));
-  writeFileAtomically(folder_ / std::string(255, 'n'), "long name");
-  EXPECT_EQ(contents(folder_ / std::string(255, 'n')), "long name");
 }
 
 }  // namespace

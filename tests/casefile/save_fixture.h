@@ -5,9 +5,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -17,12 +14,6 @@
 
 namespace workbench {
 
-inline std::string contents(const std::filesystem::path& file) {
-  std::ostringstream text;
-  text << std::ifstream(file, std::ios::binary).rdbuf();
-  return text.str();
-}
-
 class SaveTest : public testing::Test {
  protected:
   SaveTest() { session_.baseFolder = folder_.path(); }
@@ -30,9 +21,8 @@ class SaveTest : public testing::Test {
   static void addVariable(IndependentDataStore& store, const std::string& name, const std::string& label) {
     VEXA_Variable* variable = store.MakeVariable(0, name);
     if (variable == nullptr) return;
-    variable->SetName(name);
     variable->SetFormat(5, 8, 3);
-    variable->SetWriteFormat(5, 8, 3);
+    variable->SetWriteFormat(5, 9, 4);
     variable->SetMeasurementLevel(3);
     variable->SetLabel(label);
   }
@@ -56,17 +46,15 @@ class SaveTest : public testing::Test {
     return output.Close();
   }
 
-  std::vector<std::string> filesInFolder() const {
-    std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(folder_.path())) {
-      names.push_back(entry.path().filename().string());
-    }
-    return names;
-  }
-
   TempFolder folder_;
   Session session_;
   SessionScope scope_{session_};
+};
+
+// With a file of each format.
+class EveryFormat : public SaveTest, public testing::WithParamInterface<const char*> {
+ protected:
+  std::string file() const { return std::string("out.") + GetParam(); }
 };
 
 }  // namespace workbench

@@ -16,27 +16,14 @@ using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::UnorderedElementsAreArray;
-
-using Limits = std::numeric_limits<double>;
+using testing::StartsWith;
 
 std::vector<double> awkwardValues() {
-  std::vector<double> values{0.0,
-                             -0.0,
-                             0.1,
-                             1.0 / 3.0,
-                             -2710.349,
-                             Limits::denorm_min(),
-                             -3 * Limits::denorm_min(),
-                             Limits::min(),
-                             Limits::max(),
-                             -std::nextafter(Limits::max(), 0.0),
-                             9007199254740993.0,
-                             1e22,
-                             123456789.01234567,
-                             5e-5,
-                             Limits::infinity(),
-                             -Limits::infinity()};
+  std::vector<double> values;
+  for (const double value : {0.0, 0.1, 1.0 / 3.0, 2710.349, 5e-5, 1e22, 9007199254740993.0, 0x1p-1074, 0x3p-1074,
+                             0x1p-1022, 0x1.ffffffffffffep1023, std::numeric_limits<double>::infinity()}) {
+    values.insert(values.end(), {value, -value});
+  }
   std::uint64_t bits = 0x9e3779b97f4a7c15;  // then bit patterns of every size
   while (values.size() < 5000) {
     bits ^= bits << 13;
@@ -53,10 +40,7 @@ bool sameBits(const std::vector<double>& left, const std::vector<double>& right)
   return left.size() == right.size() && std::memcmp(left.data(), right.data(), left.size() * sizeof(double)) == 0;
 }
 
-class SavedFile : public SaveTest, public testing::WithParamInterface<const char*> {
- protected:
-  std::string file() const { return std::string("out") + GetParam(); }
-};
+using SavedFile = EveryFormat;
 
 TEST_P(SavedFile, ValuesAreReadBackBitByBit) {
   const std::vector<double> values = awkwardValues();
@@ -75,10 +59,14 @@ TEST_P(SavedFile, ValuesAreReadBackBitByBit) {
 }
 
 TEST_P(SavedFile, ASingleVariableKeepsItsMissingCases) {
-  const std::vector<double> values{kSystemMissing, 1.5, kSystemMissing, Limits::quiet_NaN(), 2.5, kSystemMissing};
+  const std::vector<double> values{kSystemMissing, 1.5, kSystemMissing, std::nan(""), 2.5, kSystemMissing};
   ASSERT_TRUE(save(file(), {"PRE_1"}, {values})) << session_.saveError;
   EXPECT_THAT(loadDataset({folder_ / file(), ""}).columns[0].numbers,
               ElementsAre(kSystemMissing, 1.5, kSystemMissing, kSystemMissing, 2.5, kSystemMissing));
+  // Other readers skip an empty line.
+  if (file() == "out.csv") {
+    EXPECT_THAT(contents(folder_ / file()), StartsWith("PRE_1\n\"\"\n1.5\n\"\"\n"));
+  }
 }
 
 TEST_P(SavedFile, AnOldFileIsReplacedAndNothingElseIsLeft) {
@@ -86,9 +74,8 @@ TEST_P(SavedFile, AnOldFileIsReplacedAndNothingElseIsLeft) {
   ASSERT_TRUE(save(file(), {"PRE_1"}, {{1, 2}})) << session_.saveError;
   EXPECT_THAT(loadDataset({folder_ / file(), ""}).columns[0].numbers, ElementsAre(1, 2));
   EXPECT_EQ(std::filesystem::status(folder_ / file()).permissions(), std::filesystem::perms(0640));
-  std::vector<std::string> expected{file()};
-  if (file() == "out.csv") expected.push_back("out.csv.meta.json");
-  EXPECT_THAT(filesInFolder(), UnorderedElementsAreArray(expected));
+  const std::vector<std::string> csv{"out.csv", "out.csv.meta.json"};
+  EXPECT_EQ(folder_.listing(), file() == "out.csv" ? csv : std::vector{file()});
 }
 
 TEST_P(SavedFile, LabelsLevelsAndFormatsAreKept) {
@@ -107,37 +94,26 @@ TEST_P(SavedFile, LabelsLevelsAndFormatsAreKept) {
     EXPECT_THAT(loadDataset({path, "SELECT comment FROM duckdb_columns() WHERE table_name = 'cases'"}).columns[0].texts,
                 ElementsAre("Predicted: PRE_1", "Predicted: it's"));
   }
-  const char* format = R"({"type":5,"width":8,"decimals":3})";
   EXPECT_THAT(metadata, AllOf(HasSubstr(R"("label":"Saved \"values\"")"),
-                              HasSubstr(R"({"name":"it's","label":"Predicted: it's","level":"scale","printFormat":)" +
-                                        std::string(format) + R"(,"writeFormat":)" + format + "}")));
+                              HasSubstr(R"({"name":"it's","label":"Predicted: it's","level":"scale",)"
+                                        R"("printFormat":{"type":5,"width":8,"decimals":3},)"
+                                        R"("writeFormat":{"type":5,"width":9,"decimals":4}})")));
 }
 
-INSTANTIATE_TEST_SUITE_P(Formats, SavedFile, testing::Values(".csv", ".parquet", ".duckdb"),
-                         [](const auto& format) { return format.param + 1; });
+INSTANTIATE_TEST_SUITE_P(Formats, SavedFile, testing::Values("csv", "parquet", "duckdb"));
 
 TEST_F(SaveTest, SpecificationsTakeKnownExtensionsOnly) {
-  const struct {
-    const char* path;
-    bool accepted;
-    const char* reason;
-  } cases[] = {
-      {"out.csv", true, ""},
-      {"OUT.CSV", true, ""},
-      {"a b.parquet", true, ""},
-      {"x.duckdb", true, ""},
-      {"", false, "no file"},
-      {"out", false, "extension"},
-      {"out.sav", false, ".csv, .parquet or .duckdb"},
-      {"folder.csv", false, "folder"},
-  };
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {"OUT.CSV", ""},         {"a b.parquet", ""},  {"x.duckdb", ""},
+      {"", "no file"},         {"out", "extension"}, {"out.sav", ".csv, .parquet or .duckdb"},
+      {"folder.csv", "folder"}};
   std::filesystem::create_directory(folder_ / "folder.csv");
-  for (const auto& c : cases) {
+  for (const auto& [path, reason] : cases) {
     session_.saveError.clear();
     UserCaseFileSpec specification;
-    EXPECT_EQ(specification.Init(c.path, false, true), c.accepted) << c.path;
-    EXPECT_EQ(specification.IsInit(), c.accepted) << c.path;
-    EXPECT_THAT(session_.saveError, HasSubstr(c.reason)) << c.path;
+    EXPECT_EQ(specification.Init(path, false, true), reason.empty()) << path;
+    EXPECT_EQ(specification.IsInit(), reason.empty()) << path;
+    EXPECT_THAT(session_.saveError, HasSubstr(reason)) << path;
   }
 }
 
@@ -162,10 +138,6 @@ TEST_F(SaveTest, WhatCannotBeSavedWholeIsNotSaved) {
   EXPECT_THAT(session_.saveError, AllOf(HasSubstr("\"x_1\""), HasSubstr("different prefixes")));
   EXPECT_FALSE(save("out.csv", {"line\nbreak"}, {{1}}));
   EXPECT_THAT(session_.saveError, HasSubstr("control character"));
-  EXPECT_FALSE(save("out.csv", {}, {{}}));
-  EXPECT_THAT(session_.saveError, HasSubstr("Add PREDICTED or NRESIDUAL"));
-  EXPECT_FALSE(save("nowhere/out.csv", {"PRE_1"}, {{1}}));
-  EXPECT_THAT(session_.saveError, AllOf(HasSubstr("nowhere/out.csv"), HasSubstr("Create its folder")));
   EXPECT_FALSE(UserOutputCaseFile(UserCaseFileSpec()).Close());
   {
     UserCaseFileSpec specification;
@@ -174,24 +146,7 @@ TEST_F(SaveTest, WhatCannotBeSavedWholeIsNotSaved) {
     addVariable(neverClosed.DataSource(), "PRE_1", "");
   }
   EXPECT_EQ(contents(folder_ / "out.csv"), "old");
-  EXPECT_THAT(filesInFolder(), ElementsAre("out.csv"));
-}
-
-TEST_F(SaveTest, CasesMustFitTheDataset) {
-  UserCaseFileSpec specification;
-  UserOutputCaseFile output(specification);
-  UserOutputCaseFile other(specification);
-  std::vector<double> buffer;
-  VEXA_Case early(output.DataSource(), buffer);
-  addVariable(output.DataSource(), "a", "");
-  EXPECT_FALSE(output.DataSource().AddCase(early)) << "made before the variable";
-  early.InitCase();
-  EXPECT_THAT(buffer, ElementsAre(kSystemMissing));
-  EXPECT_FALSE(early.SetColumnValue(1, 5));
-  EXPECT_FALSE(early.SetColumnValue(-1, 5));
-  EXPECT_FALSE(other.DataSource().AddCase(early)) << "a case of another file";
-  EXPECT_TRUE(output.DataSource().AddCase(early));
-  EXPECT_EQ(output.DataSource().CaseCount(), 1);
+  EXPECT_THAT(folder_.listing(), ElementsAre("out.csv"));
 }
 
 }  // namespace

@@ -3,175 +3,111 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <ostream>
-#include <random>
-
 #include "program.h"
 
 namespace {
 
 using testing::HasSubstr;
 
-constexpr int procedureFailed = 1;
-constexpr int usageFailed = 2;
-constexpr int dataFailed = 3;
+enum ExitCode { procedure = 1, usage = 2, data = 3 };
+
+// A job that runs. Of the columns that its query adds, `one` is constant, `total` is a sum of two others, `holes` and
+// `shifted` are missing in different cases.
+const std::string goodJob = R"(command = '''
+VARMODEL
+/MODEL ENDOGENOUS=realgdp realcons LAG=[BIC] MAXLAG=2
+/METHOD TYPE=[OLS]
+'''
+[data]
+source = "us_macro_quarterly.csv"
+query = """SELECT *, 1 AS one, realgdp + realcons AS total, 'n' || year AS name,
+  CASE WHEN year <> 1980 THEN realcons END AS holes, CASE WHEN year <> 1981 THEN realinv END AS shifted FROM source"""
+)";
 
 struct BadInput {
   const char* name;
-  std::string model;  // what follows "/MODEL "; empty keeps a valid one
-  std::string rest;   // what follows METHOD
-  std::string toml;   // more of the job file
-  int exitCode;
+  std::string good;  // the part of the job that is replaced
+  std::string bad;
+  ExitCode exitCode;
   std::vector<std::string> says;
-  std::string source = "us_macro_quarterly.csv";
-  std::string method = "/METHOD TYPE=[OLS]";
 };
 
-const std::string validModel = "ENDOGENOUS=realgdp realcons LAG=[BIC] MAXLAG=2";
-
-std::string jobText(const BadInput& bad) {
-  return "command = '''\nVARMODEL\n/MODEL " + (bad.model.empty() ? validModel : bad.model) + "\n" + bad.method + "\n" +
-         bad.rest + "\n'''\n" + bad.toml + "\n[data]\nsource = \"" + bad.source + "\"\n";
-}
-
-std::vector<BadInput> commandInputs() {
+std::vector<BadInput> badInputs() {
+  const std::string variables = "realgdp realcons";
+  const std::string method = "/METHOD TYPE=[OLS]";
+  const std::string source = goodJob.substr(goodJob.find("source ="));
   return {
       {"UnknownVariable",
-       "ENDOGENOUS=realgdp realcns LAG=[BIC] MAXLAG=2",
-       "",
-       "",
-       usageFailed,
+       variables,
+       "realgdp realcns",
+       usage,
        {"line 2, column 27", "realcns", "Did you mean \"realcons\"?", "^~~~~~~"}},
-      {"SameVariableTwice", "ENDOGENOUS=realgdp realgdp LAG=[BIC] MAXLAG=2", "", "", usageFailed, {"realgdp", "twice"}},
-      {"EndogenousAndExogenous",
-       "ENDOGENOUS=realgdp realcons EXOGENOUS=realgdp LAG=[BIC] MAXLAG=2",
-       "",
-       "",
-       usageFailed,
-       {"realgdp"}},
+      {"SameVariableTwice", variables, "realgdp realgdp", usage, {"realgdp", "twice"}},
+      {"EndogenousAndExogenous", variables, variables + " EXOGENOUS=realgdp", usage, {"realgdp"}},
       {"OneEndogenous",
-       "ENDOGENOUS=realgdp LAG=[BIC] MAXLAG=2",
-       "",
-       "",
-       procedureFailed,
+       variables,
+       "realgdp",
+       procedure,
        {"At least 2 endogenous variables are required for VAR model estimation"}},
-      {"MaxlagZero", "ENDOGENOUS=realgdp realcons LAG=[BIC] MAXLAG=0", "", "", usageFailed, {"MAXLAG", "1", "25"}},
-      {"MaxlagTooLarge", "ENDOGENOUS=realgdp realcons LAG=[BIC] MAXLAG=26", "", "", usageFailed, {"MAXLAG", "25"}},
-      {"MaxlagFraction",
-       "ENDOGENOUS=realgdp realcons LAG=[BIC] MAXLAG=3.5",
-       "",
-       "",
-       procedureFailed,
-       {"MAXLAG must be an integer."}},
-      {"MaxlagText", "ENDOGENOUS=realgdp realcons LAG=[BIC] MAXLAG=\"x\"", "", "", usageFailed, {"MAXLAG", "number"}},
-      {"MinlagAboveMaxlag",
-       "ENDOGENOUS=realgdp realcons LAG=[BIC] MINLAG=5 MAXLAG=2",
-       "",
-       "",
-       procedureFailed,
-       {"MINLAG must not be greater than MAXLAG."}},
-      {"UnknownKeyword", "ENDOGENOUS=realgdp realcons LAG=[BIK] MAXLAG=2", "", "", usageFailed, {"BIK", "BIC"}},
-      {"UnknownParameter",
-       "ENDOGENUS=realgdp realcons LAG=[BIC] MAXLAG=2",
-       "",
-       "",
-       usageFailed,
-       {"ENDOGENUS", "ENDOGENOUS"}},
-      {"UnclosedBracket", "ENDOGENOUS=realgdp realcons LAG=[BIC MAXLAG=2", "", "", usageFailed, {"]"}},
-      {"CilevelNegative", "", "/AUXILIARY CILEVEL=-1", "", usageFailed, {"CILEVEL", "100"}},
-      {"CilevelTooLarge", "", "/AUXILIARY CILEVEL=101", "", usageFailed, {"CILEVEL", "100"}},
-      {"UnknownSubcommand",
-       "",
-       "/MODELSTATISTIC MODELFIT=[PARAMETERS]",
-       "",
-       usageFailed,
-       {"MODELSTATISTIC", "MODELSTATISTICS"}},
-      {"SubcommandTwice", "", "/METHOD TYPE=[OLS]", "", usageFailed, {"METHOD", "twice"}},
-      {"UnclosedQuote", "", "/SAVE FILE=\"out.csv PREDICTED", "", usageFailed, {"quote"}},
-      {"MethodMissing", "", "", "", procedureFailed, {"METHOD"}, "us_macro_quarterly.csv", ""},
+      {"MaxlagZero", "MAXLAG=2", "MAXLAG=0", usage, {"MAXLAG", "1", "25"}},
+      {"MaxlagTooLarge", "MAXLAG=2", "MAXLAG=26", usage, {"MAXLAG", "25"}},
+      {"MaxlagFraction", "MAXLAG=2", "MAXLAG=3.5", procedure, {"MAXLAG must be an integer."}},
+      {"MaxlagText", "MAXLAG=2", "MAXLAG=\"x\"", usage, {"MAXLAG", "number"}},
+      {"MinlagAboveMaxlag", "MAXLAG=2", "MAXLAG=2 MINLAG=5", procedure, {"MINLAG must not be greater than MAXLAG."}},
+      {"UnknownKeyword", "[BIC]", "[BIK]", usage, {"BIK", "BIC"}},
+      {"UnknownParameter", "ENDOGENOUS", "ENDOGENUS", usage, {"ENDOGENUS", "ENDOGENOUS"}},
+      {"UnclosedBracket", "[BIC]", "[BIC", usage, {"]"}},
+      {"CilevelNegative", method, method + "\n/AUXILIARY CILEVEL=-1", usage, {"CILEVEL", "100"}},
+      {"CilevelTooLarge", method, method + "\n/AUXILIARY CILEVEL=101", usage, {"CILEVEL", "100"}},
+      {"UnknownSubcommand", "/METHOD", "/METHODS", usage, {"METHODS", "Did you mean \"METHOD\"?"}},
+      {"SubcommandTwice", method, method + "\n" + method, usage, {"METHOD", "twice"}},
+      {"UnclosedQuote", method, method + "\n/SAVE FILE=\"out.csv PREDICTED", usage, {"quote"}},
+      {"MethodMissing", method, "", procedure, {"METHOD"}},
       {"EigenAlone",
-       "",
-       "/MODELSTATISTICS MODELFIT=[PARAMETERS EIGEN]",
-       "",
-       procedureFailed,
+       method,
+       method + "\n/MODELSTATISTICS MODELFIT=[PARAMETERS EIGEN]",
+       procedure,
        {"CORRMATRIX is required when EIGEN is specified in MODELFIT."}},
-      {"Weight", "", "", "weight = \"pop\"", procedureFailed, {"Remove Weight Variable", "'weight'"}},
-      {"Split", "", "", "split = [\"quarter\"]", procedureFailed, {"Turn off split file", "'split'"}},
+      {"Weight", "[data]", "weight = \"pop\"\n[data]", procedure, {"Remove Weight Variable", "'weight'"}},
+      {"Split", "[data]", "split = [\"quarter\"]\n[data]", procedure, {"Turn off split file", "'split'"}},
       {"OrdinalEndogenous",
-       "",
-       "",
-       "variables.realcons.level = \"ordinal\"",
-       procedureFailed,
+       "[data]",
+       "variables.realcons.level = \"ordinal\"\n[data]",
+       procedure,
        {"Only variables with a valid measurement scale are allowed. realcons does not meet this requirement."}},
       {"NoSuchFile",
-       "",
-       "",
-       "",
-       dataFailed,
-       {"us_macro_quartery.csv", "us_macro_quarterly.csv"},
-       "us_macro_quartery.csv"},
-      {"UnreadableData", "", "", "", dataFailed, {"broken.parquet"}, "broken.parquet"},
-      {"EmptyData", "", "", "", dataFailed, {"empty.csv"}, "empty.csv"},
-      {"TextVariable", "ENDOGENOUS=x name LAG=[BIC] MAXLAG=1", "", "", procedureFailed, {"name", "text"}, "small.csv"},
+       "quarterly",
+       "quartery",
+       data,
+       {"us_macro_quartery.csv", "Did you mean \"us_macro_quarterly.csv\"?"}},
+      {"UnreadableData", source, "source = \"broken.parquet\"", data, {"broken.parquet"}},
+      {"EmptyData", source, "source = \"empty.csv\"", data, {"empty.csv", "no cases"}},
+      {"TextVariable", variables, "realgdp name", procedure, {"name", "text"}},
       {"TooFewRows",
-       "ENDOGENOUS=x y LAG=[BIC] MAXLAG=9",
-       "",
-       "",
-       procedureFailed,
-       {"Insufficient observations", "largest usable MAXLAG is"},
-       "small.csv"},
-      {"ConstantSeries",
-       "ENDOGENOUS=x one LAG=[BIC] MAXLAG=1",
-       "",
-       "",
-       procedureFailed,
-       {"perfect multicollinearity"},
-       "small.csv"},
-      {"Collinear",
-       "ENDOGENOUS=x y total LAG=[BIC] MAXLAG=1",
-       "",
-       "",
-       procedureFailed,
-       {"perfect multicollinearity"},
-       "small.csv"},
+       "FROM source",
+       "FROM source LIMIT 7",
+       procedure,
+       {"Insufficient observations", "largest usable MAXLAG is"}},
+      {"ConstantSeries", variables, "realgdp one", procedure, {"perfect multicollinearity"}},
+      {"Collinear", variables, "realgdp realcons total", procedure, {"perfect multicollinearity"}},
       {"MissingInDifferentCases",
-       "ENDOGENOUS=x holes EXOGENOUS=shifted LAG=[BIC] MAXLAG=1",
-       "",
-       "",
-       procedureFailed,
-       {"missing in different cases"},
-       "small.csv"},
-      {"UnknownJobKey", "", "", "wieght = \"pop\"", usageFailed, {"job.toml, line", "'wieght'", "weight"}},
-      {"WrongTypeInJob", "", "", "weight = 3", usageFailed, {"job.toml, line", "'weight'", "text"}},
+       variables,
+       "realgdp holes EXOGENOUS=shifted",
+       procedure,
+       {"missing in different cases"}},
+      {"UnknownJobKey", "[data]", "wieght = \"pop\"\n[data]", usage, {"job.toml, line", "'wieght'", "weight"}},
+      {"WrongTypeInJob", "[data]", "weight = 3\n[data]", usage, {"job.toml, line", "'weight'", "text"}},
   };
-}
-
-// 24 rows of noise; `one` is constant, `total` is x + y, `holes` and `shifted` are missing in different cases.
-std::string smallData() {
-  std::string text = "x,y,one,total,name,holes,shifted\n";
-  std::minstd_rand noise(7);
-  const auto draw = [&noise] { return static_cast<int>(noise() % 1000); };
-  for (int row = 0; row < 24; ++row) {
-    const int x = draw();
-    const int y = draw();
-    const std::string holes = row == 5 ? "" : std::to_string(draw());
-    const std::string shifted = row == 9 ? "" : std::to_string(draw());
-    text += std::to_string(x) + "," + std::to_string(y) + ",1," + std::to_string(x + y) + ",n" + std::to_string(row) +
-            "," + holes + "," + shifted + "\n";
-  }
-  return text;
-}
-
-void PrintTo(const BadInput& bad, std::ostream* out) {
-  *out << bad.name;
 }
 
 class BadInputTest : public testing::TestWithParam<BadInput> {};
 
 TEST_P(BadInputTest, SaysWhatToDoAndWritesNothing) {
   const BadInput bad = GetParam();
+  std::string job = goodJob;
+  job.replace(job.find(bad.good), bad.good.size(), bad.bad);
   Workspace space;
-  space.example("us_macro_quarterly.csv").file("small.csv", smallData()).file("job.toml", jobText(bad));
+  space.example("us_macro_quarterly.csv").file("job.toml", job);
   space.file("broken.parquet", "PAR1 this is not a parquet file").file("empty.csv", "x,y\n");
   const auto before = space.listing();
   const ProgramRun run = space.run({"run", "job.toml", "--json", "out.json"});
@@ -181,19 +117,16 @@ TEST_P(BadInputTest, SaysWhatToDoAndWritesNothing) {
   EXPECT_EQ(space.listing(), before);
 }
 
-INSTANTIATE_TEST_SUITE_P(All, BadInputTest, testing::ValuesIn(commandInputs()),
+INSTANTIATE_TEST_SUITE_P(All, BadInputTest, testing::ValuesIn(badInputs()),
                          [](const auto& one) { return std::string(one.param.name); });
 
 TEST(BadCommandLine, EndsWithUsage) {
   const Workspace space;
-  for (const std::vector<std::string>& arguments : {std::vector<std::string>{},
-                                                    {"frobnicate"},
-                                                    {"run"},
-                                                    {"run", "nowhere.toml"},
-                                                    {"fit", "a.csv"},
-                                                    {"run", "a.toml", "--jsn", "x"}}) {
-    const ProgramRun run = space.run(arguments);
-    EXPECT_EQ(run.exitCode, usageFailed) << run.out << run.err;
+  using Words = std::vector<std::string>;
+  for (const Words& words :
+       {Words{}, {"frobnicate"}, {"run"}, {"run", "nowhere.toml"}, {"fit", "a.csv"}, {"run", "a.toml", "--jsn", "x"}}) {
+    const ProgramRun run = space.run(words);
+    EXPECT_EQ(run.exitCode, usage) << run.out << run.err;
     EXPECT_FALSE(run.err.empty());
   }
 }

@@ -4,14 +4,14 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
+#include <map>
 #include <regex>
 #include <utility>
 #include <vector>
 
 #include "host/json_document.h"
 #include "source_texts.h"
+#include "tests/dataset/temp_folder.h"
 
 namespace {
 
@@ -20,25 +20,20 @@ using testing::Contains;
 
 using Entries = std::vector<std::pair<std::string, std::string>>;
 
-Entries readEntries(const std::filesystem::path& file) {
-  std::ifstream stream(file, std::ios::binary);
-  const std::string content(std::istreambuf_iterator<char>(stream), {});
-  rapidjson::Document document;
-  document.Parse<rapidjson::kParseValidateEncodingFlag>(content.c_str(), content.size());
-  Entries entries;
-  if (document.HasParseError() || !document.IsObject()) return entries;
-  for (const auto& entry : document.GetObject()) {
-    entries.emplace_back(entry.name.GetString(), entry.value.IsString() ? entry.value.GetString() : "");
+// Of every dictionary by its file name.
+std::map<std::string, Entries> dictionaries() {
+  std::map<std::string, Entries> found;
+  for (const auto& file : std::filesystem::directory_iterator(VARMODEL_SOURCE_DIR "/locale")) {
+    rapidjson::Document document;
+    const std::string content = workbench::contents(file.path());
+    document.Parse<rapidjson::kParseValidateEncodingFlag>(content.c_str(), content.size());
+    Entries& entries = found[file.path().filename()];
+    if (document.HasParseError() || !document.IsObject()) continue;
+    for (const auto& entry : document.GetObject()) {
+      entries.emplace_back(entry.name.GetString(), entry.value.IsString() ? entry.value.GetString() : "");
+    }
   }
-  return entries;
-}
-
-std::vector<std::filesystem::path> dictionaries() {
-  std::vector<std::filesystem::path> files;
-  for (const auto& entry : std::filesystem::directory_iterator(std::string(VARMODEL_SOURCE_DIR) + "/locale")) {
-    files.push_back(entry.path());
-  }
-  return files;
+  return found;
 }
 
 std::set<std::string> markersOf(const std::string& text) {
@@ -62,7 +57,7 @@ TEST(SourceTexts, AreFoundWhereverTheyAreGiven) {
                     Contains("No ^1 ACF values for variable '^2")));
 }
 
-TEST(Dictionaries, HoldEveryTextOfTheSources) {
+TEST(Dictionaries, HoldEveryTextOfTheSourcesWithItsMarkersAndOuterBlanks) {
   std::set<std::string> wanted = lookedUpKeys();
   wanted.merge(procedureMessages());
   // A message that begins with a value is held once for each value.
@@ -73,26 +68,17 @@ TEST(Dictionaries, HoldEveryTextOfTheSources) {
   wanted.insert({"0.5", "Vector Autoregressive Models",
                  "The forecast table is not created because no forecasts could be calculated. PREDICT THRU date is "
                  "before the last observed date."});
-  ASSERT_FALSE(dictionaries().empty());
-  for (const auto& file : dictionaries()) {
-    const Entries entries = readEntries(file);
-    const std::set<std::string> held = [&] {
-      std::set<std::string> keys;
-      for (const auto& entry : entries) keys.insert(entry.first);
-      return keys;
-    }();
-    EXPECT_EQ(held.size(), entries.size()) << file << " holds a key twice";
-    for (const std::string& key : wanted) EXPECT_EQ(held.count(key), 1u) << file << " lacks: " << key;
-  }
-}
-
-TEST(Dictionaries, KeepMarkersAndOuterBlanks) {
-  for (const auto& file : dictionaries()) {
-    for (const auto& [key, text] : readEntries(file)) {
+  const std::map<std::string, Entries> all = dictionaries();
+  ASSERT_FALSE(all.empty());
+  for (const auto& [file, entries] : all) {
+    std::set<std::string> held;
+    for (const auto& [key, text] : entries) {
+      EXPECT_TRUE(held.insert(key).second) << file << " holds a key twice: " << key;
       ASSERT_NE(text, "") << file << ": " << key;
       EXPECT_EQ(markersOf(text), markersOf(key)) << file << ": " << key;
       EXPECT_TRUE(key.back() != ' ' || text.back() == ' ') << file << ": " << key;
     }
+    for (const std::string& key : wanted) EXPECT_EQ(held.count(key), 1u) << file << " lacks: " << key;
   }
 }
 

@@ -2,22 +2,47 @@
 
 #pragma once
 
+#include <limits>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "host/json_document.h"
 
-// The document that `--json` wrote. Cells are found by the item's name and the labels of row and column.
+// The document that `--json` wrote.
 class OutputDocument {
  public:
-  explicit OutputDocument(const std::string& text);
+  explicit OutputDocument(const std::string& text) {
+    document_.Parse<rapidjson::kParseFullPrecisionFlag>(text.c_str(), text.size());
+    if (document_.HasParseError() || !document_.IsObject()) throw std::runtime_error("not a JSON document: " + text);
+  }
 
-  std::vector<std::string> itemNames() const;
-  const rapidjson::Value* item(const std::string& name) const;  // null when there is none
-  // A whole column of a table, by position over leaf columns; NaN for null.
-  std::vector<double> column(const std::string& table, rapidjson::SizeType index) const;
-  std::vector<double> row(const std::string& table, rapidjson::SizeType index) const;
-  std::string footnote(const std::string& table) const;  // the first one; "" when there is none
+  const rapidjson::Value& item(const std::string& name) const {
+    for (const auto& one : document_["items"].GetArray()) {
+      if (name == one["name"].GetString()) return one;
+    }
+    throw std::runtime_error("the document has no item " + name);
+  }
+
+  // A table's cells, row by row over leaf columns; NaN for what is no number.
+  std::vector<std::vector<double>> cells(const std::string& table) const {
+    std::vector<std::vector<double>> rows;
+    for (const auto& row : item(table)["cells"].GetArray()) {
+      rows.emplace_back();
+      for (const auto& cell : row.GetArray()) {
+        rows.back().push_back(cell.IsNumber() ? cell.GetDouble() : std::numeric_limits<double>::quiet_NaN());
+      }
+    }
+    return rows;
+  }
+
+  std::vector<std::string> columnLabels(const std::string& table) const {
+    std::vector<std::string> labels;
+    for (const auto& column : item(table)["columns"].GetArray()) labels.emplace_back(column["label"].GetString());
+    return labels;
+  }
+
+  std::string footnote(const std::string& table) const { return item(table)["footnotes"][0].GetString(); }
 
  private:
   rapidjson::Document document_;

@@ -2,9 +2,10 @@
 
 #pragma once
 
-#include <filesystem>
 #include <string>
 #include <vector>
+
+#include "tests/dataset/temp_folder.h"
 
 struct ProgramRun {
   int exitCode = -1;  // 128 + signal when it was killed by one
@@ -14,17 +15,13 @@ struct ProgramRun {
 
 class Workspace {
  public:
-  Workspace();  // an empty folder, removed with the object
-  Workspace(const Workspace&) = delete;
-  Workspace& operator=(const Workspace&) = delete;
-  ~Workspace();
-
   Workspace& file(const std::string& name, const std::string& content);
   // A file of examples/, copied under its own name.
   Workspace& example(const std::string& name);
-  ProgramRun run(const std::vector<std::string>& arguments, const std::string& environment = "") const;
-  std::string read(const std::string& name) const;
-  std::vector<std::string> listing() const;  // names of all files, sorted
+  ProgramRun run(const std::vector<std::string>& arguments) const;
+  std::string read(const std::string& name) const { return workbench::contents(folder_ / name); }
+  std::vector<std::string> listing() const { return folder_.listing(); }  // names of all files, sorted
 
-  std::filesystem::path folder;
+ private:
+  workbench::TempFolder folder_;
 };

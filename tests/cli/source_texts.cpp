@@ -6,7 +6,6 @@
 #include <functional>
 #include <map>
 #include <regex>
-#include <sstream>
 #include <vector>
 
 namespace fs = std::filesystem;
@@ -101,23 +100,6 @@ std::string messageOf(const std::vector<Part>& parts, const std::map<std::string
   return says ? std::regex_replace(message, heading, "") : "";
 }
 
-// Which literals of a call's arguments are keys.
-struct KeyRule {
-  std::regex call;
-  std::string ends;  // how far its literals are keys
-  bool onlyFirst;    // and only one that stands first
-};
-
-void addKeys(const std::string& source, const KeyRule& rule, std::set<std::string>& keys) {
-  for (std::sregex_iterator it(source.begin(), source.end(), rule.call), end; it != end; ++it) {
-    const auto start = static_cast<std::size_t>(it->position() + it->length());
-    for (const Part& part : partsUpTo(source, start, rule.ends)) {
-      if (part.isLiteral) keys.insert(part.text);
-      if (rule.onlyFirst) break;
-    }
-  }
-}
-
 void addMessages(const std::string& source, const std::regex& start, const std::string& ends,
                  std::set<std::string>& messages) {
   const auto constants = textConstants(source);
@@ -131,16 +113,23 @@ void addMessages(const std::string& source, const std::regex& start, const std::
 }  // namespace
 
 std::set<std::string> lookedUpKeys() {
-  const std::vector<KeyRule> rules = {
-      {std::regex(R"re(\b(localize|tr)\(\s*(?="))re"), ")", true},
-      {std::regex(R"re(\b(localizeAll|addTest|addCriterion)\()re"), ")", false},
-      {std::regex(R"re(\bgenerateAutocorrelationCharts\(\{(?="))re"), "}", true},
-      {std::regex(R"re(\bpaintMessage\((?!std::))re"), ",", false},
-      {std::regex(R"re(\{&VARInputSettings::\w+, (?="))re"), "}", true},
+  // What comes before the keys, and what ends them.
+  const std::pair<std::regex, std::string> rules[] = {
+      {std::regex(R"re(\b(localize|tr)\(\s*(?="))re"), ",)"},
+      {std::regex(R"re(\b(localizeAll|addTest|addCriterion)\()re"), ")"},
+      {std::regex(R"re(\bgenerateAutocorrelationCharts\(\{(?="))re"), ",}"},
+      {std::regex(R"re(\bpaintMessage\((?!std::))re"), ","},
+      {std::regex(R"re(\{&VARInputSettings::\w+, (?="))re"), ",}"},
   };
   std::set<std::string> keys;
   forEachSource({"output", "workbench"}, [&](const std::string& source) {
-    for (const KeyRule& rule : rules) addKeys(source, rule, keys);
+    for (const auto& [call, ends] : rules) {
+      for (std::sregex_iterator it(source.begin(), source.end(), call), end; it != end; ++it) {
+        for (const Part& part : partsUpTo(source, static_cast<std::size_t>(it->position() + it->length()), ends)) {
+          if (part.isLiteral) keys.insert(part.text);
+        }
+      }
+    }
   });
   return keys;
 }

@@ -4,12 +4,21 @@
 
 #include <stdlib.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <sstream>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace workbench {
+
+inline std::string contents(const std::filesystem::path& file) {
+  std::ostringstream text;
+  text << std::ifstream(file, std::ios::binary).rdbuf();
+  return text.str();
+}
 
 class TempFolder {
  public:
@@ -30,6 +39,14 @@ class TempFolder {
   std::filesystem::path write(std::string_view name, std::string_view text) const {
     std::ofstream(path_ / name, std::ios::binary) << text;
     return path_ / name;
+  }
+
+  // Names of all that is in it, sorted.
+  std::vector<std::string> listing() const {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(path_)) names.push_back(entry.path().filename());
+    std::sort(names.begin(), names.end());
+    return names;
   }
 
  private:

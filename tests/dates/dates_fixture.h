@@ -3,10 +3,10 @@
 #pragma once
 
 #include <cstdio>
-#include <functional>
 #include <string>
 #include <vector>
 
+#include "tests/dataset/fault.h"
 #include "workbench/dates/date_setup.h"
 #include "workbench/dates/labels.h"
 #include "workbench/session/errors.h"
@@ -64,22 +64,6 @@ inline DatesRequest byColumn(const std::string& name) {
 }
 inline DatesRequest byVariables(const std::map<Unit, std::string>& variables) {
   return {.start = {}, .column = "", .variables = variables};
-}
-
-inline std::vector<std::string> labelColumn(const Dataset& dataset) {
-  const int index = dataset.find("DATE_");
-  return index < 0 ? std::vector<std::string>{} : dataset.columns[static_cast<std::size_t>(index)].texts;
-}
-
-// The text of the error of class E that the call throws; "" when it throws none.
-template <typename E>
-std::string faultOf(const std::function<void()>& call) {
-  try {
-    call();
-  } catch (const E& error) {
-    return error.what();
-  }
-  return "";
 }
 
 }  // namespace workbench
