@@ -8,14 +8,14 @@ using testing::HasSubstr;
 
 class ChartsTest : public OutputFixture {
  protected:
-  std::string columns(const std::string& name) { return json(item(name)["columns"]); }
+  std::string columns(const std::string& name) { return jsonOf(item(name)["columns"]); }
   std::string line(const std::string& name, rapidjson::SizeType i) { return item(name)["vizl"][i].GetString(); }
 };
 
 TEST_F(ChartsTest, TimeSeries) {
   settings.plotTimeSeries = true;
   ASSERT_EQ(run(), 0);
-  EXPECT_EQ(json(items()[0]),
+  EXPECT_EQ(jsonOf(items()[0]),
             R"x({"type":"chart","name":"Time Series -y",)x"
             R"x("columns":{"xdata":["Q1","Q2","Q3","Q4","Q5"],"ydata":[1.0,2.0,3.0,4.0,5.0]},"vizl":[)x"
             R"x("SOURCE: s = userSource(id(\"Vector Autoregressive Models\"))",)x"

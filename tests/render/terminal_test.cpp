@@ -9,12 +9,11 @@ namespace workbench {
 namespace {
 
 using testing::HasSubstr;
-using testing::Not;
 
 constexpr const char* kDescriptives = R"({ "type": "table", "title": "Descriptive Statistics",
   "rowDimension": { "label": "Variable", "shown": true }, "columnDimension": { "label": "Statistics", "shown": false },
   "columns": [ { "label": "N" }, { "label": "Mean" }, { "label": "Std. Deviation" } ],
-  "rows": ["realgdp", "infl"], "cells": [[203, 7221.1719, 3214.956], [203, -3.96151, 0.00001]],
+  "rows": ["realgdp", "infl"], "cells": [[203, 7221.1719, 3214.956], [null, -3.96151, 0.00001]],
   "cellFormat": { "type": 5, "width": 10, "decimals": 3 },
   "columnFormats": { "0": { "type": 5, "width": 10, "decimals": 0 } } })";
 
@@ -29,14 +28,14 @@ std::string paint(const std::string& json, TerminalStyle style) {
   return '\n' + paintTerminal(tableFromJson(json), style);
 }
 
-TEST(Terminal, PaintsAPlainTable) {
+TEST(Terminal, PaintsAPlainTableWithAMissingCountUnderItsLastDigit) {
   EXPECT_EQ(paint(kDescriptives, {}), R"(
 Descriptive Statistics
 ───────────────────────────────────────
 Variable    N      Mean  Std. Deviation
 ───────────────────────────────────────
 realgdp   203  7221.172      3214.956
-infl      203    -3.962         1.0e-05
+infl        .    -3.962         1.0e-05
 ───────────────────────────────────────
 )");
 }
@@ -49,26 +48,8 @@ Descriptive Statistics
 Variable    N      Mean   Deviation
 -----------------------------------
 realgdp   203  7221.172  3214.956
-infl      203    -3.962     1.0e-05
+infl        .    -3.962     1.0e-05
 -----------------------------------
-)");
-}
-
-TEST(Terminal, SplitsColumnsIntoPanelsThatRepeatTheRowLabels) {
-  EXPECT_EQ(paint(kDescriptives, {.width = 24}), R"(
-Descriptive Statistics
-───────────────────────
-Variable    N      Mean
-───────────────────────
-realgdp   203  7221.172
-infl      203    -3.962
-───────────────────────
-                Std.
-Variable   Deviation
-───────────────────────
-realgdp   3214.956
-infl         1.0e-05
-───────────────────────
 )");
 }
 
@@ -88,7 +69,7 @@ realcons              112.345  8.000  0.137        -0.034
 )");
 }
 
-TEST(Terminal, AGroupStaysTogetherAndAFootnoteWraps) {
+TEST(Terminal, SplitsColumnsIntoPanelsButNotAGroupAndWrapsAFootnote) {
   EXPECT_EQ(paint(kTests, {.width = 36}), R"(
 Test for Residuals [a]
 ──────────────────────────────────
@@ -135,20 +116,6 @@ real_pers…al_income      9.500
 )");
 }
 
-TEST(Terminal, MissingValuesOfWholeNumbersStandUnderTheLastDigit) {
-  EXPECT_EQ(paint(R"({ "type": "table", "title": "", "columns": [ { "label": "N" } ], "rows": ["a", "b"],
-                       "cells": [[203], [null]], "cellFormat": { "decimals": 0 } })",
-                  {}),
-            R"(
-──────
-     N
-──────
-a  203
-b    .
-──────
-)");
-}
-
 TEST(Terminal, AlignsNamesOfEveryScript) {
   EXPECT_EQ(paint(R"({ "type": "table", "titleShown": false, "columns": [ { "label": "輸出" }, { "label": "🎉" } ],
                        "rows": ["日本", "e\u0301te\u0301", "مبيعات", "a\u001b[31m"],
@@ -166,9 +133,8 @@ a^[[31m  1.000  2.000
 )");
 }
 
-TEST(Terminal, EmptyTablesAreQuiet) {
+TEST(Terminal, AnEmptyTableIsQuiet) {
   EXPECT_EQ(paint(R"({ "type": "table", "title": "Empty", "rows": ["a"] })", {}), "\nEmpty\n─\n\n─\na\n─\n");
-  EXPECT_THAT(paint(R"({ "type": "table" })", {}), Not(HasSubstr("a")));
 }
 
 TEST(Terminal, ColourIsBoldTitlesAndDimRules) {
@@ -195,7 +161,6 @@ a  -1,500
 Charts
 Chart: Time Series -^[[2Jgdp (3 points)
 )");
-  EXPECT_EQ(paintDocumentTerminal(parseJson("{}"), {}), "");
 }
 
 }  // namespace
