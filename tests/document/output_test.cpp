@@ -78,18 +78,6 @@ class DisplayTextTest : public SessionTest {
   }
 };
 
-TEST_F(DisplayTextTest, TranslatesWhatItHoldsAndKeepsBlanks) {
-  write("{\"Mean\": \"Mittelwert\", \"Lag \": \"Verz\\u00f6gerung \", \"N\": 7}");
-  FacSTDictionary german(path("de"));
-  german.SetProcedure("Vector Autoregressive Models");
-  EXPECT_EQ(german.LookUp("Mean"), "Mittelwert");
-  EXPECT_EQ(german.LookUp("Lag "), "Verz\xC3\xB6gerung ");
-  EXPECT_EQ(german.LookUp("Lag"), "Lag");
-  EXPECT_EQ(german.LookUp("N"), "N");
-  EXPECT_EQ(german.LookUp(" "), " ");
-  EXPECT_TRUE(session.messages.empty());
-}
-
 TEST_F(DisplayTextTest, FallsBackToTheKeysAndSaysWhyOnce) {
   EXPECT_EQ(FacSTDictionary(path("en")).LookUp("Lag "), "Lag ");
   EXPECT_TRUE(session.messages.empty()) << "the keys are English: no dictionary is needed";
