@@ -29,9 +29,10 @@ TEST_F(TextsTest, FinishedMessagesAreFoundByTheirPattern) {
   use(R"({"whole": "ganz", "lag ^1 below ^2: ^2, ^1.": "^1 unter ^2", "The ^1 must be whole.": "^1 muss ganz sein.",
           "The MAXLAG must ^1 whole.": "genauer: ^1", "^1 whole.": "zu weit: ^1",
           "they disagree (^1).": "uneins (^1).", "A chose ^1": "A nahm ^1", "B chose ^1": "B nahm ^1",
-          "name": "Name"})");
+          "name": "Name", "number": 7})");
   const std::pair<const char*, const char*> cases[] = {
       {"whole", "ganz"},
+      {"number", "number"},
       {"lag 2 below 20: 20, 2.", "2 unter 20"},
       {"lag 2 below 20: 20, 3.", "lag 2 below 20: 20, 3."},  // ^1 cannot be 2 and 3
       {"The x must be whole.", "x muss ganz sein."},
