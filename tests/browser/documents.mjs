@@ -2,12 +2,11 @@
 
 import { readFileSync } from 'node:fs';
 
-const root = new URL('../../', import.meta.url);
+const read = (path) => readFileSync(new URL(`../../${path}`, import.meta.url), 'utf8');
 
 // Columns of the example data by name, and the labels of its quarters.
 export function macroData() {
-  const text = readFileSync(new URL('examples/us_macro_quarterly.csv', root), 'utf8');
-  const [header, ...rows] = text
+  const [header, ...rows] = read('examples/us_macro_quarterly.csv')
     .trim()
     .split(/\r?\n/)
     .map((line) => line.split(','));
@@ -16,69 +15,59 @@ export function macroData() {
   return { columns, labels };
 }
 
-// The lines of a chart's specification. Texts stand in them without any escaping.
-export function vizl({ kind, title, xLabel = 'Date', yLabel = 'Values', color = 'red', colors = {}, source = 'VAR' }) {
-  const many = kind === 3 || kind === 4;
-  const entries = Object.entries(colors).sort(([a], [b]) => (a < b ? -1 : 1));
-  const legends = {
-    0: [
-      'GUIDE: legend(aesthetic(aesthetic.color), label("Observed"))',
-      `ELEMENT: line(position(xdata*ydata), color(color.${color}), size(size."1"))`,
-    ],
-    1: [
-      'GUIDE: legend(aesthetic(aesthetic.color.interior), label("ACF"))',
-      'ELEMENT: interval(position(xdata*ydata), color.interior(color.blue), shape.interior(shape.square), size(size."20"))',
-    ],
-    2: [
-      'GUIDE: legend(aesthetic(aesthetic.color), label("Observed"))',
-      'ELEMENT: area(position(xdata*ydata), color.interior(color.red), color.exterior(color.red))',
-    ],
-    3: [
-      'GUIDE: legend(aesthetic(aesthetic.color), label("Variable"))',
-      'ELEMENT: line(position(xdata*ydata), color(seriesname), size(size."1"))',
-    ],
-  };
+// Names that a variable may have.
+export const hostileNames = [...JSON.parse(read('tests/render/hostile_names.json')), 'n'.repeat(300)];
+
+// How a page shows them: control characters are made visible, so that nothing acts.
+export const visible = (name) =>
+  name
+    .replace(/[\0-\x1f\x7f]/g, (c) => `^${String.fromCharCode(c.charCodeAt(0) ^ 64)}`)
+    .replace(/[\x80-\x9f\u2028-\u202e\u2066-\u2069]/g, '\ufffd');
+
+const line = (color) => `line(position(xdata*ydata), color(${color}), size(size."1"))`;
+const square = 'shape.interior(shape.square), size(size."20")';
+const bars = `interval(position(xdata*ydata), color.interior(color.blue), ${square})`;
+const area = 'area(position(xdata*ydata), color.interior(color.red), color.exterior(color.red))';
+
+// The lines of a chart's specification. Texts stand in them without any escaping; colours are [[series, colour], ...].
+function vizl({ kind, title, xLabel = 'Date', yLabel = 'Values', colors = [], source = 'VAR' }) {
+  const entries = [...colors].sort(([a], [b]) => (a < b ? -1 : 1)).map(([name, color]) => `("${name}", ${color})`);
   return [
     `SOURCE: s = userSource(id("${source}"))`,
     'DATA: xdata  = col(source(s), name("xdata"), unit.category())',
     'DATA: ydata  = col(source(s), name("ydata"))',
-    ...(many ? ['DATA: seriesname = col(source(s), name("seriesname"), unit.category())'] : []),
+    kind === 3 && 'DATA: seriesname = col(source(s), name("seriesname"), unit.category())',
     'GRAPH: begin()',
     'SCALE: cat(dim(1), sort.data())',
-    ...(kind === 1 ? ['SCALE: linear(dim(2), min(-1), max(1))'] : []),
-    ...(many && entries.length
-      ? [`SCALE: cat(aesthetic(aesthetic.color), map(${entries.map(([name, c]) => `("${name}", ${c})`).join(', ')}))`]
-      : []),
+    kind === 1 && 'SCALE: linear(dim(2), min(-1), max(1))',
+    entries.length > 0 && `SCALE: cat(aesthetic(aesthetic.color), map(${entries.join(', ')}))`,
     `GUIDE: axis(dim(2),label("${yLabel}"))`,
     `GUIDE: axis(dim(1),label("${xLabel}"))`,
     `GUIDE: text.title(label("${title}"))`,
-    ...legends[many ? 3 : kind],
+    `GUIDE: legend(aesthetic(aesthetic.color${kind === 1 ? '.interior' : ''}), ` +
+      `label("${['Observed', 'ACF', 'Observed', 'Variable'][kind]}"))`,
+    `ELEMENT: ${[line('color.red'), bars, area, line('seriesname')][kind]}`,
     'GRAPH: end()',
-  ];
+  ].filter(Boolean);
 }
 
 // series: [[name, labels, values], ...]; the one-series kinds take the first.
 export function chart(description, ...series) {
   const columns = { xdata: series.flatMap(([, x]) => x), ydata: series.flatMap(([, , y]) => y) };
-  if (description.kind >= 3) columns.seriesname = series.flatMap(([name, x]) => x.map(() => name));
+  if (description.kind === 3) columns.seriesname = series.flatMap(([name, x]) => x.map(() => name));
   return { type: 'chart', name: description.title, columns, vizl: vizl(description) };
 }
 
 export function table(title, rows, columns, cells, more = {}) {
   return {
     type: 'table',
-    name: title,
     title,
     rowDimension: { label: 'Variable', shown: true },
-    columnDimension: { label: 'Statistics', shown: false },
     columns: columns.map((column) => (typeof column === 'string' ? { label: column } : column)),
     rows,
     cells,
-    cellFormat: { type: 5, width: 10, decimals: 3 },
     ...more,
   };
 }
 
 export const document = (items) => ({ procedure: 'Vector Autoregressive Models', subtitle: '', items });
-
-export const FORECAST_COLORS = { Observed: 'color.red', Fitted: 'color.blue', Forecast: 'color.blue' };

@@ -11,7 +11,7 @@ import { chromium } from 'playwright-core';
 const root = fileURLToPath(new URL('../../', import.meta.url));
 const folder = mkdtempSync(join(tmpdir(), 'report-'));
 const maker = process.env.VARMODEL_REPORT_PAGE ?? join(root, 'build/release/tests/report_page');
-const counts = { passed: 0, failed: 0, skipped: 0 };
+const counts = { passed: 0, failed: 0 };
 
 export function ok(value, text) {
   if (!value) throw new Error(text);
@@ -32,11 +32,6 @@ export async function check(name, action) {
   }
 }
 
-export function skip(name, reason) {
-  counts.skipped++;
-  console.log(`skipped ${name}: ${reason}`);
-}
-
 let files = 0;
 export const newPath = (extension) => join(folder, `${++files}.${extension}`);
 
@@ -50,24 +45,17 @@ export function makeReport(input) {
 
 let browser;
 export async function start() {
-  const quiet = [
-    'disable-gpu',
-    'disable-quic',
-    'no-first-run',
-    'disable-background-networking',
-    'disable-component-update',
-    'disable-sync',
-  ];
+  const switches = 'no-sandbox disable-gpu disable-quic no-first-run disable-background-networking disable-sync';
   browser = await chromium.launch({
     executablePath: process.env.CHROMIUM ?? '/usr/bin/chromium',
-    args: ['--no-sandbox', ...quiet.map((name) => `--${name}`)],
+    args: switches.split(' ').map((name) => `--${name}`),
   });
 }
 
 export async function finish() {
   await browser.close();
-  const { passed, failed, skipped } = counts;
-  console.log(`${passed} passed, ${failed} failed${skipped ? `, ${skipped} skipped` : ''}`);
+  const { passed, failed } = counts;
+  console.log(`${passed} passed, ${failed} failed`);
   process.exit(failed === 0 && passed > 0 ? 0 : 1);
 }
 
@@ -102,13 +90,13 @@ export async function open(file, options = {}) {
   return page;
 }
 
-export const read = (file) => readFileSync(file, 'utf8');
-
-// The file that a button saves.
+// The content of the file that a button saves.
 export async function download(page, button) {
   const [saved] = await Promise.all([page.waitForEvent('download'), button.click()]);
-  return saved.path();
+  return readFileSync(await saved.path(), 'utf8');
 }
+
+export const copied = (page) => page.evaluate(() => navigator.clipboard.readText());
 
 // Scrolls to a chart (counted from 0) and waits until it is drawn.
 export async function drawn(page, index) {
@@ -121,38 +109,27 @@ export async function drawn(page, index) {
 // What a drawn chart shows.
 export function look(frame) {
   return frame.evaluate((element) => {
-    const all = (selector) => [...element.querySelectorAll(selector)];
+    const all = (selector, root = element) => [...root.querySelectorAll(selector)];
+    const marks = (kind) => all(`.mark-${kind}.role-mark path`);
     const texts = (selector) => all(`${selector} text`).map((text) => text.textContent);
     const points = (path) =>
-      (path.getAttribute('d') ?? '')
-        .split(/(?=[ML])/)
-        .filter(Boolean)
-        .map((part) => part.slice(1).split(',').map(Number));
+      (path.getAttribute('d') ?? '').match(/[ML][^ML]*/g).map((part) => part.slice(1).split(',').map(Number));
+    const label = (text) => {
+      const { left, right, top } = text.getBoundingClientRect();
+      return { left, right, top, text: text.textContent };
+    };
     return {
-      lines: all('.mark-line.role-mark path').map((path) => ({
-        color: getComputedStyle(path).stroke,
-        dashes: getComputedStyle(path).strokeDasharray,
-        points: points(path),
-      })),
-      bars: all('.mark-rect.role-mark path').map((path) => ({
-        color: getComputedStyle(path).fill,
-        height: path.getBBox().height,
-      })),
-      areas: all('.mark-area.role-mark path').map((path) => getComputedStyle(path).fill),
-      dots: all('.mark-symbol.role-mark path').map((path) => getComputedStyle(path).fill),
-      axisTitles: texts('.role-axis-title'),
-      axisLabels: all('.role-axis')
-        .filter((axis) => axis.querySelector('.role-axis-label'))
-        .map((axis) =>
-          [...axis.querySelectorAll('.role-axis-label text')]
-            .map((text) => ({ text, box: text.getBoundingClientRect() }))
-            .sort((a, b) => a.box.left - b.box.left || b.box.top - a.box.top)
-            .map(({ text }) => text.textContent),
-        ),
-      labelBoxes: all('.role-axis-label text').map((text) => {
-        const { left, right, top } = text.getBoundingClientRect();
-        return { left, right, top, text: text.textContent };
-      }),
+      lines: marks('line').map((path) => [getComputedStyle(path).stroke, points(path).length]),
+      dashes: marks('line').map((path) => getComputedStyle(path).strokeDasharray !== 'none'),
+      points: marks('line').map(points),
+      bars: marks('rect').map((path) => getComputedStyle(path).fill),
+      heights: marks('rect').map((path) => path.getBBox().height),
+      areas: marks('area').map((path) => getComputedStyle(path).fill),
+      dots: marks('symbol').map((path) => getComputedStyle(path).fill),
+      axisTitles: texts('.role-axis-title').sort(),
+      axes: all('.role-axis')
+        .map((axis) => all('.role-axis-label text', axis).map(label))
+        .map((labels) => labels.sort((a, b) => a.left - b.left || b.top - a.top)),
       legend: texts('.role-legend-label'),
       legendTitle: texts('.role-legend-title'),
     };

@@ -1,7 +1,5 @@
 #include "host/output.h"
 
-#include <filesystem>
-#include <fstream>
 #include <optional>
 #include <stdexcept>
 
@@ -12,9 +10,11 @@
 
 namespace {
 
+using testing::AllOf;
 using testing::HasSubstr;
+using testing::ThrowsMessage;
 
-class OutputTest : public DocumentTest {};
+using OutputTest = DocumentTest;
 
 class MarkedChart : public StatVizlGraph {
  public:
@@ -44,12 +44,8 @@ TEST_F(OutputTest, ChartColumnsAreDistinctAndEquallyLong) {
   StatVizlGraph chart(generator, "ACF -y");
   chart.addStringDataVariable("xdata", {"1", "2"});
   EXPECT_THROW(chart.addStringDataVariable("xdata", {"1", "2"}), std::logic_error);
-  try {
-    chart.setDataVector({1.0}, false);
-    FAIL() << "a shorter column was accepted";
-  } catch (const std::logic_error& error) {
-    EXPECT_THAT(error.what(), testing::AllOf(HasSubstr("'ACF -y'"), HasSubstr("'ydata'")));
-  }
+  EXPECT_THAT([&] { chart.setDataVector({1.0}, false); },
+              ThrowsMessage<std::logic_error>(AllOf(HasSubstr("'ACF -y'"), HasSubstr("'ydata'"))));
   chart.addVizlGraphToProcedureJSON();
   EXPECT_THROW(chart.addVizlGraphToProcedureJSON(), std::logic_error);
 }
@@ -65,9 +61,7 @@ TEST_F(OutputTest, TheDocumentOutlivesItsGenerator) {
   }
   const rapidjson::Value* cells = &brief->getProcedureStatJSON()["items"][99]["cells"];
   BpProcedure procedure("Procedure", 10);
-  EXPECT_EQ(procedure.title(), "Procedure");
-  StatJSONConverter converter(procedure);
-  EXPECT_TRUE(converter.generateOutput(brief->getProcedureStatJSON()));
+  EXPECT_TRUE(StatJSONConverter(procedure).generateOutput(brief->getProcedureStatJSON()));
   EXPECT_TRUE(brief->getProcedureStatJSON().IsNull());
   brief.reset();
   EXPECT_EQ(&session.document["items"][99]["cells"], cells) << "handed over, not copied";
@@ -76,35 +70,15 @@ TEST_F(OutputTest, TheDocumentOutlivesItsGenerator) {
   EXPECT_GT(session.clock.between(workbench::StageClock::outputStart, workbench::StageClock::outputEnd), 0.0);
 }
 
-class DictionaryTest : public DocumentTest {
+class DisplayTextTest : public SessionTest {
  protected:
-  DictionaryTest() {
-    const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-    session.dictionaryFolder = std::filesystem::path(testing::TempDir()) / (std::string("dictionary_") + test->name());
-    std::filesystem::create_directories(session.dictionaryFolder);
-  }
-  ~DictionaryTest() override { std::filesystem::remove_all(session.dictionaryFolder); }
-
   std::string path(const std::string& language) {
     session.language = language;
     return PathFactory::getPathInstance(3)->getPath();
   }
-  void write(const std::string& content) { std::ofstream(session.dictionaryFolder / "de.json") << content; }
 };
 
-TEST_F(DictionaryTest, TranslatesWhatItHoldsAndKeepsBlanks) {
-  write("{\"Mean\": \"Mittelwert\", \"Lag \": \"Verz\\u00f6gerung \", \"N\": 7}");
-  FacSTDictionary german(path("de"));
-  german.SetProcedure("Vector Autoregressive Models");
-  EXPECT_EQ(german.LookUp("Mean"), "Mittelwert");
-  EXPECT_EQ(german.LookUp("Lag "), "Verz\xC3\xB6gerung ");
-  EXPECT_EQ(german.LookUp("Lag"), "Lag");
-  EXPECT_EQ(german.LookUp("N"), "N");
-  EXPECT_EQ(german.LookUp(" "), " ");
-  EXPECT_TRUE(session.messages.empty());
-}
-
-TEST_F(DictionaryTest, FallsBackToTheKeysAndSaysWhyOnce) {
+TEST_F(DisplayTextTest, FallsBackToTheKeysAndSaysWhyOnce) {
   EXPECT_EQ(FacSTDictionary(path("en")).LookUp("Lag "), "Lag ");
   EXPECT_TRUE(session.messages.empty()) << "the keys are English: no dictionary is needed";
   const FacSTDictionary missing(path("fr"));

@@ -3,21 +3,14 @@
 
 #pragma once
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
-
 #include "output/var_output_gen.h"
-#include "workbench/session/session.h"
+#include "tests/document/document_fixture.h"
 
 namespace varmodel {
 
 using Texts = std::vector<std::string>;
-using Numbers = std::vector<double>;
 
-class OutputFixture : public testing::Test {
+class OutputFixture : public SessionTest {
  protected:
   OutputFixture() {
     settings.endogenousNames = {"y", "x"};
@@ -43,35 +36,23 @@ class OutputFixture : public testing::Test {
   static EquationResult result(const std::string& name, double unit) {
     EquationResult r;
     r.equationName = name;
-    const auto parameters = [&](double first) {
-      return SeriesMatrix{
-          {first * unit, (first + 0.1) * unit, (first + 0.2) * unit, (first + 0.3) * unit, (first + 0.4) * unit}};
+    const auto number = [&](int first, std::initializer_list<double*> fields) {
+      for (double* field : fields) *field = first++ * unit;
     };
-    r.coefficients = parameters(1);
-    r.standardErrors = parameters(2);
-    r.tStatistics = parameters(3);
-    r.pValues = parameters(4);
-    r.lowerLimits = parameters(5);
-    r.upperLimits = parameters(6);
+    double first = 1;
+    for (SeriesMatrix* field :
+         {&r.coefficients, &r.standardErrors, &r.tStatistics, &r.pValues, &r.lowerLimits, &r.upperLimits}) {
+      *field = {{first * unit, (first + 0.1) * unit, (first + 0.2) * unit, (first + 0.3) * unit, (first + 0.4) * unit}};
+      ++first;
+    }
     r.fittedValues = {{3.5 * unit, 4.5 * unit, 5.5 * unit}};
     r.residuals = {{-0.5 * unit, 0.25 * unit, 0.75 * unit}};
     r.descN = 5;
-    r.descMean = 11 * unit;
-    r.descStdDev = 12 * unit;
-    r.descMinimum = 13 * unit;
-    r.descMaximum = 14 * unit;
-    r.residualSSR = 21 * unit;
-    r.rSquare = 22 * unit;
-    r.adjustedRSquare = 23 * unit;
-    r.meanSquaredError = 24 * unit;
-    r.rootMeanSquaredError = 25 * unit;
-    r.meanAbsoluteError = 26 * unit;
-    r.meanAbsPercentError = 27 * unit;
-    r.ljungBoxStat = 31 * unit;
+    number(11, {&r.descMean, &r.descStdDev, &r.descMinimum, &r.descMaximum});
+    number(21, {&r.residualSSR, &r.rSquare, &r.adjustedRSquare, &r.meanSquaredError, &r.rootMeanSquaredError,
+                &r.meanAbsoluteError, &r.meanAbsPercentError});
     r.ljungBoxDF = 15;
-    r.ljungBoxPValue = 32 * unit;
-    r.jarqueBeraStat = 33 * unit;
-    r.jarqueBeraPValue = 34 * unit;
+    number(31, {&r.ljungBoxStat, &r.ljungBoxPValue, &r.jarqueBeraStat, &r.jarqueBeraPValue});
     r.residualACF = {0.41 * unit, 0.42 * unit, 0.43 * unit};
     r.seriesACF = {0.51 * unit, 0.52 * unit, 0.53 * unit};
     r.forecasts = {61 * unit, 62 * unit};
@@ -83,11 +64,7 @@ class OutputFixture : public testing::Test {
     session.document.SetNull();
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
-    std::int32_t status = 0;
-    {
-      VAROutputGen generator(&procedure, dataSource, &settings, &algo);
-      status = generator.start();
-    }
+    const std::int32_t status = VAROutputGen(&procedure, dataSource, &settings, &algo).start();
     trace = testing::internal::GetCapturedStderr();
     out = testing::internal::GetCapturedStdout();
     return status;
@@ -95,27 +72,18 @@ class OutputFixture : public testing::Test {
 
   const rapidjson::Value& items() { return session.document["items"]; }
 
-  // The item of that name; fails the test when there is none.
+  // The item of that name.
   const rapidjson::Value& item(const std::string& name) {
     for (const rapidjson::Value& candidate : items().GetArray()) {
       if (candidate["name"] == name) return candidate;
     }
-    ADD_FAILURE() << "no item '" << name << "' in " << out;
-    static const rapidjson::Value none(rapidjson::kObjectType);
-    return none;
+    throw std::runtime_error("no item '" + name + "' in " + out);
   }
 
   Texts itemNames() {
     Texts names;
     for (const rapidjson::Value& candidate : items().GetArray()) names.push_back(candidate["name"].GetString());
     return names;
-  }
-
-  static std::string json(const rapidjson::Value& value) {
-    rapidjson::StringBuffer text;
-    rapidjson::Writer<rapidjson::StringBuffer> writer(text);
-    value.Accept(writer);
-    return text.GetString();
   }
 
   void requestEverything() {
@@ -135,8 +103,6 @@ class OutputFixture : public testing::Test {
             &s.plotResAcfComb,   &s.plotFit,           &s.plotForecast};
   }
 
-  workbench::Session session;
-  workbench::SessionScope scope{session};
   CommandSpec commandSpec;
   CommandDescriptor commandDescriptor{"VARMODEL"};
   ProcedureDataSource dataSource;
