@@ -83,8 +83,8 @@ double medianEngineTime(std::size_t length, std::size_t series, std::int32_t max
   return median(times);
 }
 
-// The allocator keeps what a run returns, as it does for small runs anyway: else the larger half of the time of long
-// series is the kernel's, which hands out every page anew.
+// The allocator keeps what a run returns, as it does for small runs anyway: else the kernel hands out every page of
+// long series anew, which takes about as long as the engine's work and changes with the machine.
 void keepMemory() {
   mallopt(M_MMAP_THRESHOLD, 1 << 30);
   mallopt(M_TRIM_THRESHOLD, std::numeric_limits<int>::max());
