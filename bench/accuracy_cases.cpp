@@ -8,7 +8,7 @@
 
 #include "bench/simulated_var.h"
 #include "tests/algo/engine_run.h"
-#include "tests/algo/plain_least_squares.h"
+#include "tests/engine/plain_least_squares.h"
 
 namespace bench {
 namespace {

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "algo/var_algo.h"
+#include "procedures/varmodel/algo/var_algo.h"
 #include "workbench/session/session.h"
 
 namespace bench {

@@ -13,10 +13,10 @@
 #include <cstring>
 #include <limits>
 
-#include "algo/kernels.h"
 #include "bench/engine.h"
 #include "bench/openblas_pipeline.h"
 #include "bench/simulated_var.h"
+#include "engine/arithmetic/kernels.h"
 
 namespace bench {
 namespace {

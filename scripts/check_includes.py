@@ -10,38 +10,49 @@ import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 
+V = "procedures/varmodel/"
 # folder -> folders that it may include besides itself
 ALLOWED = {
     "host": set(),
-    "data": {"host"},
-    "syntax": {"data", "host"},
-    "algo": {"syntax", "data", "host"},
-    "output": {"algo", "syntax", "data", "host"},
-    "save": {"algo", "syntax", "data", "host"},
-    "driver": {"output", "save", "algo", "syntax", "data", "host"},
+    "engine/arithmetic": set(),
+    "engine/linear_algebra": {"engine/arithmetic"},
+    "engine/regression": {"engine/arithmetic", "engine/linear_algebra"},
+    "engine/diagnostics": {"engine/arithmetic", "engine/linear_algebra"},
+    "engine/dynamics": {"engine/arithmetic", "engine/linear_algebra", "engine/regression", "engine/diagnostics"},
+    V + "data": {"host"},
+    V + "syntax": {V + "data", "host"},
+    V + "algo": {V + "syntax", V + "data", "host", "engine"},
+    V + "output": {V + "algo", V + "syntax", V + "data", "host", "engine"},
+    V + "save": {V + "algo", V + "syntax", V + "data", "host"},
+    V + "driver": {V + "output", V + "save", V + "algo", V + "syntax", V + "data", "host"},
     "workbench": {"host"},
 }
-# Files of algo/ that orchestrate; all others are numerical and include only algo/, the standard library, Boost, Eigen.
-ALGO_ORCHESTRATION = re.compile(r"^(var_algo.*|results_summary)\.(h|cpp)$")
-# What the procedure may take from outside: its three libraries and the C++ standard library, nothing of POSIX.
-OUTSIDE_PROCEDURE = re.compile(r"^(boost/math/|boost/version|Eigen/|rapidjson/)|^[a-z_]+$")
+# What the numbers and the procedures may take from outside: their libraries and the C++ standard library, nothing of
+# POSIX.
+OUTSIDE_ENGINE = re.compile(r"^(boost/math/|boost/version|Eigen/)|^[a-z_]+$")
+OUTSIDE_PROCEDURE = re.compile(r"^rapidjson/|^[a-z_]+$")
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]')
 
 
+def within(target: str, folders) -> bool:
+    return any(target.startswith(folder + "/") for folder in folders)
+
+
+def outside_is_allowed(folder: str, target: str) -> bool:
+    if folder == "workbench":
+        return True
+    return bool((OUTSIDE_ENGINE if folder.startswith("engine/") else OUTSIDE_PROCEDURE).match(target))
+
+
 def problems(path: pathlib.Path, folder: str):
-    numerical = folder == "algo" and not ALGO_ORCHESTRATION.match(path.name)
-    allowed = set() if numerical else ALLOWED[folder]
     for number, line in enumerate(path.read_text(encoding="utf-8").splitlines(), 1):
         match = INCLUDE.match(line)
         if not match:
             continue
         quote, target = match.groups()
-        if quote == '"':
-            top = target.split("/")[0]
-            if top != folder and top not in allowed:
-                yield f"{path.relative_to(ROOT)}:{number}: {folder} must not include {target}"
-        elif folder != "workbench" and not OUTSIDE_PROCEDURE.match(target):
-            yield f"{path.relative_to(ROOT)}:{number}: the procedure must not include <{target}>"
+        allowed = within(target, {folder, *ALLOWED[folder]}) if quote == '"' else outside_is_allowed(folder, target)
+        if not allowed:
+            yield f"{path.relative_to(ROOT)}:{number}: {folder} must not include {target}"
 
 
 def main() -> int:

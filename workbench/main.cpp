@@ -4,11 +4,11 @@
 #include <exception>
 #include <string>
 
+#include "workbench/base/errors.h"
 #include "workbench/cli/command_line.h"
 #include "workbench/cli/fit_job.h"
 #include "workbench/cli/run.h"
 #include "workbench/cli/screen.h"
-#include "workbench/session/errors.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "algo/var_algo.h"
+#include "procedures/varmodel/algo/var_algo.h"
 #include "workbench/session/session.h"
 
 namespace varmodel {

@@ -1,32 +1,37 @@
 // The wide kernels against the plainest loops, bit for bit.
 
-#include "algo/kernels.h"
+#include "engine/arithmetic/kernels.h"
 
 #include <gtest/gtest.h>
 
-#include "algo/tile_products.h"
+#include "engine/arithmetic/tile_products.h"
 #include "tests/algo/engine_run.h"
-#include "tests/algo/numeric_support.h"
+#include "tests/engine/numeric_support.h"
 
 namespace varmodel {
 namespace {
 
+using engine::kSummedRows;
+using engine::noise;
+using engine::noiseSeries;
+using engine::SeriesList;
+
 // Does the same under every set that the CPU has, and puts the set back that was active before.
 template <class Work>
 void underEverySet(Work work) {
-  const KernelSet& previous = activeKernels();
-  for (const KernelSet* kernels : availableKernels()) {
+  const engine::KernelSet& previous = engine::activeKernels();
+  for (const engine::KernelSet* kernels : engine::availableKernels()) {
     SCOPED_TRACE(kernels->name);
-    activateKernels(*kernels);
+    engine::activateKernels(*kernels);
     work();
   }
-  activateKernels(previous);
+  engine::activateKernels(previous);
 }
 
 template <class Real>
-Planes<Real> noisePlanes(std::uint64_t seed, std::size_t rows, std::size_t columns) {
+engine::Planes<Real> noisePlanes(std::uint64_t seed, std::size_t rows, std::size_t columns) {
   const std::vector<double> values = noise(seed, rows * columns);
-  Planes<Real> result(rows, columns);
+  engine::Planes<Real> result(rows, columns);
   for (std::size_t i = 0; i < values.size(); ++i) result.set(i / columns, i % columns, Real(values[i]) / Real(3.0));
   return result;
 }
@@ -37,7 +42,7 @@ TEST(Kernels, PlainTilesHaveTheBitsOfPlainLoops) {
   const auto a = noisePlanes<double>(31, kSteps, 24);
   const auto b = noisePlanes<double>(32, kSteps, 40);
   const auto before = noisePlanes<double>(33, 21, 40);
-  Planes<double> expected = before;
+  engine::Planes<double> expected = before;
   for (std::size_t i = 0; i < 21; ++i) {
     for (std::size_t j = 0; j < 40; ++j) {
       for (std::size_t first = 0; first < kSteps; first += kSummedRows) {
@@ -49,8 +54,9 @@ TEST(Kernels, PlainTilesHaveTheBitsOfPlainLoops) {
   }
   underEverySet([&] {
     for (std::size_t height = 1; height <= 21; ++height) {
-      Planes<double> target = before;
-      addTileProducts({.steps = kSteps, .factor = 2, .factorCount = height, .last = 40}, a, rowsOf(b), target, 0, 0);
+      engine::Planes<double> target = before;
+      engine::addTileProducts({.steps = kSteps, .factor = 2, .factorCount = height, .last = 40}, a, rowsOf(b), target,
+                              0, 0);
       for (std::size_t i = 0; i < 21; ++i) {
         for (std::size_t j = 0; j < 40; ++j) ASSERT_EQ(target.at(i, j), (i < height ? expected : before).at(i, j));
       }
@@ -60,16 +66,16 @@ TEST(Kernels, PlainTilesHaveTheBitsOfPlainLoops) {
 
 TEST(Kernels, ExtendedTilesAgreeWithEachOtherAndWithExactArithmetic) {
   constexpr std::size_t kSteps = 50;
-  const auto a = noisePlanes<DoubleDouble>(34, kSteps, 8);
-  const auto b = noisePlanes<DoubleDouble>(35, kSteps, 16);
-  std::vector<Planes<DoubleDouble>> results;
+  const auto a = noisePlanes<engine::DoubleDouble>(34, kSteps, 8);
+  const auto b = noisePlanes<engine::DoubleDouble>(35, kSteps, 16);
+  std::vector<engine::Planes<engine::DoubleDouble>> results;
   underEverySet([&] {
     results.emplace_back(8, 16);
-    addTileProducts({.steps = kSteps, .factorCount = 8, .last = 16}, a, rowsOf(b), results.back(), 0, 0);
+    engine::addTileProducts({.steps = kSteps, .factorCount = 8, .last = 16}, a, rowsOf(b), results.back(), 0, 0);
   });
   for (std::size_t i = 0; i < 8; ++i) {
     for (std::size_t j = 0; j < 16; ++j) {
-      DoubleDouble sum(0.0);
+      engine::DoubleDouble sum(0.0);
       for (std::size_t s = 0; s < kSteps; ++s) sum = sum + a.at(s, i) * b.at(s, j);
       for (const auto& result : results) {
         EXPECT_EQ(result.at(i, j).hi, results.front().at(i, j).hi);
@@ -100,13 +106,13 @@ TEST(Kernels, TheEngineGivesTheSameBitsUnderAll) {
 }
 
 TEST(DoubleDouble, KeepsWhatDoublesLose) {
-  const DoubleDouble third = DoubleDouble(1.0) / DoubleDouble(3.0);
-  EXPECT_NEAR((third * DoubleDouble(3.0) - DoubleDouble(1.0)).hi, 0.0, std::ldexp(1.0, -104));
-  EXPECT_EQ((DoubleDouble(1e16) + DoubleDouble(1.0) - DoubleDouble(1e16)).hi, 1.0);
-  const DoubleDouble root = squareRoot(DoubleDouble(2.0));
-  EXPECT_NEAR((root * root - DoubleDouble(2.0)).hi, 0.0, std::ldexp(1.0, -102));
+  const engine::DoubleDouble third = engine::DoubleDouble(1.0) / engine::DoubleDouble(3.0);
+  EXPECT_NEAR((third * engine::DoubleDouble(3.0) - engine::DoubleDouble(1.0)).hi, 0.0, std::ldexp(1.0, -104));
+  EXPECT_EQ((engine::DoubleDouble(1e16) + engine::DoubleDouble(1.0) - engine::DoubleDouble(1e16)).hi, 1.0);
+  const engine::DoubleDouble root = engine::squareRoot(engine::DoubleDouble(2.0));
+  EXPECT_NEAR((root * root - engine::DoubleDouble(2.0)).hi, 0.0, std::ldexp(1.0, -102));
   const double e = 134217729.0 / 134217728.0;  // (1 + 2^-27)^2 = 1 + 2^-26 + 2^-54
-  EXPECT_EQ(exactProduct(e, e).lo, std::ldexp(1.0, -54));
+  EXPECT_EQ(engine::exactProduct(e, e).lo, std::ldexp(1.0, -54));
 }
 
 }  // namespace

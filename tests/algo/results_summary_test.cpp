@@ -1,9 +1,9 @@
-#include "algo/results_summary.h"
+#include "procedures/varmodel/algo/results_summary.h"
 
 #include <gtest/gtest.h>
 
 #include "tests/algo/engine_run.h"
-#include "tests/algo/numeric_support.h"
+#include "tests/engine/numeric_support.h"
 
 namespace varmodel {
 namespace {

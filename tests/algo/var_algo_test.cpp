@@ -1,12 +1,17 @@
-#include "algo/var_algo.h"
+#include "procedures/varmodel/algo/var_algo.h"
 
 #include <gtest/gtest.h>
 
 #include "tests/algo/engine_run.h"
-#include "tests/algo/numeric_support.h"
+#include "tests/engine/numeric_support.h"
 
 namespace varmodel {
 namespace {
+
+using engine::kRounding;
+using engine::noise;
+using engine::noiseSeries;
+using engine::SeriesList;
 
 using ::testing::Each;
 using ::testing::ElementsAre;

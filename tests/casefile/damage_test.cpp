@@ -9,9 +9,9 @@
 
 #include "tests/casefile/save_fixture.h"
 #include "tests/dataset/fault.h"
-#include "workbench/casefile/atomic_file.h"
+#include "workbench/base/atomic_file.h"
+#include "workbench/base/errors.h"
 #include "workbench/dataset/load.h"
-#include "workbench/session/errors.h"
 
 namespace workbench {
 namespace {

@@ -122,7 +122,7 @@ std::set<std::string> lookedUpKeys() {
       {std::regex(R"re(\{&VARInputSettings::\w+, (?="))re"), ",}"},
   };
   std::set<std::string> keys;
-  forEachSource({"output", "workbench"}, [&](const std::string& source) {
+  forEachSource({"procedures", "workbench"}, [&](const std::string& source) {
     for (const auto& [call, ends] : rules) {
       for (std::sregex_iterator it(source.begin(), source.end(), call), end; it != end; ++it) {
         for (const Part& part : partsUpTo(source, static_cast<std::size_t>(it->position() + it->length()), ends)) {
@@ -138,9 +138,9 @@ std::set<std::string> procedureMessages() {
   static const std::regex message(R"re(\b(fail|GenericError|GenericWarning)\()re");
   static const std::regex warning(R"re((?="Warning: ))re");
   std::set<std::string> messages;
-  forEachSource({"syntax", "data", "algo"},
+  forEachSource({"procedures/varmodel/syntax", "procedures/varmodel/data", "procedures/varmodel/algo"},
                 [&](const std::string& source) { addMessages(source, message, ")", messages); });
-  forEachSource({"syntax", "data", "algo", "output"},
+  forEachSource({"procedures"},
                 [&](const std::string& source) { addMessages(source, warning, ";", messages); });
   return messages;
 }

@@ -7,8 +7,8 @@
 
 #include "tests/dataset/fault.h"
 #include "tests/dataset/temp_folder.h"
+#include "workbench/base/errors.h"
 #include "workbench/dataset/duckdb_connection.h"
-#include "workbench/session/errors.h"
 
 namespace workbench {
 namespace {

@@ -2,9 +2,9 @@
 #include <gtest/gtest.h>
 
 #include "tests/dataset/fault.h"
+#include "workbench/base/errors.h"
 #include "workbench/dataset/dictionary.h"
 #include "workbench/dataset/row_account.h"
-#include "workbench/session/errors.h"
 
 namespace workbench {
 namespace {

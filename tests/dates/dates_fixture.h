@@ -7,9 +7,9 @@
 #include <vector>
 
 #include "tests/dataset/fault.h"
+#include "workbench/base/errors.h"
 #include "workbench/dates/date_setup.h"
 #include "workbench/dates/labels.h"
-#include "workbench/session/errors.h"
 #include "workbench/session/session.h"
 
 namespace workbench {

@@ -3,7 +3,7 @@
 #include "workbench/session/texts.h"
 
 #include "tests/document/document_fixture.h"
-#include "workbench/session/errors.h"
+#include "workbench/base/errors.h"
 #include "workbench/session/languages.h"
 
 namespace workbench {

@@ -4,11 +4,11 @@
 
 #include <random>
 
+#include "workbench/base/suggest.h"
+#include "workbench/base/utf8.h"
 #include "workbench/language/lexer.h"
 #include "workbench/language/quoting.h"
-#include "workbench/language/suggest.h"
 #include "workbench/language/text_excerpt.h"
-#include "workbench/session/utf8.h"
 
 namespace workbench {
 namespace {

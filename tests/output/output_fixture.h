@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "output/var_output_gen.h"
+#include "procedures/varmodel/output/var_output_gen.h"
 #include "tests/document/document_fixture.h"
 
 namespace varmodel {

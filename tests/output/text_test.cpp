@@ -4,8 +4,8 @@
 
 #include <limits>
 
-#include "output/chart_specification.h"
-#include "output/number_text.h"
+#include "procedures/varmodel/output/chart_specification.h"
+#include "procedures/varmodel/output/number_text.h"
 
 namespace varmodel {
 namespace {

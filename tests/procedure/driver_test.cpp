@@ -1,14 +1,16 @@
 // Whole runs through the exported entry.
 
-#include "driver/varmodel_entry.h"
+#include "procedures/varmodel/driver/varmodel_entry.h"
 
 #include <cstdlib>
 
-#include "tests/algo/numeric_support.h"
+#include "tests/engine/numeric_support.h"
 #include "tests/procedure/procedure_fixture.h"
 
 namespace varmodel {
 namespace {
+
+using engine::noise;
 
 constexpr const char* kSuccess = "VAR Model: Steps 1, 2, 3, 4, 5, and 6 completed successfully!";
 const std::string kCommand =

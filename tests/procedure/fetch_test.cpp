@@ -1,4 +1,4 @@
-#include "data/fetch.h"
+#include "procedures/varmodel/data/fetch.h"
 
 #include <limits>
 

@@ -1,6 +1,6 @@
 // The subcommand handlers: what they accept, what they set, what they say.
 
-#include "syntax/subcommands.h"
+#include "procedures/varmodel/syntax/subcommands.h"
 
 #include "tests/procedure/procedure_fixture.h"
 

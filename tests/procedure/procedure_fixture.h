@@ -13,8 +13,8 @@
 
 #include "host/command_parser.h"
 #include "host/data_source.h"
-#include "syntax/command_describer.h"
-#include "syntax/input_settings.h"
+#include "procedures/varmodel/syntax/command_describer.h"
+#include "procedures/varmodel/syntax/input_settings.h"
 #include "workbench/session/session.h"
 
 namespace varmodel {

@@ -1,6 +1,6 @@
 // The saved file of predicted values and residuals, read back.
 
-#include "save/save_out_file.h"
+#include "procedures/varmodel/save/save_out_file.h"
 
 #include <filesystem>
 #include <fstream>

@@ -1,6 +1,6 @@
 // The PREDICT request, the labels and the horizon, as the handlers leave them.
 
-#include "data/predict_request.h"
+#include "procedures/varmodel/data/predict_request.h"
 #include "tests/procedure/procedure_fixture.h"
 
 namespace varmodel {

@@ -6,7 +6,7 @@
 #include <iterator>
 #include <regex>
 
-#include "output/chart_specification.h"
+#include "procedures/varmodel/output/chart_specification.h"
 #include "tests/render/render_fixture.h"
 #include "workbench/render/display_text.h"
 #include "workbench/render/html_escape.h"

@@ -6,7 +6,7 @@
 #include <cmath>
 #include <limits>
 
-#include "output/chart_specification.h"
+#include "procedures/varmodel/output/chart_specification.h"
 #include "workbench/report/chart_description.h"
 #include "workbench/report/column_store.h"
 

@@ -3,7 +3,7 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
-#include "output/chart_specification.h"
+#include "procedures/varmodel/output/chart_specification.h"
 
 namespace workbench {
 namespace {

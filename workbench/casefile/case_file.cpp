@@ -3,10 +3,10 @@
 #include <exception>
 #include <stdexcept>
 
+#include "workbench/base/errors.h"
 #include "workbench/casefile/case_file_spec.h"
 #include "workbench/casefile/case_writer.h"
 #include "workbench/dataset/host_state.h"
-#include "workbench/session/errors.h"
 #include "workbench/session/session.h"
 
 using workbench::currentSession;

@@ -8,9 +8,9 @@
 #include <utility>
 
 #include "host/json_document.h"
-#include "workbench/casefile/atomic_file.h"
+#include "workbench/base/atomic_file.h"
+#include "workbench/base/errors.h"
 #include "workbench/casefile/case_table.h"
-#include "workbench/session/errors.h"
 
 namespace workbench {
 

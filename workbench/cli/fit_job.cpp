@@ -4,8 +4,8 @@
 
 #include <charconv>
 
+#include "workbench/base/errors.h"
 #include "workbench/cli/fit_command.h"
-#include "workbench/session/errors.h"
 
 namespace workbench {
 

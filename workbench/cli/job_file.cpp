@@ -4,10 +4,10 @@
 #include <sstream>
 #include <utility>
 
+#include "workbench/base/errors.h"
+#include "workbench/base/suggest.h"
 #include "workbench/cli/job.h"
 #include "workbench/cli/toml_reader.h"
-#include "workbench/language/suggest.h"
-#include "workbench/session/errors.h"
 
 namespace workbench {
 

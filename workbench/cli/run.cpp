@@ -5,14 +5,14 @@
 #include <chrono>
 #include <cstdlib>
 
-#include "workbench/casefile/atomic_file.h"
+#include "workbench/base/atomic_file.h"
+#include "workbench/base/errors.h"
 #include "workbench/casefile/case_file_spec.h"
 #include "workbench/cli/outcome.h"
 #include "workbench/cli/report_file.h"
 #include "workbench/cli/run_messages.h"
 #include "workbench/cli/screen.h"
 #include "workbench/dates/date_setup.h"
-#include "workbench/session/errors.h"
 #include "workbench/session/languages.h"
 #include "workbench/session/procedure_module.h"
 #include "workbench/session/texts.h"

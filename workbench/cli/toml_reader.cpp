@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "workbench/language/suggest.h"
-#include "workbench/session/errors.h"
+#include "workbench/base/errors.h"
+#include "workbench/base/suggest.h"
 
 namespace workbench {
 

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <string_view>
 
-#include "workbench/session/errors.h"
+#include "workbench/base/errors.h"
 
 namespace workbench {
 

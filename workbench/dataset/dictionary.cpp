@@ -1,7 +1,7 @@
 #include "workbench/dataset/dictionary.h"
 
-#include "workbench/language/suggest.h"
-#include "workbench/session/errors.h"
+#include "workbench/base/errors.h"
+#include "workbench/base/suggest.h"
 
 namespace workbench {
 

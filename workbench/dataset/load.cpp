@@ -5,11 +5,11 @@
 #include <utility>
 #include <vector>
 
+#include "workbench/base/errors.h"
+#include "workbench/base/suggest.h"
 #include "workbench/dataset/column_reader.h"
 #include "workbench/dataset/duckdb_connection.h"
 #include "workbench/dataset/source_relation.h"
-#include "workbench/language/suggest.h"
-#include "workbench/session/errors.h"
 
 namespace workbench {
 

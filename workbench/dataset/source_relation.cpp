@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "workbench/language/suggest.h"
-#include "workbench/session/errors.h"
+#include "workbench/base/errors.h"
+#include "workbench/base/suggest.h"
 
 namespace workbench {
 

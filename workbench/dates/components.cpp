@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "workbench/session/errors.h"
+#include "workbench/base/errors.h"
 
 namespace workbench {
 

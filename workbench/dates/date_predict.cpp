@@ -1,10 +1,10 @@
 #include <algorithm>
 
+#include "workbench/base/errors.h"
 #include "workbench/dates/case_label.h"
 #include "workbench/dates/components.h"
 #include "workbench/dates/date_setup.h"
 #include "workbench/dates/labels.h"
-#include "workbench/session/errors.h"
 
 namespace workbench {
 

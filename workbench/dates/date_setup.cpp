@@ -2,12 +2,12 @@
 
 #include <algorithm>
 
+#include "workbench/base/errors.h"
 #include "workbench/dates/components.h"
 #include "workbench/dates/date_variables.h"
 #include "workbench/dates/inference.h"
 #include "workbench/dates/labels.h"
 #include "workbench/dates/regularity.h"
-#include "workbench/session/errors.h"
 
 namespace workbench {
 

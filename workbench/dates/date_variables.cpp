@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "workbench/base/errors.h"
 #include "workbench/dates/labels.h"
-#include "workbench/session/errors.h"
 
 namespace workbench {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cassert>
 
+#include "workbench/base/errors.h"
 #include "workbench/dates/labels.h"
-#include "workbench/session/errors.h"
 
 namespace workbench {
 

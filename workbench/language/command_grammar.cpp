@@ -4,7 +4,7 @@
 #include <array>
 #include <utility>
 
-#include "workbench/language/suggest.h"
+#include "workbench/base/suggest.h"
 #include "workbench/language/token_cursor.h"
 #include "workbench/language/value_reader.h"
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "workbench/session/utf8.h"
+#include "workbench/base/utf8.h"
 
 namespace workbench {
 

@@ -5,7 +5,7 @@
 #include <charconv>
 #include <cmath>
 
-#include "workbench/language/suggest.h"
+#include "workbench/base/suggest.h"
 
 namespace workbench {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "workbench/language/suggest.h"
+#include "workbench/base/suggest.h"
 #include "workbench/language/syntax_error.h"
 
 namespace workbench {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cassert>
 
+#include "workbench/base/utf8.h"
 #include "workbench/render/character_width.h"
-#include "workbench/session/utf8.h"
 
 namespace workbench {
 

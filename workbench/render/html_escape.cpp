@@ -2,8 +2,8 @@
 
 #include <stdexcept>
 
+#include "workbench/base/utf8.h"
 #include "workbench/render/display_text.h"
-#include "workbench/session/utf8.h"
 
 namespace workbench {
 

@@ -4,7 +4,7 @@
 #include <stdexcept>
 #include <system_error>
 
-#include "workbench/session/errors.h"
+#include "workbench/base/errors.h"
 #include "workbench/session/installation.h"
 
 namespace workbench {

@@ -4,7 +4,7 @@
 
 #include <utility>
 
-#include "workbench/session/errors.h"
+#include "workbench/base/errors.h"
 #include "workbench/session/installation.h"
 
 namespace workbench {

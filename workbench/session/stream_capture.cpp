@@ -10,7 +10,7 @@
 #include <cstring>
 #include <iostream>
 
-#include "workbench/session/errors.h"
+#include "workbench/base/errors.h"
 
 namespace workbench {
 

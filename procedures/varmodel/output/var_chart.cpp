@@ -1,0 +1,32 @@
+#include "procedures/varmodel/output/var_chart.h"
+
+namespace varmodel {
+
+VARChart::VARChart(StatJSONGenerator& generator, const std::string& name) : StatVizlGraph(generator, name) {}
+
+void VARChart::setChartType(std::int32_t kind) {
+  description_.kind = kind;
+}
+
+void VARChart::setLineColor(std::int32_t color) {
+  description_.lineColor = color;
+}
+
+void VARChart::setAxisLabel(bool isXAxis, const std::string& label) {
+  (isXAxis ? description_.xAxisLabel : description_.yAxisLabel) = label;
+}
+
+void VARChart::setSeriesColor(const std::string& series, const std::string& color) {
+  description_.seriesColors[series] = color;
+}
+
+void VARChart::writeSpecification(rapidjson::Value& chart, rapidjson::Document::AllocatorType& allocator) {
+  rapidjson::Value lines(rapidjson::kArrayType);
+  for (const std::string& line : chartSpecification(description_, getProcedureName(), getName())) {
+    lines.PushBack(rapidjson::Value(line, allocator), allocator);
+  }
+  // The key is copied too: the document outlives this library when the host unloads it.
+  chart.AddMember(rapidjson::Value("vizl", allocator), lines, allocator);
+}
+
+}  // namespace varmodel
