@@ -6,7 +6,7 @@
 
 #include "workbench/base/errors.h"
 #include "workbench/cli/command_line.h"
-#include "workbench/cli/fit_job.h"
+#include "workbench/cli/composed_job.h"
 #include "workbench/cli/run.h"
 #include "workbench/cli/screen.h"
 
@@ -17,8 +17,8 @@ int dispatch(const workbench::Invocation& invocation) {
   if (const auto* run = std::get_if<workbench::RunOptions>(&invocation)) {
     return workbench::runJob(workbench::readJobFile(run->jobFile), run->output);
   }
-  const auto& fit = std::get<workbench::FitOptions>(invocation);
-  return workbench::runJob(workbench::makeFitJob(fit), fit.output);
+  const auto& composed = std::get<workbench::ComposeOptions>(invocation);
+  return workbench::runJob(workbench::makeComposedJob(composed), composed.output);
 }
 
 }  // namespace

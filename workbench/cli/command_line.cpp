@@ -2,6 +2,10 @@
 
 #include <CLI/CLI.hpp>
 #include <iostream>
+#include <utility>
+#include <vector>
+
+#include "workbench/commands/registry.h"
 
 namespace workbench {
 
@@ -32,48 +36,49 @@ void addRun(CLI::App& program, RunOptions& options) {
   addOutputOptions(*run, options.output);
 }
 
-void addFit(CLI::App& program, FitOptions& options) {
-  CLI::App* fit = program.add_subcommand("fit", "Compose a command from options, print it, and run it");
-  fit->add_option("DATA", options.data, "Data file: CSV, Parquet, JSON, or a DuckDB database")->required();
-  fit->add_option("--query", options.query, "SQL over the view 'source'")->type_name("SQL");
-  fit->add_option("--endogenous", options.endogenous, "Two or more endogenous variables")->required()->type_name("VAR");
-  fit->add_option("--exogenous", options.exogenous, "Exogenous variables")->type_name("VAR");
-  fit->add_option("--lag", options.criteria, "Criteria that choose the lag (default: bic)")
-      ->type_name("aic|bic|hqic")
-      ->transform(CLI::IsMember({"AIC", "BIC", "HQIC"}, CLI::ignore_case));
-  fit->add_option("--minlag", options.minLag, "Smallest lag order tried (default: 1)")->type_name("N");
-  fit->add_option("--maxlag", options.maxLag, "Largest lag order tried, 1 to 25 (default: 10)")->type_name("N");
-  fit->add_option("--cilevel", options.ciLevel, "Confidence level in percent (default: 95)")->type_name("PERCENT");
-  fit->add_option("--predict", options.predictPeriods, "Forecast N periods after the last case")
+void addComposer(CLI::App& program, ComposeOptions& options) {
+  CLI::App* app = program.add_subcommand(options.composer->name(), options.composer->description());
+  app->add_option("DATA", options.data, "Data file: CSV, Parquet, JSON, or a DuckDB database")->required();
+  app->add_option("--query", options.query, "SQL over the view 'source'")->type_name("SQL");
+  options.composer->addOptions(*app);
+  app->add_option("--predict", options.predictPeriods, "Forecast N periods after the last case")
       ->type_name("N")
       ->check(CLI::PositiveNumber);
-  auto* column = fit->add_option("--dates", options.dateColumn, "DATE or TIMESTAMP column that dates the cases");
-  fit->add_option("--start", options.start, "Date of the first case, such as year=1959 quarter=1")
+  auto* column = app->add_option("--dates", options.dateColumn, "DATE or TIMESTAMP column that dates the cases");
+  app->add_option("--start", options.start, "Date of the first case, such as year=1959 quarter=1")
       ->type_name("UNIT=N")
       ->excludes(column);
-  fit->add_option("--save", options.saveFile, "Save predicted values and residuals (.csv, .parquet, .duckdb)")
-      ->type_name("FILE");
-  fit->add_flag("--include-missing", options.includeUserMissing, "Treat user-missing values as valid");
-  addOutputOptions(*fit, options.output);
+  addOutputOptions(*app, options.output);
+}
+
+// Those of all commands that have one. The parser writes into them: they must not move while it lives.
+std::vector<ComposeOptions> composers() {
+  std::vector<ComposeOptions> found;
+  for (const auto& command : commands()) {
+    if (std::unique_ptr<Composer> composer = command->composer()) found.emplace_back().composer = std::move(composer);
+  }
+  return found;
 }
 
 }  // namespace
 
 Invocation parseCommandLine(int argc, const char* const* argv) {
   RunOptions run;
-  FitOptions fit;
+  std::vector<ComposeOptions> composed = composers();
   CLI::App program("Vector autoregression: fit, diagnose, forecast, report.", "varmodel");
   program.set_version_flag("--version", VARMODEL_VERSION);
   program.require_subcommand(1);
   addRun(program, run);
-  addFit(program, fit);
+  for (ComposeOptions& options : composed) addComposer(program, options);
   try {
     program.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
     return EndNow{program.exit(error, std::cout, std::cerr) == 0 ? 0 : usageExitCode};
   }
-  if (program.got_subcommand("run")) return run;
-  return fit;
+  for (const ComposeOptions& options : composed) {
+    if (program.got_subcommand(options.composer->name())) return options;
+  }
+  return run;
 }
 
 }  // namespace workbench

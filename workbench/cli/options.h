@@ -3,9 +3,12 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
+
+#include "workbench/commands/common/composer.h"
 
 namespace workbench {
 
@@ -28,20 +31,14 @@ struct RunOptions {
   OutputOptions output;
 };
 
-struct FitOptions {
+// A job whose command is composed from options.
+struct ComposeOptions {
   std::filesystem::path data;
   std::string query;
-  std::vector<std::string> endogenous;
-  std::vector<std::string> exogenous;
-  std::vector<std::string> criteria;  // upper-case keywords; empty: BIC
-  std::optional<int> minLag;
-  std::optional<int> maxLag;
-  std::optional<double> ciLevel;
   std::optional<long> predictPeriods;  // periods after the last case
   std::string dateColumn;
   std::vector<std::string> start;  // "year=1959" "quarter=1"
-  std::string saveFile;
-  bool includeUserMissing = false;
+  std::shared_ptr<Composer> composer;
   OutputOptions output;
 };
 

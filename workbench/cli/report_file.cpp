@@ -2,7 +2,7 @@
 
 #include <fmt/core.h>
 
-#include "workbench/cli/command_facts.h"
+#include "workbench/commands/common/analysed_rows.h"
 #include "workbench/dates/case_label.h"
 #include "workbench/render/number_format.h"
 #include "workbench/report/report.h"
@@ -26,26 +26,27 @@ ReportMessage::Kind reportKind(RunMessage::Kind kind) {
   return ReportMessage::Kind::note;
 }
 
-void addRowFacts(const Session& session, std::vector<ReportFact>& facts) {
-  const std::optional<AnalysedRows> rows = analysedRows(session);
+void addRowFacts(const FinishedRun& run, std::vector<ReportFact>& facts) {
+  const std::optional<AnalysedRows> rows = analysedRows(run.command, run.session);
   if (!rows) return;
   const RowAccount& account = rows->account;
   facts.push_back({tr("Rows"), tr("^1 read, ^2 used, ^3 dropped", account.read, account.used, account.dropped)});
   if (account.used == 0) return;
-  facts.push_back(
-      {tr("Sample"), tr("^1 to ^2", caseLabel(session, account.firstUsed), caseLabel(session, account.lastUsed))});
+  facts.push_back({tr("Sample"), tr("^1 to ^2", caseLabel(run.session, account.firstUsed),
+                                    caseLabel(run.session, account.lastUsed))});
 }
 
 }  // namespace
 
-std::string reportPage(const Session& session, const std::vector<RunMessage>& messages, double seconds) {
+std::string reportPage(const FinishedRun& run, const std::vector<RunMessage>& messages, double seconds) {
+  const Session& session = run.session;
   ReportInput input;
   input.document = &session.document;
   input.commandText = session.commandText;
   input.language = session.language;
   input.locale = sessionLocale();
   input.facts.push_back({tr("Data source"), session.dataset.origin});
-  addRowFacts(session, input.facts);
+  addRowFacts(run, input.facts);
   input.facts.push_back({tr("Version"), VARMODEL_VERSION});
   input.facts.push_back({tr("Duration"), tr("^1 s", formatNumber(seconds, {.decimals = 3}, input.locale).text)});
   for (const RunMessage& message : messages) input.messages.push_back({reportKind(message.kind), message.text});

@@ -5,12 +5,11 @@
 #include <string>
 #include <vector>
 
-#include "workbench/cli/run_messages.h"
-#include "workbench/session/session.h"
+#include "workbench/commands/common/run_messages.h"
 
 namespace workbench {
 
 // The whole page: command, run facts, messages, every table and chart. `seconds` is the time the run took.
-std::string reportPage(const Session& session, const std::vector<RunMessage>& messages, double seconds);
+std::string reportPage(const FinishedRun& run, const std::vector<RunMessage>& messages, double seconds);
 
 }  // namespace workbench

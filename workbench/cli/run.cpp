@@ -3,15 +3,14 @@
 #include <fmt/core.h>
 
 #include <chrono>
-#include <cstdlib>
 
 #include "workbench/base/atomic_file.h"
 #include "workbench/base/errors.h"
 #include "workbench/casefile/case_file_spec.h"
-#include "workbench/cli/outcome.h"
 #include "workbench/cli/report_file.h"
-#include "workbench/cli/run_messages.h"
 #include "workbench/cli/screen.h"
+#include "workbench/commands/common/run_messages.h"
+#include "workbench/commands/registry.h"
 #include "workbench/dates/date_setup.h"
 #include "workbench/session/languages.h"
 #include "workbench/session/procedure_module.h"
@@ -61,10 +60,12 @@ void prepareSession(const Job& job, Session& session) {
   }
 }
 
-CapturedStreams callProcedure(Session& session, const OutputOptions& options) {
-  const ProcedureModule module(installedProcedure(), "VARMODEL");
-  setenv("VARMODEL_SUMMARY", options.summary ? "1" : "0", 1);
-  return module.call(session);
+FinishedRun callProcedure(const Command& command, Session& session, const OutputOptions& options) {
+  const ProcedureModule module(installedProcedures() / command.library(), command.entry());
+  command.requestSummary(options.summary);
+  FinishedRun run{command, session, module.call(session), {}};
+  run.outcome = command.outcome(session, run.streams);
+  return run;
 }
 
 void writeJson(const Session& session, const std::filesystem::path& file) {
@@ -91,6 +92,7 @@ void printTimings(const StageClock& clock, double load, double render, double to
 
 int runJob(const Job& job, const OutputOptions& options) {
   const Stopwatch total;
+  const Command& command = commandOf(job.command);
   Session session;
   const SessionScope scope(session);
   session.dictionaryFolder = installedDictionaries();
@@ -101,20 +103,19 @@ int runJob(const Job& job, const OutputOptions& options) {
   refuseOverwriting(options.trace, session);
   const double load = total.seconds();
 
-  const CapturedStreams streams = callProcedure(session, options);
-  const Outcome outcome = readOutcome(streams);
+  const FinishedRun run = callProcedure(command, session, options);
 
   const Stopwatch render;
-  const std::vector<RunMessage> messages = collectMessages(session, streams, outcome);
-  showRun(session, streams, outcome, messages, options);
-  if (!options.trace.empty()) writeFileAtomically(options.trace, streams.out + streams.err);
+  const std::vector<RunMessage> messages = collectMessages(run);
+  showRun(run, messages, options);
+  if (!options.trace.empty()) writeFileAtomically(options.trace, run.streams.out + run.streams.err);
   if (!options.json.empty() && session.document.IsObject()) writeJson(session, options.json);
   if (!options.html.empty() && session.document.IsObject()) {
-    writeFileAtomically(options.html, reportPage(session, messages, total.seconds()));
+    writeFileAtomically(options.html, reportPage(run, messages, total.seconds()));
     if (options.verbosity != Verbosity::quiet) fmt::print("{}\n", tr("report: ^1", options.html.string()));
   }
   if (options.timings) printTimings(session.clock, load, render.seconds(), total.seconds());
-  return outcome.exitCode();
+  return run.outcome.exitCode();
 }
 
 }  // namespace workbench

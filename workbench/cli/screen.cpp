@@ -69,15 +69,14 @@ void showError(const std::string& text) {
   put(stderr, paintMessage("error", text, messageStyle(STDERR_FILENO)));
 }
 
-void showRun(const Session& session, const CapturedStreams& streams, const Outcome& outcome,
-             const std::vector<RunMessage>& messages, const OutputOptions& options) {
+void showRun(const FinishedRun& run, const std::vector<RunMessage>& messages, const OutputOptions& options) {
   const bool quiet = options.verbosity == Verbosity::quiet;
-  if (options.verbosity == Verbosity::verbose) put(stderr, streams.out + streams.err);
-  if (!quiet && session.document.IsObject()) showOutput(session, messages, options);
-  if (options.summary) put(stdout, summaryText(streams));
+  if (options.verbosity == Verbosity::verbose) put(stderr, run.streams.out + run.streams.err);
+  if (!quiet && run.session.document.IsObject()) showOutput(run.session, messages, options);
+  if (options.summary) put(stdout, run.command.summary(run));
   std::fflush(stdout);
   for (const RunMessage& message : messages) {
-    if (message.kind == RunMessage::Kind::note || (quiet && outcome.succeeded)) continue;
+    if (message.kind == RunMessage::Kind::note || (quiet && run.outcome.succeeded)) continue;
     put(stderr, paintMessage(labelOf(message.kind), message.text, messageStyle(STDERR_FILENO)));
   }
 }

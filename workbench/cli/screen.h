@@ -4,15 +4,12 @@
 #pragma once
 
 #include "workbench/cli/options.h"
-#include "workbench/cli/outcome.h"
-#include "workbench/cli/run_messages.h"
-#include "workbench/session/session.h"
+#include "workbench/commands/common/run_messages.h"
 
 namespace workbench {
 
 // With -q only what explains a failure is shown.
-void showRun(const Session& session, const CapturedStreams& streams, const Outcome& outcome,
-             const std::vector<RunMessage>& messages, const OutputOptions& options);
+void showRun(const FinishedRun& run, const std::vector<RunMessage>& messages, const OutputOptions& options);
 
 // "error: TEXT" on standard error.
 void showError(const std::string& text);

@@ -35,8 +35,8 @@ CapturedStreams ProcedureModule::call(Session& session) const {
   return capture.finish();
 }
 
-std::filesystem::path installedProcedure() {
-  return installationFolder() / "lib" / "varmodel_procedure.so";
+std::filesystem::path installedProcedures() {
+  return installationFolder() / "lib";
 }
 
 }  // namespace workbench

@@ -27,7 +27,7 @@ class ProcedureModule {
   void (*entry_)() = nullptr;
 };
 
-// Where the program's own procedure lies: ../lib beside the folder of the running program.
-std::filesystem::path installedProcedure();
+// Where the program's own procedures lie: ../lib beside the folder of the running program.
+std::filesystem::path installedProcedures();
 
 }  // namespace workbench

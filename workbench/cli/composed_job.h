@@ -1,4 +1,4 @@
-// The job that `varmodel fit` runs.
+// The job of a composed command.
 
 #pragma once
 
@@ -9,6 +9,6 @@ namespace workbench {
 
 // Composes the command, prints it unless the run is quiet, and collects the settings. Throws UsageError for a --start
 // component that is not UNIT=N.
-Job makeFitJob(const FitOptions& options);
+Job makeComposedJob(const ComposeOptions& options);
 
 }  // namespace workbench

@@ -5,8 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "workbench/cli/outcome.h"
-#include "workbench/session/session.h"
+#include "workbench/commands/common/command.h"
 
 namespace workbench {
 
@@ -18,7 +17,7 @@ struct RunMessage {
 
 // The procedure's messages, equal ones once, each with its hint; why the run stopped, if nothing else says so; and the
 // notes under the output, if there is output.
-std::vector<RunMessage> collectMessages(const Session& session, const CapturedStreams& streams, const Outcome& outcome);
+std::vector<RunMessage> collectMessages(const FinishedRun& run);
 
 // "error", "warning", "hint" or "note".
 const char* labelOf(RunMessage::Kind kind);

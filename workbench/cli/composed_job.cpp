@@ -1,11 +1,10 @@
-#include "workbench/cli/fit_job.h"
+#include "workbench/cli/composed_job.h"
 
 #include <fmt/core.h>
 
 #include <charconv>
 
 #include "workbench/base/errors.h"
-#include "workbench/cli/fit_command.h"
 
 namespace workbench {
 
@@ -33,9 +32,9 @@ DateComponents readStart(const std::vector<std::string>& words) {
 
 }  // namespace
 
-Job makeFitJob(const FitOptions& options) {
+Job makeComposedJob(const ComposeOptions& options) {
   Job job;
-  job.command = composeCommand(options);
+  job.command = options.composer->compose({options.predictPeriods});
   job.data = {options.data, options.query};
   job.predictPeriods = options.predictPeriods;
   DatesRequest dates;

@@ -1,19 +1,11 @@
-#include "workbench/cli/outcome.h"
+#include "workbench/commands/common/outcome.h"
 
 #include <algorithm>
 #include <array>
-#include <string_view>
 
 #include "workbench/session/texts.h"
 
 namespace workbench {
-
-namespace {
-
-constexpr std::string_view successLine = "VAR Model: Steps 1, 2, 3, 4, 5, and 6 completed successfully!";
-constexpr std::string_view failurePrefix = "varmodel_entry: Step";
-
-}  // namespace
 
 int Outcome::exitCode() const {
   if (succeeded) return 0;
@@ -21,15 +13,12 @@ int Outcome::exitCode() const {
   return failedStep == 6 ? 4 : 1;
 }
 
-Outcome readOutcome(const CapturedStreams& streams) {
-  Outcome outcome;
-  outcome.succeeded = streams.out.find(successLine) != std::string::npos;
-  const auto at = streams.err.rfind(failurePrefix);
-  if (!outcome.succeeded && at != std::string::npos && at + failurePrefix.size() < streams.err.size()) {
-    const char digit = streams.err[at + failurePrefix.size()];
-    if (digit >= '1' && digit <= '6') outcome.failedStep = digit - '0';
-  }
-  return outcome;
+int failedStep(const CapturedStreams& streams, const std::string& entry) {
+  const std::string prefix = entry + ": Step";
+  const auto at = streams.err.rfind(prefix);
+  if (at == std::string::npos || at + prefix.size() >= streams.err.size()) return 0;
+  const char digit = streams.err[at + prefix.size()];
+  return digit >= '1' && digit <= '6' ? digit - '0' : 0;
 }
 
 std::string stepName(int step) {
@@ -57,16 +46,6 @@ std::string lastLines(const std::string& text, int count) {
     at = stop + 1;
   }
   return result;
-}
-
-std::string summaryText(const CapturedStreams& streams) {
-  const std::string rule(120, '=');
-  const auto begin = streams.out.find(rule + "\nVAR MODEL RESULTS SUMMARY");
-  if (begin == std::string::npos) return {};
-  const std::string closing = "END OF VAR MODEL RESULTS\n" + rule + "\n";
-  const auto end = streams.out.find(closing, begin);
-  if (end == std::string::npos) return {};
-  return streams.out.substr(begin, end + closing.size() - begin);
 }
 
 }  // namespace workbench

@@ -1,4 +1,4 @@
-// How a call of the procedure ended, read off its trace.
+// How a call of a procedure ended, read off its trace.
 
 #pragma once
 
@@ -16,15 +16,13 @@ struct Outcome {
   int exitCode() const;
 };
 
-Outcome readOutcome(const CapturedStreams& streams);
+// N of the last trace line "ENTRY: StepN" of a procedure's entry function; 0 when there is none.
+int failedStep(const CapturedStreams& streams, const std::string& entry);
 
 // What step 1..6 does, for messages ("reading the command").
 std::string stepName(int step);
 
 // The last lines of a text, each indented by two blanks.
 std::string lastLines(const std::string& text, int count);
-
-// The procedure's text summary in its captured output; empty when it wrote none.
-std::string summaryText(const CapturedStreams& streams);
 
 }  // namespace workbench

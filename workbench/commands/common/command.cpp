@@ -1,0 +1,25 @@
+#include "workbench/commands/common/command.h"
+
+#include <algorithm>
+#include <cctype>
+
+#include "workbench/commands/common/composer.h"
+
+namespace workbench {
+
+Outcome Command::outcome(const Session& session, const CapturedStreams& streams) const {
+  std::string prefix = name();
+  for (char& c : prefix) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  Outcome outcome;
+  outcome.failedStep = failedStep(streams, prefix + "_entry");
+  outcome.succeeded =
+      outcome.failedStep == 0 && std::none_of(session.messages.begin(), session.messages.end(),
+                                              [](const Message& one) { return one.kind == Message::Kind::error; });
+  return outcome;
+}
+
+std::unique_ptr<Composer> Command::composer() const {
+  return nullptr;
+}
+
+}  // namespace workbench

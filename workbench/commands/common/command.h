@@ -1,0 +1,57 @@
+// What the workbench knows of a command beside what its procedure says of it: one class a command, in a folder of its
+// own, and one line in registry.cpp. Only name and library must be given; the rest makes runs friendlier.
+
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "workbench/commands/common/outcome.h"
+#include "workbench/session/session.h"
+#include "workbench/session/stream_capture.h"
+
+namespace workbench {
+
+class Composer;
+struct FinishedRun;
+
+class Command {
+ public:
+  virtual ~Command() = default;
+
+  virtual std::string name() const = 0;     // the first word of the command
+  virtual std::string library() const = 0;  // file name in the program's lib/, or an absolute path
+  virtual std::string entry() const { return name(); }
+
+  // The parameters ("SUBCOMMAND PARAMETER") whose variables a case must hold to be used.
+  virtual std::vector<std::string> caseLists() const { return {}; }
+
+  // Asks the procedure for its text summary, by whatever means it has, or for none.
+  virtual void requestSummary(bool /*wanted*/) const {}
+  // How the call ended. Without an override: "NAME_entry: StepN" with the name in lower case tells the step that
+  // failed; a run without such a line and without an error message succeeded.
+  virtual Outcome outcome(const Session& session, const CapturedStreams& streams) const;
+
+  // The rest is asked after the call. Texts are finished sentences in the session's language.
+  virtual std::string summary(const FinishedRun& /*run*/) const { return {}; }
+  // Notes under the output in reading order; the account of the rows is not among them.
+  virtual std::vector<std::string> notes(const FinishedRun& /*run*/) const { return {}; }
+  // What to do about an error or warning of the procedure; empty when there is nothing to add.
+  virtual std::string hint(const std::string& /*message*/, const FinishedRun& /*run*/) const { return {}; }
+  // The likely cause of a stop without any message, as far as the trace tells; empty when it does not.
+  virtual std::string silentCause(const FinishedRun& /*run*/) const { return {}; }
+
+  // The subcommand of the program that composes this command from options; null when there is none.
+  virtual std::unique_ptr<Composer> composer() const;
+};
+
+// A call of a procedure that has ended, and what it left.
+struct FinishedRun {
+  const Command& command;
+  const Session& session;
+  CapturedStreams streams;
+  Outcome outcome;
+};
+
+}  // namespace workbench

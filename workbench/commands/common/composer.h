@@ -1,0 +1,28 @@
+// A subcommand of the program that composes a command from options (`varmodel fit`).
+
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <optional>
+#include <string>
+
+namespace workbench {
+
+// What all composed commands share beside their own options.
+struct ComposerRequest {
+  std::optional<long> predictPeriods;  // periods after the last case
+};
+
+class Composer {
+ public:
+  virtual ~Composer() = default;
+  virtual std::string name() const = 0;
+  virtual std::string description() const = 0;
+  // Adds the options of this command; those of data, dates, horizon and output are the program's. They are read into
+  // this object, which outlives the parser.
+  virtual void addOptions(CLI::App& app) = 0;
+  // The command text, after the options were read.
+  virtual std::string compose(const ComposerRequest& request) const = 0;
+};
+
+}  // namespace workbench

@@ -1,0 +1,90 @@
+#include "workbench/commands/varmodel/document_items.h"
+
+#include <algorithm>
+#include <array>
+
+#include "workbench/session/texts.h"
+
+namespace workbench::varmodel {
+
+namespace {
+
+// Which item of the document a keyword asks for: the beginning of the item's name, in English.
+struct KeywordItem {
+  std::string_view list;
+  std::string_view keyword;
+  std::string_view type;
+  std::string_view name;
+};
+constexpr std::array keywordItems = {
+    KeywordItem{modelFit, "DESCRIPTIVES", "table", "Descriptive Statistics"},
+    KeywordItem{modelFit, "GOODFIT", "table", "Goodness of Fit"},
+    KeywordItem{modelFit, "PARAMETERS", "table", "VAR Model Parameters"},
+    KeywordItem{modelFit, "RES", "table", "Model Fit Statistics"},
+    KeywordItem{modelFit, "RESIDACF", "table", "Test for Residuals"},
+    KeywordItem{modelFit, "MSE", "table", "Model Fit Statistics"},
+    KeywordItem{modelFit, "RMSE", "table", "Model Fit Statistics"},
+    KeywordItem{modelFit, "MAE", "table", "Model Fit Statistics"},
+    KeywordItem{modelFit, "MAPE", "table", "Model Fit Statistics"},
+    KeywordItem{modelFit, "RSQUARE", "table", "Model Fit Statistics"},
+    KeywordItem{modelFit, "ARSQUARE", "table", "Model Fit Statistics"},
+    KeywordItem{modelFit, "CORRMATRIX", "table", "Correlation Matrix of Residuals"},
+    KeywordItem{modelFit, "EIGEN", "table", "Correlation Matrix of Residuals"},
+    KeywordItem{modelFit, "TNORM", "table", "Test for Residuals"},
+    KeywordItem{modelFit, "TAUTO", "table", "Test for Residuals"},
+    KeywordItem{modelFit, "FORECASTS", "table", "Forecast"},
+    KeywordItem{seriesPlot, "TIMESERIES", "chart", "Time Series -"},
+    KeywordItem{seriesPlot, "ACF", "chart", "ACF -"},
+    KeywordItem{seriesPlot, "RES", "chart", "Residuals -"},
+    KeywordItem{seriesPlot, "RESCOMB", "chart", "Residuals"},
+    KeywordItem{seriesPlot, "RESACF", "chart", "ACF Residuals -"},
+    KeywordItem{seriesPlot, "RESACFCOMB", "chart", ""},
+    KeywordItem{seriesPlot, "FIT", "chart", "Fit Values -"},
+    KeywordItem{seriesPlot, "FORECAST", "chart", "Forecast -"},
+};
+
+// Most items are named in the session's language, two tables in English in every language.
+bool hasItem(const Session& session, std::string_view type, std::string_view name) {
+  const rapidjson::Value* items = itemsOf(session);
+  if (items == nullptr || name.empty()) return false;
+  const std::string localName = tr(name);
+  return std::any_of(items->Begin(), items->End(), [&](const rapidjson::Value& item) {
+    const std::string_view itemName(item["name"].GetString(), item["name"].GetStringLength());
+    return type == item["type"].GetString() && (itemName.starts_with(localName) || itemName.starts_with(name));
+  });
+}
+
+}  // namespace
+
+bool requested(const Session& session, std::string_view list, std::string_view keyword) {
+  const auto found = session.requestedLists.find(std::string(list));
+  return found != session.requestedLists.end() &&
+         std::find(found->second.begin(), found->second.end(), keyword) != found->second.end();
+}
+
+const rapidjson::Value* itemsOf(const Session& session) {
+  if (!session.document.IsObject() || !session.document.HasMember("items")) return nullptr;
+  return &session.document["items"];
+}
+
+std::vector<std::string> keywordNotes(const Session& session) {
+  std::vector<std::string> notes;
+  for (const KeywordItem& entry : keywordItems) {
+    if (!requested(session, entry.list, entry.keyword)) continue;
+    if (hasItem(session, entry.type, entry.name)) continue;
+    std::string text = tr("^1 was requested but produced no output.", entry.keyword);
+    if (entry.keyword == "RESIDACF") text += " " + tr("Its column is part of the residual tests: add TAUTO or TNORM.");
+    if (entry.keyword == "FORECASTS" || entry.keyword == "FORECAST") {
+      text += " " + tr("Forecasts need a [predict] target after the last case.");
+    }
+    notes.push_back(text);
+  }
+  if (requested(session, modelFit, "ARSQUARE") && !requested(session, modelFit, "RSQUARE")) {
+    notes.push_back(
+        tr("Adjusted R Square is computed from R Square, which was not requested and therefore counts as 0: request "
+           "RSQUARE beside ARSQUARE."));
+  }
+  return notes;
+}
+
+}  // namespace workbench::varmodel

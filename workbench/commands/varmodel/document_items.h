@@ -1,0 +1,25 @@
+// Which keyword of a VARMODEL command asks for which item of its document.
+
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "host/json_document.h"
+#include "workbench/session/session.h"
+
+namespace workbench::varmodel {
+
+inline constexpr std::string_view modelFit = "MODELSTATISTICS MODELFIT";
+inline constexpr std::string_view seriesPlot = "SERIESPLOT PLOT";
+
+// Was the keyword given in this list (modelFit, "EIGEN")?
+bool requested(const Session& session, std::string_view list, std::string_view keyword);
+
+// The items of the run's document; null when there is none.
+const rapidjson::Value* itemsOf(const Session& session);
+
+// One note for each keyword that was requested and has no item in the document.
+std::vector<std::string> keywordNotes(const Session& session);
+
+}  // namespace workbench::varmodel

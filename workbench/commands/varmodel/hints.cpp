@@ -1,0 +1,68 @@
+#include <array>
+#include <string_view>
+
+#include "workbench/commands/varmodel/notes.h"
+#include "workbench/commands/varmodel/usable_lag.h"
+#include "workbench/session/texts.h"
+
+namespace workbench::varmodel {
+
+namespace {
+
+// Few rows are the likelier cause where they bound the lag at all.
+std::string singularCovarianceHint(const FinishedRun& run) {
+  const std::string text =
+      tr("The bound on the determinant, 1e-12, is absolute: series in small units (such as differences of logs) or few "
+         "degrees of freedom fall below it. Rescale the series, for instance to percent, or lower MAXLAG.");
+  const std::optional<UsableLag> usable = usableLag(run);
+  return usable && usable->lag < 25 ? text + " " + usableLagText(*usable) : text;
+}
+
+}  // namespace
+
+std::string hintFor(const std::string& message, const FinishedRun& run) {
+  if (message == "Covariance matrix is singular") return singularCovarianceHint(run);
+  if (message.starts_with("Insufficient observations")) {
+    const std::optional<UsableLag> usable = usableLag(run);
+    return usable ? usableLagText(*usable) : std::string();
+  }
+  if (message.starts_with("Regressor matrix is singular")) {
+    return tr(
+        "Some series is constant, or one is a linear combination of others (a total beside its parts). Drop one of "
+        "them, or use differences.");
+  }
+  if (message == "CORRMATRIX is required when EIGEN is specified in MODELFIT.") {
+    return tr("The run stops here. Add CORRMATRIX to MODELFIT, or remove EIGEN.");
+  }
+  if (message.starts_with("The forecast table is not created") && !run.session.trends.predictSet) {
+    return tr(
+        "This warning comes with TAUTO whenever no forecast was requested; it does not concern the test. For "
+        "forecasts give ^1.",
+        run.session.composed ? "--predict N" : tr("a [predict] target in the job file"));
+  }
+  if (message == "Turn off split file") return tr("Remove 'split' from the job file.");
+  if (message == "Remove Weight Variable") return tr("Remove 'weight' from the job file.");
+  return {};
+}
+
+std::string silentCause(const CapturedStreams& streams) {
+  struct SilentFailure {
+    std::string_view handler;
+    std::string cause;
+  };
+  const std::array silent = {
+      SilentFailure{"get_SubCommand_Method", tr("the METHOD subcommand is missing: add /METHOD TYPE=[OLS]")},
+      SilentFailure{"get_SubCommand_ModelStatistics", tr("MODELSTATISTICS has no MODELFIT list")},
+      SilentFailure{"get_SubCommand_Auxiliary", tr("AUXILIARY has no CILEVEL")},
+  };
+  for (const SilentFailure& failure : silent) {
+    const auto at = streams.out.rfind("VARSubCommands::" + std::string(failure.handler) + " - Completed with status");
+    if (at == std::string::npos) continue;
+    if (streams.out.substr(at, streams.out.find('\n', at) - at).find("FAILURE") != std::string::npos) {
+      return failure.cause;
+    }
+  }
+  return {};
+}
+
+}  // namespace workbench::varmodel

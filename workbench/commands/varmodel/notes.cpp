@@ -1,0 +1,105 @@
+#include "workbench/commands/varmodel/notes.h"
+
+#include <cstdio>
+#include <iterator>
+#include <regex>
+#include <sstream>
+#include <string_view>
+
+#include "workbench/commands/varmodel/document_items.h"
+#include "workbench/session/texts.h"
+
+namespace workbench::varmodel {
+
+namespace {
+
+// The lines of a trace that begin with a prefix, without the prefix and without "Class::method - ".
+std::vector<std::string> tracedTexts(const std::string& trace, std::string_view prefix) {
+  std::vector<std::string> texts;
+  std::istringstream lines(trace);
+  for (std::string line; std::getline(lines, line);) {
+    if (line.compare(0, prefix.size(), prefix) != 0) continue;
+    line.erase(0, prefix.size());
+    const auto dash = line.find(" - ");
+    if (dash != std::string::npos && line.substr(0, dash).find("::") < dash &&
+        line.substr(0, dash).find(' ') == std::string::npos) {
+      line.erase(0, dash + 3);
+    }
+    texts.push_back(std::move(line));
+  }
+  return texts;
+}
+
+// A failed residual test shows as statistic 0 with significance 1; a test that ran has a positive statistic.
+void addTestNotes(const Session& session, std::vector<std::string>& notes) {
+  const rapidjson::Value* items = itemsOf(session);
+  if (items == nullptr) return;
+  for (const rapidjson::Value& item : items->GetArray()) {
+    if (item["name"].GetString() != tr("Test for Residuals")) continue;
+    const bool ljungBox = requested(session, modelFit, "TAUTO");
+    const rapidjson::SizeType jarqueBera = ljungBox ? 3 : 0;
+    for (rapidjson::SizeType row = 0; row < item["cells"].Size(); ++row) {
+      const rapidjson::Value& cells = item["cells"][row];
+      const std::string name = item["rows"][row].GetString();
+      if (ljungBox && cells[1].IsNumber() && cells[1].GetDouble() == 0.0) {
+        notes.push_back(
+            tr("The Ljung-Box test of ^1 could not be computed: it needs at least one lag and more residuals than "
+               "lags.",
+               name));
+      }
+      if (requested(session, modelFit, "TNORM") && cells[jarqueBera].IsNumber() &&
+          cells[jarqueBera].GetDouble() == 0.0 && cells[jarqueBera + 1].GetDouble() == 1.0) {
+        notes.push_back(
+            tr("The Jarque-Bera test of ^1 could not be computed: it needs at least four residuals with a variance of "
+               "at least 1e-12.",
+               name));
+      }
+    }
+  }
+}
+
+// The command with MINLAG and MAXLAG both set to one lag.
+std::string withFixedLag(const std::string& command, int lag) {
+  std::string text = command;
+  for (const std::string name : {"MINLAG", "MAXLAG"}) {
+    const std::string setting = name + "=" + std::to_string(lag);
+    const std::regex given("\\b" + name + "\\s*=\\s*[0-9.]+", std::regex::icase);
+    if (std::regex_search(text, given)) {
+      text = std::regex_replace(text, given, setting);
+    } else {
+      const std::regex model("/\\s*MODEL\\b(?!STAT)", std::regex::icase);
+      text = std::regex_replace(text, model, "/MODEL " + setting, std::regex_constants::format_first_only);
+    }
+  }
+  return text;
+}
+
+// A selected lag below MAXLAG splits the output over two lags; the remedy is one more run.
+void addLagRemedy(const FinishedRun& run, std::vector<std::string>& notes) {
+  for (const std::string& text : tracedTexts(run.streams.err, "Warning: ")) {
+    int selected = 0;
+    if (std::sscanf(text.c_str(), "The selected lag %d is below MAXLAG", &selected) != 1) continue;
+    notes.push_back(run.session.composed ? tr("To have everything for lag ^1, give --minlag ^1 --maxlag ^1.", selected)
+                                         : tr("To have everything for lag ^1, run this command:\n^2", selected,
+                                              withFixedLag(run.session.commandText, selected)));
+  }
+}
+
+}  // namespace
+
+std::vector<std::string> collectNotes(const FinishedRun& run) {
+  std::vector<std::string> notes;
+  for (const std::string& text : tracedTexts(run.streams.err, "Warning: ")) {
+    notes.push_back(run.session.texts.translate(text));
+  }
+  addLagRemedy(run, notes);
+  if (const rapidjson::Value* items = itemsOf(run.session)) {
+    if (items->Empty()) notes.push_back(tr("No output was requested: add keywords to MODELSTATISTICS or SERIESPLOT."));
+    std::vector<std::string> missing = keywordNotes(run.session);
+    std::move(missing.begin(), missing.end(), std::back_inserter(notes));
+    addTestNotes(run.session, notes);
+  }
+  return notes;
+}
+
+}  // namespace workbench::varmodel

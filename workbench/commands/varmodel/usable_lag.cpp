@@ -1,0 +1,42 @@
+#include "workbench/commands/varmodel/usable_lag.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "workbench/commands/common/analysed_rows.h"
+#include "workbench/session/texts.h"
+
+namespace workbench::varmodel {
+
+namespace {
+
+std::int64_t largestUsableLag(std::int64_t rows, std::int64_t endogenous, std::int64_t exogenous) {
+  // K residual series need K spare rows for a regular covariance: rows - p - (exogenous + 1 + p K) >= K.
+  const std::int64_t spare = rows - exogenous - 1 - endogenous;
+  return spare < 0 ? 0 : std::min<std::int64_t>(25, spare / (endogenous + 1));
+}
+
+}  // namespace
+
+std::optional<UsableLag> usableLag(const FinishedRun& run) {
+  const std::optional<AnalysedRows> rows = analysedRows(run.command, run.session);
+  const auto endogenous = run.session.requestedLists.find("MODEL ENDOGENOUS");
+  if (!rows || endogenous == run.session.requestedLists.end()) return std::nullopt;
+  UsableLag usable{.rows = rows->account.used, .endogenous = std::ssize(endogenous->second)};
+  usable.exogenous = std::ssize(rows->columns) - usable.endogenous;
+  usable.lag = largestUsableLag(usable.rows, usable.endogenous, usable.exogenous);
+  return usable;
+}
+
+std::string usableLagText(const UsableLag& usable) {
+  if (usable.lag < 1) {
+    return tr(
+        "With ^1 rows, ^2 endogenous and ^3 exogenous variables no lag can be estimated: use fewer variables or more "
+        "data.",
+        usable.rows, usable.endogenous, usable.exogenous);
+  }
+  return tr("With ^1 rows, ^2 endogenous and ^3 exogenous variables the largest usable MAXLAG is ^4.", usable.rows,
+            usable.endogenous, usable.exogenous, usable.lag);
+}
+
+}  // namespace workbench::varmodel

@@ -1,0 +1,25 @@
+// What lag the size of the data allows.
+
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "workbench/commands/common/command.h"
+
+namespace workbench::varmodel {
+
+struct UsableLag {
+  std::int64_t rows = 0;
+  std::int64_t endogenous = 0;
+  std::int64_t exogenous = 0;
+  std::int64_t lag = 0;  // largest MAXLAG (at most 25) that leaves a regular residual covariance; below 1: none
+};
+
+// Nothing when the procedure read no cases.
+std::optional<UsableLag> usableLag(const FinishedRun& run);
+
+std::string usableLagText(const UsableLag& usable);
+
+}  // namespace workbench::varmodel

@@ -1,0 +1,55 @@
+#include "workbench/commands/varmodel/varmodel_command.h"
+
+#include <cstdlib>
+#include <string_view>
+
+#include "workbench/commands/varmodel/fit_composer.h"
+#include "workbench/commands/varmodel/notes.h"
+
+namespace workbench {
+
+namespace {
+
+constexpr std::string_view successLine = "VAR Model: Steps 1, 2, 3, 4, 5, and 6 completed successfully!";
+
+}  // namespace
+
+void VarmodelCommand::requestSummary(bool wanted) const {
+  setenv("VARMODEL_SUMMARY", wanted ? "1" : "0", 1);
+}
+
+Outcome VarmodelCommand::outcome(const Session& /*session*/, const CapturedStreams& streams) const {
+  Outcome outcome;
+  outcome.succeeded = streams.out.find(successLine) != std::string::npos;
+  if (!outcome.succeeded) outcome.failedStep = failedStep(streams, "varmodel_entry");
+  return outcome;
+}
+
+std::string VarmodelCommand::summary(const FinishedRun& run) const {
+  const std::string& out = run.streams.out;
+  const std::string rule(120, '=');
+  const auto begin = out.find(rule + "\nVAR MODEL RESULTS SUMMARY");
+  if (begin == std::string::npos) return {};
+  const std::string closing = "END OF VAR MODEL RESULTS\n" + rule + "\n";
+  const auto end = out.find(closing, begin);
+  if (end == std::string::npos) return {};
+  return out.substr(begin, end + closing.size() - begin);
+}
+
+std::vector<std::string> VarmodelCommand::notes(const FinishedRun& run) const {
+  return varmodel::collectNotes(run);
+}
+
+std::string VarmodelCommand::hint(const std::string& message, const FinishedRun& run) const {
+  return varmodel::hintFor(message, run);
+}
+
+std::string VarmodelCommand::silentCause(const FinishedRun& run) const {
+  return varmodel::silentCause(run.streams);
+}
+
+std::unique_ptr<Composer> VarmodelCommand::composer() const {
+  return std::make_unique<varmodel::FitComposer>();
+}
+
+}  // namespace workbench

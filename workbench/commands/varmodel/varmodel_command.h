@@ -1,0 +1,23 @@
+// What the workbench knows of VARMODEL.
+
+#pragma once
+
+#include "workbench/commands/common/command.h"
+
+namespace workbench {
+
+class VarmodelCommand final : public Command {
+ public:
+  std::string name() const override { return "VARMODEL"; }
+  std::string library() const override { return "varmodel_procedure.so"; }
+  std::vector<std::string> caseLists() const override { return {"MODEL ENDOGENOUS", "MODEL EXOGENOUS"}; }
+  void requestSummary(bool wanted) const override;
+  Outcome outcome(const Session& session, const CapturedStreams& streams) const override;
+  std::string summary(const FinishedRun& run) const override;
+  std::vector<std::string> notes(const FinishedRun& run) const override;
+  std::string hint(const std::string& message, const FinishedRun& run) const override;
+  std::string silentCause(const FinishedRun& run) const override;
+  std::unique_ptr<Composer> composer() const override;
+};
+
+}  // namespace workbench
