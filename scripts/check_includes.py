@@ -10,6 +10,7 @@ import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 
+C = "procedures/common"
 V = "procedures/varmodel/"
 # folder -> folders that it may include besides itself
 ALLOWED = {
@@ -19,12 +20,13 @@ ALLOWED = {
     "engine/regression": {"engine/arithmetic", "engine/linear_algebra"},
     "engine/diagnostics": {"engine/arithmetic", "engine/linear_algebra"},
     "engine/dynamics": {"engine/arithmetic", "engine/linear_algebra", "engine/regression", "engine/diagnostics"},
-    V + "data": {"host"},
-    V + "syntax": {V + "data", "host"},
-    V + "algo": {V + "syntax", V + "data", "host", "engine"},
-    V + "output": {V + "algo", V + "syntax", V + "data", "host", "engine"},
-    V + "save": {V + "algo", V + "syntax", V + "data", "host"},
-    V + "driver": {V + "output", V + "save", V + "algo", V + "syntax", V + "data", "host"},
+    C: {"host"},
+    V + "data": {C, "host"},
+    V + "syntax": {V + "data", C, "host"},
+    V + "algo": {V + "syntax", V + "data", C, "host", "engine"},
+    V + "output": {V + "algo", V + "syntax", V + "data", C, "host", "engine"},
+    V + "save": {V + "algo", V + "syntax", V + "data", C, "host"},
+    V + "driver": {V + "output", V + "save", V + "algo", V + "syntax", V + "data", C, "host"},
     "workbench": {"host"},
 }
 # What the numbers and the procedures may take from outside: their libraries and the C++ standard library, nothing of

@@ -4,10 +4,10 @@
 
 #include <limits>
 
-#include "procedures/varmodel/output/chart_specification.h"
-#include "procedures/varmodel/output/number_text.h"
+#include "procedures/common/chart_specification.h"
+#include "procedures/common/number_text.h"
 
-namespace varmodel {
+namespace procedures {
 namespace {
 
 TEST(NumberText, ConfidenceLevelIsTheShortestNumber) {
@@ -69,4 +69,4 @@ GRAPH: end()
 }
 
 }  // namespace
-}  // namespace varmodel
+}  // namespace procedures

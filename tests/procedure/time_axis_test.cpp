@@ -1,6 +1,6 @@
 // The PREDICT request, the labels and the horizon, as the handlers leave them.
 
-#include "procedures/varmodel/data/predict_request.h"
+#include "procedures/common/predict_request.h"
 #include "tests/procedure/procedure_fixture.h"
 
 namespace varmodel {
@@ -20,7 +20,7 @@ constexpr const char* kModelPredict = "VARMODEL PREDICT /MODEL ENDOGENOUS=a b MA
 
 std::vector<std::string> labelTexts(const TimeAxis& axis) {
   std::vector<std::string> texts;
-  for (const ForecastLabel& label : axis.forecastLabels) texts.push_back(label.text);
+  for (const procedures::ForecastLabel& label : axis.forecastLabels) texts.push_back(label.text);
   return texts;
 }
 
@@ -167,7 +167,7 @@ TEST_F(TimeAxisTest, AGapInsideTheSampleTakesItsLabelAlong) {
 TEST(TimeUnitName, CoversTheCodesAndNothingElse) {
   const char* names[] = {"UNKNOWN", "YEAR",   "QUARTER", "MONTH", "WEEK",   "DAY",
                          "HOUR",    "MINUTE", "SECOND",  "OBS",   "UNKNOWN"};
-  for (int code = 1; code <= 11; ++code) EXPECT_STREQ(timeUnitName(code), names[code - 1]);
+  for (int code = 1; code <= 11; ++code) EXPECT_STREQ(procedures::timeUnitName(code), names[code - 1]);
 }
 
 }  // namespace

@@ -6,7 +6,7 @@
 #include <iterator>
 #include <regex>
 
-#include "procedures/varmodel/output/chart_specification.h"
+#include "procedures/common/chart_specification.h"
 #include "tests/render/render_fixture.h"
 #include "workbench/render/display_text.h"
 #include "workbench/render/html_escape.h"
@@ -36,13 +36,13 @@ rapidjson::Document documentNaming(const std::string& name) {
      "columns": [{"label": ""}, {"label": "", "children": ["", "b"]}], "rows": [""], "cells": [[1, 2, 3.25]]},
     {"type": "chart", "name": "", "columns": {"xdata": ["", "2"], "ydata": [1, 2], "seriesname": ["", "Zulu"]},
      "vizl": []}]})");
-  varmodel::ChartDescription chart;
+  procedures::ChartDescription chart;
   chart.xAxisLabel = chart.yAxisLabel = name;
-  chart.kind = varmodel::kSeriesLines;
+  chart.kind = procedures::kSeriesLines;
   chart.seriesColors = {{name, "color.green"}};
   auto& pool = document.GetAllocator();
   auto& vizl = document["items"][1]["vizl"];
-  for (const auto& line : varmodel::chartSpecification(chart, name, name))
+  for (const auto& line : procedures::chartSpecification(chart, name, name))
     vizl.PushBack(rapidjson::Value(line, pool), pool);
   vizl.PushBack(rapidjson::Value("UNKNOWN: " + name, pool), pool);
   fillEmptyTexts(document, name, pool);

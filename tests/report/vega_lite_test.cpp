@@ -6,7 +6,7 @@
 #include <cmath>
 #include <limits>
 
-#include "procedures/varmodel/output/chart_specification.h"
+#include "procedures/common/chart_specification.h"
 #include "workbench/report/chart_description.h"
 #include "workbench/report/column_store.h"
 
@@ -20,12 +20,12 @@ class VegaLite : public ::testing::Test {
  protected:
   // The chart of a kind over columns given as JSON.
   void read(std::int32_t kind, const char* columns) {
-    varmodel::ChartDescription chart;
+    procedures::ChartDescription chart;
     chart.xAxisLabel = "Date";
     chart.yAxisLabel = "Share";
     chart.kind = kind;
     columns_.Parse(columns);
-    spec_ = parseVizl(varmodel::chartSpecification(chart, "s", "Title"), columnNames(columns_, "seriesname"));
+    spec_ = parseVizl(procedures::chartSpecification(chart, "s", "Title"), columnNames(columns_, "seriesname"));
     data_ = readChartData(columns_, spec_);
   }
 
@@ -39,7 +39,7 @@ constexpr const char* kForecast =
         "seriesname": ["Observed", "Observed", "Fitted", "Fitted", "Forecast"]})";
 
 TEST_F(VegaLite, KeepsCategoriesAndSeriesInTheOrderOfTheData) {
-  read(varmodel::kSeriesLines, kForecast);
+  read(procedures::kSeriesLines, kForecast);
   EXPECT_THAT(data_.categories, ElementsAre("1959Q1", "1959Q2", "1959Q3"));
   ASSERT_EQ(data_.series.size(), 3U);
   EXPECT_EQ(data_.series[1].name, "Fitted");
@@ -48,7 +48,7 @@ TEST_F(VegaLite, KeepsCategoriesAndSeriesInTheOrderOfTheData) {
   EXPECT_THAT(data_.series[2].x, ElementsAre(2U));
   EXPECT_TRUE(data_.series[2].contiguous());
 
-  read(varmodel::kLineChart, R"({"xdata": ["b", "c", "a"], "ydata": [1, 2, 3]})");
+  read(procedures::kLineChart, R"({"xdata": ["b", "c", "a"], "ydata": [1, 2, 3]})");
   EXPECT_THAT(data_.categories, ElementsAre("b", "c", "a"));
   spec_.dataOrder = false;
   data_ = readChartData(columns_, spec_);
@@ -75,7 +75,7 @@ TEST_F(VegaLite, SaysWhyThereIsNothingToDraw) {
       {"[]", "no data column"},
   };
   for (const auto& [columns, problem] : cases) {
-    read(varmodel::kSeriesLines, columns);
+    read(procedures::kSeriesLines, columns);
     EXPECT_THAT(data_.problem, HasSubstr(problem));
     EXPECT_THAT(describeChart(spec_, data_), HasSubstr(problem));
   }
@@ -84,14 +84,14 @@ TEST_F(VegaLite, SaysWhyThereIsNothingToDraw) {
 }
 
 TEST_F(VegaLite, NamesSeriesApartThatLookAlike) {
-  read(varmodel::kSeriesLines, "{\"xdata\": [\"1\", \"1\"], \"ydata\": [1, 2], \"seriesname\": [\"\\u0001\", \"^A\"]}");
+  read(procedures::kSeriesLines, "{\"xdata\": [\"1\", \"1\"], \"ydata\": [1, 2], \"seriesname\": [\"\\u0001\", \"^A\"]}");
   ASSERT_EQ(data_.series.size(), 2U);
   EXPECT_EQ(data_.series[0].name, "^A");
   EXPECT_EQ(data_.series[1].name, "^A (2)");
 }
 
 TEST_F(VegaLite, DescribesTheNumbers) {
-  read(varmodel::kSeriesLines, kForecast);
+  read(procedures::kSeriesLines, kForecast);
   EXPECT_EQ(describeChart(spec_, data_),
             "Line chart: Title. Share by Date, 1959Q1 to 1959Q3. Observed: 2 values from 1 at 1959Q1 to 2 at 1959Q2; "
             "lowest 1 at 1959Q1, highest 2 at 1959Q2. Fitted: 1.5 at 1959Q1. Forecast: 9 at 1959Q3.");

@@ -3,7 +3,7 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
-#include "procedures/varmodel/output/chart_specification.h"
+#include "procedures/common/chart_specification.h"
 
 namespace workbench {
 namespace {
@@ -13,12 +13,12 @@ using Colors = std::map<std::string, std::string>;
 using Lines = std::vector<std::string>;
 
 Lines linesOfKind(std::int32_t kind, std::int32_t lineColor = 0) {
-  varmodel::ChartDescription chart;
+  procedures::ChartDescription chart;
   chart.xAxisLabel = "Date";
   chart.yAxisLabel = "Values";
   chart.kind = kind;
   chart.lineColor = lineColor;
-  return varmodel::chartSpecification(chart, "Vector Autoregressive Models", "T");
+  return procedures::chartSpecification(chart, "Vector Autoregressive Models", "T");
 }
 
 TEST(Vizl, UnderstandsEveryKind) {
@@ -29,12 +29,12 @@ TEST(Vizl, UnderstandsEveryKind) {
     std::string rest;  // colour, outline, columns, legend, size, and the scale where it is fixed
   };
   const Case cases[] = {
-      {varmodel::kLineChart, 0, Element::line, "red  xdata ydata  Observed 1"},
-      {varmodel::kLineChart, 1, Element::line, "green  xdata ydata  Observed 1"},
-      {varmodel::kLineChart, 2, Element::line, "blue  xdata ydata  Observed 1"},
-      {varmodel::kCorrelationBars, 0, Element::interval, "blue  xdata ydata  ACF 20 -1 to 1"},
-      {varmodel::kAreaChart, 0, Element::area, "red red xdata ydata  Observed 0"},
-      {varmodel::kSeriesLines, 0, Element::line, "  xdata ydata seriesname Variable 1"},
+      {procedures::kLineChart, 0, Element::line, "red  xdata ydata  Observed 1"},
+      {procedures::kLineChart, 1, Element::line, "green  xdata ydata  Observed 1"},
+      {procedures::kLineChart, 2, Element::line, "blue  xdata ydata  Observed 1"},
+      {procedures::kCorrelationBars, 0, Element::interval, "blue  xdata ydata  ACF 20 -1 to 1"},
+      {procedures::kAreaChart, 0, Element::area, "red red xdata ydata  Observed 0"},
+      {procedures::kSeriesLines, 0, Element::line, "  xdata ydata seriesname Variable 1"},
       {9, 0, Element::none, "      0"},
   };
   for (const Case& expected : cases) {
@@ -69,7 +69,7 @@ TEST(Vizl, NamesWhatItDoesNotUnderstandAndKeepsTheRest) {
                                  "SCALE: cat(aesthetic(aesthetic.color), map((\"A\", color.puce)))",
                                  "GUIDE: axis(dim(3),label(\"z\"))", "ELEMENT: point(position(xdata*ydata))",
                                  "ELEMENT: area(position(xdata*ydata))", "GRAPH: begin", "DATA: z = iter(1, 10)"}) {
-    Lines lines = linesOfKind(varmodel::kLineChart);
+    Lines lines = linesOfKind(procedures::kLineChart);
     lines.insert(lines.end() - 1, line);
     const ChartSpec spec = parseVizl(lines, {});
     EXPECT_EQ(spec.notUnderstood, Lines{line});

@@ -69,7 +69,7 @@ std::vector<double> fittedValues(std::span<const double> actual, std::span<const
 
 VARAlgo::VARAlgo(VARInputSettings& inputSettings, std::vector<EquationResult>& results)
     : settings(inputSettings), equationResults(results) {
-  identify(parserMessage);
+  identify(parserMessage, kIdentity);
 }
 
 std::int32_t VARAlgo::start() {
@@ -89,12 +89,13 @@ std::int32_t VARAlgo::runSteps() {
   const bool diagnosed = computeResidualDiagnostics();
   const bool described = computeDescriptiveStats();
   const bool forecastRequested = settings.timeAxis.predictRequested;
-  if (!forecastRequested && settings.showTestAutocorrelation) parserMessage.GenericWarning(kNoForecastsWarning);
+  if (!forecastRequested && settings.showTestAutocorrelation)
+    parserMessage.GenericWarning(procedures::kNoForecastsWarning);
   if (!estimated || !diagnosed || !described) return 1;
   if (!forecastRequested) return 0;
   SeriesList scratch;
   const auto horizon = std::ssize(settings.timeAxis.forecastLabels);
-  if (!computeForecasts(horizon, scratch)) parserMessage.GenericWarning(kNoForecastsWarning);
+  if (!computeForecasts(horizon, scratch)) parserMessage.GenericWarning(procedures::kNoForecastsWarning);
   return 0;
 }
 

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "host/codes.h"
 #include "host/command_parser.h"
 #include "host/procedure.h"
 #include "procedures/varmodel/algo/results_summary.h"
@@ -19,8 +20,6 @@
 
 namespace varmodel {
 namespace {
-
-constexpr int kProcedureKind = 10;  // the host's number for this procedure
 
 bool stepFailed(int step, bool failed) {
   if (failed) std::cerr << "varmodel_entry: Step" << step << " Unknown error occurred." << std::endl;
@@ -35,10 +34,10 @@ void writeSummaryIfAsked(const VARAlgo& algo) {
 // The six steps. Every object lives from the step that needs it first to the end of the run; only the parser (step 2)
 // reports failure by any value but 0.
 void varmodel_entry() {
-  const std::string title = kProcedureTitle;
-  BpProcedure procedure(title, kProcedureKind);
+  const std::string title = kIdentity.title;
+  BpProcedure procedure(title, codes::kStatisticalProcedure);
   ProcedureDataSource dataSource;
-  CommandDescriptor commandDescriptor(kCommandName);
+  CommandDescriptor commandDescriptor(kIdentity.commandName);
   VEXA_TokenSequence tokens(true);
   VARCommandDescriber describer(&commandDescriptor);
   if (stepFailed(1, describer.describeCommand() == 1)) return;

@@ -13,7 +13,7 @@ constexpr const char* kObserved = "Observed";
 constexpr const char* kFitted = "Fitted";
 constexpr const char* kForecast = "Forecast";
 
-void addManySeries(VARChart& chart, const SeriesPoints& points) {
+void addManySeries(VARChart& chart, const procedures::SeriesPoints& points) {
   chart.addStringDataVariable("xdata", points.labels);
   chart.addDoubleDataVariable("ydata", points.values);
   chart.addStringDataVariable("seriesname", points.seriesNames);
@@ -24,7 +24,8 @@ void addManySeries(VARChart& chart, const SeriesPoints& points) {
 
 // Row r of the estimation sample is observation MAXLAG + r, whatever lag was selected.
 VAROutputGen::Texts VAROutputGen::sampleLabels(std::size_t count) const {
-  return observationLabels(settings_->timeAxis.historicalLabels, static_cast<std::size_t>(settings_->maxLag), count);
+  return procedures::observationLabels(settings_->timeAxis.historicalLabels,
+                                       static_cast<std::size_t>(settings_->maxLag), count);
 }
 
 std::span<const double> VAROutputGen::observedSample(std::size_t variable) const {
@@ -33,10 +34,10 @@ std::span<const double> VAROutputGen::observedSample(std::size_t variable) const
   return series.subspan(std::min(series.size(), static_cast<std::size_t>(settings_->maxLag)));
 }
 
-SeriesPoints VAROutputGen::observedAndFitted(std::size_t variable) const {
+procedures::SeriesPoints VAROutputGen::observedAndFitted(std::size_t variable) const {
   const std::span<const double> observed = observedSample(variable);
   const std::vector<double>& fitted = onlySeries((*results_)[variable].fittedValues);
-  SeriesPoints points;
+  procedures::SeriesPoints points;
   points.append(kObserved, sampleLabels(observed.size()), observed);
   points.append(kFitted, sampleLabels(fitted.size()), fitted);
   return points;
@@ -45,7 +46,7 @@ SeriesPoints VAROutputGen::observedAndFitted(std::size_t variable) const {
 int VAROutputGen::generateResidualsCombinedChart() {
   constexpr const char* kRoutine = "generateResidualsCombinedChart";
   if (requireChartInput(kRoutine, !results_->empty(), "No results available", true)) return 1;
-  SeriesPoints points;
+  procedures::SeriesPoints points;
   std::size_t plotted = 0;
   for (std::size_t i = 0; i < variableCount(); ++i) {
     const std::string& name = settings_->endogenousNames[i];
@@ -65,7 +66,7 @@ int VAROutputGen::generateResidualsCombinedChart() {
   const auto chart = createChart({.routine = kRoutine,
                                   .variable = residualsText,
                                   .title = residualsText,
-                                  .kind = kSeriesLines,
+                                  .kind = procedures::kSeriesLines,
                                   .yAxisLabel = residualsText,
                                   .xAxisLabel = localize("Date")});
   if (!chart) return 1;
@@ -88,7 +89,7 @@ int VAROutputGen::generateFitValuesChart() {
     const auto chart = createChart({.routine = kRoutine,
                                     .variable = name,
                                     .title = localize("Fit Values -") + name,
-                                    .kind = kSeriesLines,
+                                    .kind = procedures::kSeriesLines,
                                     .yAxisLabel = name,
                                     .xAxisLabel = localize("Date")});
     if (!chart) continue;
@@ -113,16 +114,17 @@ int VAROutputGen::generateForecastChart() {
     const auto chart = createChart({.routine = kRoutine,
                                     .variable = name,
                                     .title = localize("Forecast -") + name,
-                                    .kind = kSeriesLines,
+                                    .kind = procedures::kSeriesLines,
                                     .yAxisLabel = name,
                                     .xAxisLabel = localize("Date")});
     if (!chart) continue;
     chart->setSeriesColor(kObserved, "color.red");
     chart->setSeriesColor(kFitted, "color.blue");
     chart->setSeriesColor(kForecast, "color.blue");
-    SeriesPoints points = observedAndFitted(i);
+    procedures::SeriesPoints points = observedAndFitted(i);
     const std::size_t fitted = points.size() - observedSample(i).size();
-    points.append(kForecast, forecastStepLabels(settings_->timeAxis.forecastLabels, forecasts.size()), forecasts);
+    points.append(kForecast, procedures::forecastStepLabels(settings_->timeAxis.forecastLabels, forecasts.size()),
+                  forecasts);
     addManySeries(*chart, points);
     traceLine("Forecast chart generated for variable '" + name + "' with " + std::to_string(observedSample(i).size()) +
               " observed, " + std::to_string(fitted) + " fitted, " + std::to_string(forecasts.size()) +

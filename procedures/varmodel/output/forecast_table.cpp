@@ -62,12 +62,12 @@ int VAROutputGen::generateForecastTable() {
 }
 
 VAROutputGen::Texts VAROutputGen::forecastColumnLabels(std::size_t horizon) const {
-  const std::vector<ForecastLabel>& dates = settings_->timeAxis.forecastLabels;
-  if (dates.size() >= horizon) return forecastStepLabels(dates, horizon);
+  const std::vector<procedures::ForecastLabel>& dates = settings_->timeAxis.forecastLabels;
+  if (dates.size() >= horizon) return procedures::forecastStepLabels(dates, horizon);
   traceLine("Warning: Using generic period labels. forecastDates size: " + std::to_string(dates.size()) +
             ", forecastHorizon: " + std::to_string(horizon));
   Texts labels;
-  for (const std::string& number : numberLabels(horizon)) labels.push_back(localize("Period ") + number);
+  for (const std::string& number : procedures::numberLabels(horizon)) labels.push_back(localize("Period ") + number);
   return labels;
 }
 

@@ -2,7 +2,8 @@
 
 #include <array>
 
-#include "procedures/varmodel/output/number_text.h"
+#include "host/codes.h"
+#include "procedures/common/number_text.h"
 #include "procedures/varmodel/output/var_output_gen.h"
 
 namespace varmodel {
@@ -61,7 +62,7 @@ int VAROutputGen::generateDescriptiveStatistics() {
   table->fillColumn(2, columnOf(*results_, &EquationResult::descStdDev));
   table->fillColumn(3, columnOf(*results_, &EquationResult::descMinimum));
   table->fillColumn(4, columnOf(*results_, &EquationResult::descMaximum));
-  table->setColumnFormat(0, kNumericFormat, kCellWidth, 0);
+  table->setColumnFormat(0, codes::kNumericFormat, procedures::kCellWidth, 0);
   table->build();
   return 0;
 }
@@ -108,7 +109,7 @@ std::string VAROutputGen::lagOrderFootnote() const {
 
 int VAROutputGen::generateModelParameters() {
   if (results_->empty()) return 1;
-  const std::string level = confidenceLevelText(settings_->ciLevel);
+  const std::string level = procedures::confidenceLevelText(settings_->ciLevel);
   Texts columns = localizeAll({"Coefficients", "Standard Error", "t", "Sig."});
   columns.push_back(localize("^1 CI Lower", level));
   columns.push_back(localize("^1 CI Upper", level));

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "procedures/varmodel/output/number_text.h"
+#include "procedures/common/number_text.h"
 #include "procedures/varmodel/output/trace.h"
 #include "procedures/varmodel/output/var_output_gen.h"
 
@@ -43,7 +43,7 @@ std::string VAROutputGen::eigenvalueFootnote() const {
   std::string values;
   for (const double value : results_->front().residualEigenvalues) {
     if (!values.empty()) values += ", ";
-    values += sixDecimals(value);
+    values += procedures::sixDecimals(value);
   }
   return localize("Eigen Values of Residual Correlation Matrix") + "  : " + values;
 }
@@ -59,7 +59,7 @@ int VAROutputGen::generateResidualCovarianceMatrix() {
   addMatrixTable(*table, algo_->residualCovariance);
   table->addTitleFootnoteRef(0);
   table->addFootnote(localize("Determinant of Residual Covariance matrix is ") +
-                     sixDecimals(algo_->residualCovarianceDeterminant));
+                     procedures::sixDecimals(algo_->residualCovarianceDeterminant));
   table->build();
   return 0;
 }

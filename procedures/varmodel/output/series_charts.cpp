@@ -50,12 +50,12 @@ int VAROutputGen::generateTimeSeriesChart() {
     const auto chart = createChart({.routine = kRoutine,
                                     .variable = name,
                                     .title = localize("Time Series -") + name,
-                                    .kind = kLineChart,
+                                    .kind = procedures::kLineChart,
                                     .yAxisLabel = localize("Values"),
                                     .xAxisLabel = localize("Date")});
     if (!chart) continue;
-    chart->setLineColor(kRedLine);
-    const Texts labels = observationLabels(dates, 0, series[i].size());
+    chart->setLineColor(procedures::kRedLine);
+    const Texts labels = procedures::observationLabels(dates, 0, series[i].size());
     traceTimeAxis(labels, !labels.empty() && dates.size() >= labels.size());
     addOneSeries(*chart, labels, series[i]);
     traceLine("Time series chart generated for variable '" + name + "' with " + std::to_string(labels.size()) +
@@ -85,11 +85,11 @@ void VAROutputGen::generateAutocorrelationCharts(const AutocorrelationCharts& ch
     const auto chart = createChart({.routine = "generateACFChart",
                                     .variable = name,
                                     .title = localize(charts.titleKey) + name,
-                                    .kind = kCorrelationBars,
+                                    .kind = procedures::kCorrelationBars,
                                     .yAxisLabel = localize("ACF"),
                                     .xAxisLabel = localize("Lag Number")});
     if (!chart) continue;
-    addOneSeries(*chart, numberLabels(values.size()), values);
+    addOneSeries(*chart, procedures::numberLabels(values.size()), values);
     traceLine(std::string("ACF (") + charts.traceName + ") chart generated for variable '" + name + "' with " +
               std::to_string(values.size()) + " lags");
   }
@@ -108,11 +108,11 @@ int VAROutputGen::generateResidualsChart() {
     const auto chart = createChart({.routine = kRoutine,
                                     .variable = name,
                                     .title = localize("Residuals -") + name,
-                                    .kind = kLineChart,
+                                    .kind = procedures::kLineChart,
                                     .yAxisLabel = localize("Residuals"),
                                     .xAxisLabel = localize("Date")});
     if (!chart) continue;
-    chart->setLineColor(kGreenLine);
+    chart->setLineColor(procedures::kGreenLine);
     addOneSeries(*chart, sampleLabels(residuals.size()), residuals);
     traceLine("Residuals chart generated for variable '" + name + "' with " + std::to_string(residuals.size()) +
               " residuals");

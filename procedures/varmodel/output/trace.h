@@ -2,19 +2,15 @@
 
 #pragma once
 
-#include <iostream>
-#include <string>
+#include "procedures/common/trace.h"
 
 namespace varmodel {
 
-// One write a line: the standard error stream is unbuffered.
-inline void traceLine(std::string text) {
-  std::cerr << (text += '\n');
-}
+using procedures::traceLine;
 
 // "Error: VAROutputGen::ROUTINE - TEXT"
 inline void traceError(const std::string& routine, const std::string& text) {
-  traceLine("Error: VAROutputGen::" + routine + " - " + text);
+  procedures::traceError("VAROutputGen", routine, text);
 }
 
 }  // namespace varmodel

@@ -21,12 +21,7 @@ void VARChart::setSeriesColor(const std::string& series, const std::string& colo
 }
 
 void VARChart::writeSpecification(rapidjson::Value& chart, rapidjson::Document::AllocatorType& allocator) {
-  rapidjson::Value lines(rapidjson::kArrayType);
-  for (const std::string& line : chartSpecification(description_, getProcedureName(), getName())) {
-    lines.PushBack(rapidjson::Value(line, allocator), allocator);
-  }
-  // The key is copied too: the document outlives this library when the host unloads it.
-  chart.AddMember(rapidjson::Value("vizl", allocator), lines, allocator);
+  procedures::addSpecification(chart, allocator, chartSpecification(description_, getProcedureName(), getName()));
 }
 
 }  // namespace varmodel

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "host/vizl_graph.h"
-#include "procedures/varmodel/output/chart_specification.h"
+#include "procedures/common/chart_specification.h"
 
 namespace varmodel {
 
@@ -24,7 +24,7 @@ class VARChart : public StatVizlGraph {
   void writeSpecification(rapidjson::Value& chart, rapidjson::Document::AllocatorType& allocator) override;
 
  private:
-  ChartDescription description_;
+  procedures::ChartDescription description_;
 };
 
 }  // namespace varmodel

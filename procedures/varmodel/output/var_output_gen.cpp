@@ -1,8 +1,8 @@
 #include "procedures/varmodel/output/var_output_gen.h"
 
 #include <iostream>
-#include <new>
 
+#include "procedures/common/display_text.h"
 #include "procedures/varmodel/output/trace.h"
 #include "procedures/varmodel/syntax/command_identity.h"
 
@@ -10,9 +10,6 @@ namespace varmodel {
 
 namespace {
 
-constexpr int kDisplayTextPath = 3;
-constexpr int kMinColumnWidth = 100;
-constexpr int kMaxColumnWidth = 300;
 constexpr const char* kDumpHeading = "JSON ~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~";
 
 }  // namespace
@@ -25,11 +22,9 @@ VAROutputGen::VAROutputGen(BpProcedure* procedure, ProcedureDataSource& dataSour
       algo_(algo),
       results_(&algo->equationResults) {
   variableSpecs_ = std::make_unique<ACAVarValidSpecs>(true, true, true);
-  generator_ = std::make_unique<StatJSONGenerator>(kProcedureTitle, "");
-  identify(parserMessage_);
-  const std::string path = PathFactory::getPathInstance(kDisplayTextPath)->getPath();
-  dictionary_.reset(new (std::nothrow) FacSTDictionary(path));
-  if (dictionary_) dictionary_->SetProcedure(kProcedureTitle);
+  generator_ = std::make_unique<StatJSONGenerator>(kIdentity.title, "");
+  identify(parserMessage_, kIdentity);
+  dictionary_ = procedures::openDictionary(kIdentity.title);
 }
 
 VAROutputGen::~VAROutputGen() {
@@ -90,23 +85,25 @@ VAROutputGen::Texts VAROutputGen::equationNames() const {
   return names;
 }
 
-std::unique_ptr<VAROutputGen::Table> VAROutputGen::createTable(const std::string& name, const TableFrame& frame) {
-  std::unique_ptr<Table> table;
-  try {
-    table = std::make_unique<Table>(*generator_, name);
-  } catch (const std::exception&) {
-    return nullptr;
-  }
-  table->setTitle(frame.title);
-  if (frame.showsTitle) table->hideTitle(false);
-  if (frame.limitsWidth) {
-    table->setMinColumnWidth(kMinColumnWidth);
-    table->setMaxColumnWidth(kMaxColumnWidth);
-  }
-  table->setDefaultCellFormat(kNumericFormat, kCellWidth, frame.decimals);
-  table->setRowDimensionLabel(frame.rowLabel, true);
-  table->setColumnDimensionLabel(frame.columnLabel, frame.showsColumnLabel);
-  return table;
+std::string VAROutputGen::localize(const std::string& key) const {
+  return procedures::displayText(dictionary_.get(), key);
+}
+
+std::string VAROutputGen::localize(const std::string& key, const std::string& first) const {
+  return procedures::displayText(dictionary_.get(), key, {first});
+}
+
+std::string VAROutputGen::localize(const std::string& key, const std::string& first, const std::string& second) const {
+  return procedures::displayText(dictionary_.get(), key, {first, second});
+}
+
+VAROutputGen::Texts VAROutputGen::localizeAll(std::initializer_list<const char*> keys) const {
+  return procedures::displayTexts(dictionary_.get(), keys);
+}
+
+std::unique_ptr<VAROutputGen::Table> VAROutputGen::createTable(const std::string& name,
+                                                               const procedures::TableFrame& frame) {
+  return procedures::createTable(*generator_, name, frame);
 }
 
 std::unique_ptr<VARChart> VAROutputGen::createChart(const ChartFrame& frame) {

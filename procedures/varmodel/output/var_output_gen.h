@@ -15,8 +15,9 @@
 #include "host/parser_message.h"
 #include "host/procedure.h"
 #include "host/table_builder.h"
+#include "procedures/common/chart_points.h"
+#include "procedures/common/table_frame.h"
 #include "procedures/varmodel/algo/var_algo.h"
-#include "procedures/varmodel/output/chart_points.h"
 #include "procedures/varmodel/output/var_chart.h"
 
 namespace varmodel {
@@ -60,24 +61,11 @@ class VAROutputGen {
   using Table = tablestatjson::TableBuilder;
   using Texts = std::vector<std::string>;
 
-  static constexpr int kNumericFormat = 5;  // the host's plain numbers
-  static constexpr int kCellWidth = 10;
-
-  // What the tables have in common; the defaults are the commonest values.
-  struct TableFrame {
-    std::string title;
-    int decimals = 3;
-    bool limitsWidth = true;
-    bool showsTitle = true;
-    std::string rowLabel;
-    std::string columnLabel;
-    bool showsColumnLabel = false;
-  };
   struct ChartFrame {
     std::string routine;   // named in the message when the chart cannot be created
     std::string variable;  // likewise
     std::string title;
-    ChartKind kind;
+    procedures::ChartKind kind;
     std::string yAxisLabel;
     std::string xAxisLabel;
   };
@@ -94,7 +82,7 @@ class VAROutputGen {
   Texts equationNames() const;
 
   // Both are null when the host cannot create the object.
-  std::unique_ptr<Table> createTable(const std::string& name, const TableFrame& frame);
+  std::unique_ptr<Table> createTable(const std::string& name, const procedures::TableFrame& frame);
   std::unique_ptr<VARChart> createChart(const ChartFrame& frame);
 
   std::string lagOrderFootnote() const;
@@ -110,7 +98,7 @@ class VAROutputGen {
   std::size_t variableCount() const;
   Texts sampleLabels(std::size_t count) const;  // of the estimation sample's first `count` observations
   std::span<const double> observedSample(std::size_t variable) const;
-  SeriesPoints observedAndFitted(std::size_t variable) const;
+  procedures::SeriesPoints observedAndFitted(std::size_t variable) const;
 
   BpProcedure* procedure_;
   ProcedureDataSource& dataSource_;

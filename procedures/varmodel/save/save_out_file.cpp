@@ -4,16 +4,13 @@
 #include <exception>
 #include <iostream>
 
+#include "procedures/common/saved_file.h"
+
 namespace varmodel {
 namespace {
 
 constexpr std::int32_t kClosed = 3;
 constexpr std::int32_t kFailed = 4;
-constexpr int kNumeric = 0;
-constexpr int kFormatType = 5;
-constexpr int kFormatWidth = 8;
-constexpr int kFormatDecimals = 3;
-constexpr int kScaleLevel = 3;
 
 std::size_t longestResult(const std::vector<EquationResult>& results) {
   std::size_t longest = 0;
@@ -23,10 +20,13 @@ std::size_t longestResult(const std::vector<EquationResult>& results) {
   return longest;
 }
 
-bool describeVariable(VEXA_Variable& variable, const std::string& label) {
-  return variable.SetFormat(kFormatType, kFormatWidth, kFormatDecimals) &&
-         variable.SetWriteFormat(kFormatType, kFormatWidth, kFormatDecimals) &&
-         variable.SetMeasurementLevel(kScaleLevel) && variable.SetLabel(label);
+// A host that throws has not closed the file either.
+bool closes(UserOutputCaseFile& file) {
+  try {
+    return file.Close();
+  } catch (...) {
+    return false;
+  }
 }
 
 }  // namespace
@@ -77,28 +77,17 @@ void VARSaveOutFile::defineVariables() {
 }
 
 void VARSaveOutFile::defineVariable(const std::string& name, const std::string& label) {
-  VEXA_Variable* variable = file_->DataSource().MakeVariable(kNumeric, name);
-  if (variable == nullptr || !describeVariable(*variable, label)) fail("defineVariable - Variable refused: " + name);
+  if (!procedures::defineVariable(*file_, name, label)) fail("defineVariable - Variable refused: " + name);
 }
 
 void VARSaveOutFile::writeCases() {
-  IndependentDataStore& store = file_->DataSource();
-  std::vector<double> buffer;
-  VEXA_Case newCase(store, buffer);
   const std::size_t caseCount = longestResult(results_);
-  for (std::size_t i = 0; i < caseCount && state_ != kFailed; ++i) {
-    newCase.InitCase();
-    bool written = true;
-    for (std::size_t column = 0; column < columns_.size(); ++column) {
-      const std::vector<double>& values = *columns_[column];
-      if (i < values.size()) written = newCase.SetColumnValue(static_cast<int>(column), values[i]) && written;
-    }
-    if (!store.AddCase(newCase) || !written) fail("writeCases - Case " + std::to_string(i + 1) + " was not written");
-  }
+  const std::size_t written = procedures::writeCases(*file_, columns_, caseCount);
+  if (written < caseCount) fail("writeCases - Case " + std::to_string(written + 1) + " was not written");
 }
 
 void VARSaveOutFile::close() {
-  state_ = file_->Close() ? kClosed : kFailed;
+  state_ = closes(*file_) ? kClosed : kFailed;
   if (state_ == kFailed) std::cerr << "Error: VARSaveOutFile::close - Close the external output file failed\n";
 }
 

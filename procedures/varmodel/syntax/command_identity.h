@@ -2,16 +2,10 @@
 
 #pragma once
 
-#include "host/parser_message.h"
+#include "procedures/common/command_identity.h"
 
 namespace varmodel {
 
-inline constexpr const char* kCommandName = "VARMODEL";
-inline constexpr const char* kProcedureTitle = "Vector Autoregressive Models";
-
-inline void identify(ParserMessage& reporter) {
-  reporter.SetCommandName(kCommandName);
-  reporter.SetProcedureTitle(kProcedureTitle);
-}
+inline constexpr procedures::CommandIdentity kIdentity = {"VARMODEL", "Vector Autoregressive Models"};
 
 }  // namespace varmodel

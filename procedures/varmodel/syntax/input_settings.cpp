@@ -41,7 +41,7 @@ void runHandlersInOrder(VARInputSettings& settings) {
 VARInputSettings::VARInputSettings(CommandSpec* givenSpec, CommandDescriptor* givenDescriptor,
                                    ProcedureDataSource* givenDataSource)
     : commandSpec(givenSpec), commandDescriptor(givenDescriptor), dataSource(givenDataSource) {
-  identify(parserMessage);
+  identify(parserMessage, kIdentity);
   std::cerr << "VARInputSettings::Constructor - Initializing input settings\n";
 }
 

@@ -9,8 +9,7 @@
 #include "host/case_file.h"
 #include "host/command_parser.h"
 #include "host/parser_message.h"
-#include "procedures/varmodel/data/series_matrix.h"
-#include "procedures/varmodel/data/time_axis.h"
+#include "procedures/varmodel/data/shared_types.h"
 
 namespace varmodel {
 

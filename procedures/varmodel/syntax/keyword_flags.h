@@ -3,18 +3,13 @@
 #pragma once
 
 #include <array>
-#include <span>
-#include <string>
-#include <vector>
 
+#include "procedures/common/command_table.h"
 #include "procedures/varmodel/syntax/input_settings.h"
 
 namespace varmodel {
 
-struct KeywordFlag {
-  const char* keyword;
-  bool VARInputSettings::*flag;
-};
+using KeywordFlag = procedures::KeywordFlag<VARInputSettings>;
 
 inline constexpr std::array<KeywordFlag, 3> kLagFlags = {{
     {"AIC", &VARInputSettings::useAic},
@@ -51,15 +46,5 @@ inline constexpr std::array<KeywordFlag, 8> kPlotFlags = {{
     {"FIT", &VARInputSettings::plotFit},
     {"FORECAST", &VARInputSettings::plotForecast},
 }};
-
-// Turns on the flag of every keyword of the list that the table knows; other keywords are ignored.
-inline void setFlags(std::span<const KeywordFlag> table, const std::vector<std::string>& keywords,
-                     VARInputSettings& settings) {
-  for (const std::string& keyword : keywords) {
-    for (const KeywordFlag& row : table) {
-      if (keyword == row.keyword) settings.*row.flag = true;
-    }
-  }
-}
 
 }  // namespace varmodel

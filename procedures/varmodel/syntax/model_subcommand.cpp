@@ -2,13 +2,14 @@
 
 #include <algorithm>
 
+#include "host/codes.h"
 #include "procedures/varmodel/syntax/keyword_flags.h"
+#include "procedures/varmodel/syntax/operation_names.h"
 #include "procedures/varmodel/syntax/subcommands.h"
 
 namespace varmodel {
 namespace {
 
-constexpr int kScaleLevel = 3;
 constexpr const char* kUnreadable = "The variables could not be read from the active dataset.";
 
 // Whether the matrix holds `columnCount` columns of one length.
@@ -68,7 +69,7 @@ void VARSubCommands::validateList(const ParamObj& parameter, const VariableList&
   if (!parameter.getVarList(names) || names.empty()) return;
   VarSpecObj validator(list.parameter, "MODEL", *settings_.commandDescriptor, settings_.dataSource->GetDataSource(),
                        true);
-  validator.ValidateVariables(names, 0);
+  validator.ValidateVariables(names, codes::kPlainValidation);
   list.valid = validator.GetValidVarList();
 }
 
@@ -76,7 +77,7 @@ bool VARSubCommands::recordVariables(const VariableList& list, bool scaleOnly) {
   for (const int index : list.valid) {
     const VEXA_Variable* variable = settings_.dataSource->GetDataSource()->GetVariable(index);
     if (variable == nullptr) return fail(kUnreadable);
-    if (scaleOnly && variable->GetMeasurementLevel() != kScaleLevel) {
+    if (scaleOnly && variable->GetMeasurementLevel() != codes::kScaleLevel) {
       return fail("Only variables with a valid measurement scale are allowed. " + variable->GetName() +
                   " does not meet this requirement.");
     }
@@ -88,8 +89,18 @@ bool VARSubCommands::recordVariables(const VariableList& list, bool scaleOnly) {
 
 std::int32_t VARSubCommands::fetchDataFromActiveDataSet(const std::vector<std::int32_t>& indexes,
                                                         SeriesMatrix& matrix) {
-  lastFetch_ = fetchSeries(*settings_.dataSource, indexes, settings_.userMissing, matrix);
+  const bool excludeUserMissing = settings_.userMissing != "INCLUDE";
+  const auto buildChain = [&](DataAccessChain& chain) {
+    return buildDataAccessChain(chain, indexes, *settings_.dataSource, true, excludeUserMissing, true);
+  };
+  lastFetch_ = procedures::fetchSeries(kOperations, indexes.size(), buildChain, matrix);
   return lastFetch_.succeeded ? 1 : 0;
+}
+
+AlgoDataAccess* VARSubCommands::buildDataAccessChain(DataAccessChain& chain, const std::vector<std::int32_t>& indexes,
+                                                     ProcedureDataSource& dataSource, bool registerAsAnalysis,
+                                                     bool excludeUserMissing, bool always) {
+  return procedures::buildDataAccessChain(chain, indexes, dataSource, {registerAsAnalysis, excludeUserMissing, always});
 }
 
 bool VARSubCommands::fetchListed(const std::vector<std::int32_t>& indexes, SeriesMatrix& matrix) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iostream>
 
+#include "host/codes.h"
 #include "procedures/varmodel/syntax/handler_trace.h"
 #include "procedures/varmodel/syntax/keyword_flags.h"
 
@@ -43,7 +44,7 @@ bool VARSubCommands::get_Subcommand_Global() {
 
 bool VARSubCommands::readGlobal() {
   if (settings_.dataSource->GetDataSource()->IsSplitFileOn()) return fail("Turn off split file");
-  if (settings_.dataSource->GetWeightVarIndex() != -1) return fail("Remove Weight Variable");
+  if (settings_.dataSource->GetWeightVarIndex() != codes::kNoWeight) return fail("Remove Weight Variable");
   TimeAxis& axis = settings_.timeAxis;
   const SubComObj* global = subcommand("");
   if (global != nullptr && global->getParamObj("PREDICT") != nullptr) {

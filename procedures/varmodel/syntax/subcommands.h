@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "procedures/varmodel/data/fetch.h"
+#include "procedures/varmodel/data/shared_types.h"
 #include "procedures/varmodel/syntax/input_settings.h"
 
 namespace varmodel {
@@ -28,7 +28,8 @@ class VARSubCommands {
   bool get_SubCommand_Save();
   bool get_SubCommand_Auxiliary();
 
-  // Appends the complete cases of the listed variables to the matrix; 1 for success, 0 for failure (fetchSeries).
+  // Appends the complete cases of the listed variables to the matrix; 1 for success, 0 for failure
+  // (procedures::fetchSeries).
   std::int32_t fetchDataFromActiveDataSet(const std::vector<std::int32_t>& indexes, SeriesMatrix& matrix);
   // Reads the session's PREDICT THRU setting and the date variables into the time axis (readPredictRequest).
   bool getPredictThruFromTrendsInfo();
@@ -39,6 +40,10 @@ class VARSubCommands {
 
  private:
   struct VariableList;
+
+  AlgoDataAccess* buildDataAccessChain(DataAccessChain& chain, const std::vector<std::int32_t>& indexes,
+                                       ProcedureDataSource& dataSource, bool registerAsAnalysis,
+                                       bool excludeUserMissing, bool always);
 
   bool readGlobal();
   bool readMissing();

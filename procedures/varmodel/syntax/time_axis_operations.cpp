@@ -1,24 +1,29 @@
-// The operations of the handlers on the time axis; the work is done in data/.
+// The operations of the handlers on the time axis; the work is done in common/.
 
 #include <iostream>
 
-#include "procedures/varmodel/data/date_labels.h"
-#include "procedures/varmodel/data/predict_request.h"
+#include "procedures/common/date_labels.h"
+#include "procedures/common/predict_request.h"
+#include "procedures/varmodel/syntax/operation_names.h"
 #include "procedures/varmodel/syntax/subcommands.h"
 
 namespace varmodel {
 
 bool VARSubCommands::getPredictThruFromTrendsInfo() {
-  return readPredictRequest(*settings_.dataSource, settings_.userMissing, settings_.timeAxis);
+  const auto fetch = [this](std::span<const std::int32_t> indexes, SeriesMatrix& matrix) {
+    fetchDataFromActiveDataSet({indexes.begin(), indexes.end()}, matrix);
+    return lastFetch_;
+  };
+  return procedures::readPredictRequest(kOperations, *settings_.dataSource, fetch, settings_.timeAxis);
 }
 
 void VARSubCommands::generateHistoricalDateLabels() {
-  generateHistoricalLabels(*settings_.dataSource, settings_.timeAxis);
+  procedures::generateHistoricalLabels(kOperations, *settings_.dataSource, settings_.timeAxis);
 }
 
 bool VARSubCommands::generateForecastDatesUsingTfo() {
   TimeAxis& axis = settings_.timeAxis;
-  generateForecastLabels(*settings_.dataSource, axis.observedRows - 1, axis);
+  procedures::generateForecastLabels(kOperations, *settings_.dataSource, axis.observedRows - 1, axis);
   generateHistoricalDateLabels();
   std::cout << "Generated " << axis.historicalLabels.size() << " historical date labels\n";
   return true;
@@ -26,7 +31,7 @@ bool VARSubCommands::generateForecastDatesUsingTfo() {
 
 void VARSubCommands::alignTimeAxis() {
   TimeAxis& axis = settings_.timeAxis;
-  followKeptCases(*settings_.dataSource, lastFetch_.keptCaseOffsets, axis);
+  procedures::followKeptCases(kOperations, *settings_.dataSource, lastFetch_.keptCaseOffsets, axis);
   if (!axis.heldWarning.empty()) settings_.parserMessage.GenericWarning(axis.heldWarning);
 }
 

@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "procedures/varmodel/data/series_matrix.h"
+#include "procedures/common/series_matrix.h"
 
-namespace varmodel {
+namespace procedures {
 
 // What the user is told when forecasts were asked for and none can be made.
 inline constexpr const char* kNoForecastsWarning =
@@ -48,4 +48,4 @@ struct TimeAxis {
   std::string heldWarning;
 };
 
-}  // namespace varmodel
+}  // namespace procedures

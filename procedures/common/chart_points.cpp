@@ -1,8 +1,8 @@
-#include "procedures/varmodel/output/chart_points.h"
+#include "procedures/common/chart_points.h"
 
 #include <cassert>
 
-namespace varmodel {
+namespace procedures {
 
 namespace {
 
@@ -43,4 +43,4 @@ void SeriesPoints::append(const std::string& series, std::span<const std::string
   seriesNames.insert(seriesNames.end(), y.size(), series);
 }
 
-}  // namespace varmodel
+}  // namespace procedures

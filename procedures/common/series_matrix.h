@@ -5,7 +5,7 @@
 #include <limits>
 #include <vector>
 
-namespace varmodel {
+namespace procedures {
 
 // One column a variable, in list order; one value a kept case, in case order; all columns equally long.
 using SeriesMatrix = std::vector<std::vector<double>>;
@@ -13,4 +13,4 @@ using SeriesMatrix = std::vector<std::vector<double>>;
 // The host's mark for a value that is not there.
 inline constexpr double kSystemMissing = std::numeric_limits<double>::lowest();
 
-}  // namespace varmodel
+}  // namespace procedures

@@ -1,11 +1,11 @@
-#include "procedures/varmodel/output/number_text.h"
+#include "procedures/common/number_text.h"
 
 #include <array>
 #include <cassert>
 #include <charconv>
 #include <system_error>
 
-namespace varmodel {
+namespace procedures {
 
 namespace {
 
@@ -34,4 +34,4 @@ std::string confidenceLevelText(double percent) {
   return shortestNumber(percent) + "%";
 }
 
-}  // namespace varmodel
+}  // namespace procedures

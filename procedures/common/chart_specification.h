@@ -7,7 +7,9 @@
 #include <string>
 #include <vector>
 
-namespace varmodel {
+#include "host/json_document.h"
+
+namespace procedures {
 
 // Values of ChartDescription::kind; a kind that is not listed draws no element.
 enum ChartKind : std::int32_t {
@@ -34,4 +36,8 @@ struct ChartDescription {
 std::vector<std::string> chartSpecification(const ChartDescription& chart, const std::string& source,
                                             const std::string& title);
 
-}  // namespace varmodel
+// Adds the lines to a chart's object of the output document, as an array under the key "vizl".
+void addSpecification(rapidjson::Value& chart, rapidjson::Document::AllocatorType& allocator,
+                      const std::vector<std::string>& lines);
+
+}  // namespace procedures

@@ -1,6 +1,6 @@
-#include "procedures/varmodel/output/chart_specification.h"
+#include "procedures/common/chart_specification.h"
 
-namespace varmodel {
+namespace procedures {
 
 namespace {
 
@@ -89,4 +89,12 @@ std::vector<std::string> chartSpecification(const ChartDescription& chart, const
   return lines;
 }
 
-}  // namespace varmodel
+void addSpecification(rapidjson::Value& chart, rapidjson::Document::AllocatorType& allocator,
+                      const std::vector<std::string>& lines) {
+  rapidjson::Value texts(rapidjson::kArrayType);
+  for (const std::string& line : lines) texts.PushBack(rapidjson::Value(line, allocator), allocator);
+  // The key is copied too: the document outlives this library when the host unloads it.
+  chart.AddMember(rapidjson::Value("vizl", allocator), texts, allocator);
+}
+
+}  // namespace procedures

@@ -1,5 +1,6 @@
 // Labels of the observed and of the forecast periods.
 //
+// Trace lines carry the names `historicalLabels` and `forecastLabels` of the caller's operations.
 // Case offsets count from 0 at the first case of the dataset; the case number that users see is the offset plus 1.
 
 #pragma once
@@ -8,23 +9,26 @@
 #include <vector>
 
 #include "host/data_source.h"
-#include "procedures/varmodel/data/time_axis.h"
+#include "procedures/common/operation_names.h"
+#include "procedures/common/time_axis.h"
 
-namespace varmodel {
+namespace procedures {
 
 // Replaces the historical labels by one for each observed row: the text of the string variable DATE_ without trailing
 // blanks where the dataset has one, else the host's date label. Leaves none when there are no date variables. Lets no
 // exception out; the labels made before one stay.
-void generateHistoricalLabels(ProcedureDataSource& dataSource, TimeAxis& axis);
+void generateHistoricalLabels(const OperationNames& names, ProcedureDataSource& dataSource, TimeAxis& axis);
 
 // Replaces the forecast labels by one for each period after `lastObservedOffset` up to the PREDICT THRU target, and the
 // held warning by the reason why there is none. Without a target there is no label and no warning. Lets no exception
 // out; the labels made before one stay.
-void generateForecastLabels(ProcedureDataSource& dataSource, std::int64_t lastObservedOffset, TimeAxis& axis);
+void generateForecastLabels(const OperationNames& names, ProcedureDataSource& dataSource,
+                            std::int64_t lastObservedOffset, TimeAxis& axis);
 
 // Makes the axis follow the rows that the analysis kept: the historical labels become those of the kept cases (none
 // when one of them has no label; case numbers when PREDICT THRU is a case number), and the forecasts start after the
 // last kept case.
-void followKeptCases(ProcedureDataSource& dataSource, std::vector<std::int64_t> keptCaseOffsets, TimeAxis& axis);
+void followKeptCases(const OperationNames& names, ProcedureDataSource& dataSource,
+                     std::vector<std::int64_t> keptCaseOffsets, TimeAxis& axis);
 
-}  // namespace varmodel
+}  // namespace procedures

@@ -1,4 +1,4 @@
-#include "procedures/varmodel/data/date_labels.h"
+#include "procedures/common/date_labels.h"
 
 #include <algorithm>
 #include <exception>
@@ -8,13 +8,11 @@
 #include <utility>
 
 #include "host/dates.h"
-#include "procedures/varmodel/data/predict_request.h"
+#include "procedures/common/predict_request.h"
 
-namespace varmodel {
+namespace procedures {
 namespace {
 
-constexpr const char* kHistorical = "VARSubCommands::generateHistoricalDateLabels - ";
-constexpr const char* kForecast = "VARSubCommands::generateForecastDatesUsingTfo - ";
 constexpr const char* kThruInThePast = " PREDICT THRU date is before the last observed date.";
 
 std::string caseNumberText(std::int64_t caseOffset) {
@@ -23,23 +21,22 @@ std::string caseNumberText(std::int64_t caseOffset) {
 
 // Runs `work`; an exception ends it with a trace line.
 template <typename Work>
-void guarded(const char* operation, Work work) {
+void guarded(const std::string& lead, Work work) {
   try {
     work();
   } catch (const std::exception& error) {
-    std::cout << operation << "Exception: " << error.what() << '\n';
+    std::cout << lead << "Exception: " << error.what() << '\n';
   } catch (...) {
-    std::cout << operation << "Unknown exception\n";
+    std::cout << lead << "Unknown exception\n";
   }
 }
 
-std::optional<int> findDateText(VEXA_DataSource& dataset) {
+std::optional<int> findDateText(const std::string& lead, VEXA_DataSource& dataset) {
   const int columnCount = static_cast<int>(dataset.ColumnCount());
   for (int column = 0; column < columnCount; ++column) {
     const VEXA_Variable* variable = dataset.GetVariable(column);
     if (variable == nullptr || variable->GetName() != "DATE_" || variable->GetType() <= 0) continue;
-    std::cout << kHistorical << "Found DATE_ variable at index " << column << ", with width " << variable->GetType()
-              << '\n';
+    std::cout << lead << "Found DATE_ variable at index " << column << ", with width " << variable->GetType() << '\n';
     return column;
   }
   return std::nullopt;
@@ -54,8 +51,8 @@ void labelsFromDateText(VEXA_DataSource& dataset, int column, TimeAxis& axis) {
   }
 }
 
-void labelsFromDateHandler(ProcedureDataSource& dataSource, TimeAxis& axis) {
-  std::cout << kHistorical << "DATE_ not found, using TfoDateHandler fallback\n";
+void labelsFromDateHandler(const std::string& lead, ProcedureDataSource& dataSource, TimeAxis& axis) {
+  std::cout << lead << "DATE_ not found, using TfoDateHandler fallback\n";
   const TfoDateHandler handler(dataSource, nullptr, 0);
   const TSXDateSpec specification = handler.GetCurrDateSpec();
   for (std::int64_t i = 0; i < axis.observedRows; ++i) {
@@ -63,10 +60,10 @@ void labelsFromDateHandler(ProcedureDataSource& dataSource, TimeAxis& axis) {
   }
 }
 
-void labelObservedRows(ProcedureDataSource& dataSource, TimeAxis& axis) {
+void labelObservedRows(const std::string& lead, ProcedureDataSource& dataSource, TimeAxis& axis) {
   VEXA_DataSource& dataset = *dataSource.GetDataSource();
-  if (const std::optional<int> column = findDateText(dataset)) labelsFromDateText(dataset, *column, axis);
-  if (axis.historicalLabels.empty()) labelsFromDateHandler(dataSource, axis);
+  if (const std::optional<int> column = findDateText(lead, dataset)) labelsFromDateText(dataset, *column, axis);
+  if (axis.historicalLabels.empty()) labelsFromDateHandler(lead, dataSource, axis);
 }
 
 std::vector<PeriodType> periodsOf(const TSXDateSpec& specification) {
@@ -94,21 +91,23 @@ void fillFromOrigins(const std::vector<PeriodType>& periods, std::vector<unsigne
 }
 
 // The case offset of the PREDICT THRU date; none when it names no period of the date specification.
-std::optional<std::int64_t> dateTargetOffset(const PredictThruDate& date, const TSXDateSpec& specification) {
+std::optional<std::int64_t> dateTargetOffset(const std::string& lead, const PredictThruDate& date,
+                                             const TSXDateSpec& specification) {
   const std::vector<PeriodType> periods = periodsOf(specification);
   std::vector<unsigned> components = componentsOf(date, periods);
   TSXDateSpec::TSXIndexTuple tuple(specification);
   if (tuple.SetIndexes(components)) return tuple.ClosestCaseOffset(false);
-  std::cout << kForecast << "SetIndexes failed, using KORVEL approach\n";
+  std::cout << lead << "SetIndexes failed, using KORVEL approach\n";
   fillFromOrigins(periods, components);
   if (tuple.SetIndexes(components)) return tuple.ClosestCaseOffset(false);
-  std::cerr << "Warning: " << kForecast << "the PREDICT THRU date names no period of the active dataset\n";
+  std::cerr << "Warning: " << lead << "the PREDICT THRU date names no period of the active dataset\n";
   return std::nullopt;
 }
 
 // How many periods lie after the last observed one up to the target; 0 leaves the reason in the held warning.
-std::int64_t forecastHorizon(std::int64_t lastOffset, std::int64_t targetOffset, TimeAxis& axis) {
-  std::cout << kForecast << "Date validation:\n"
+std::int64_t forecastHorizon(const std::string& lead, std::int64_t lastOffset, std::int64_t targetOffset,
+                             TimeAxis& axis) {
+  std::cout << lead << "Date validation:\n"
             << "  Last observed case offset: " << lastOffset << '\n'
             << "  Target PREDICT THRU offset: " << targetOffset << '\n';
   if (targetOffset <= lastOffset) {
@@ -121,8 +120,9 @@ std::int64_t forecastHorizon(std::int64_t lastOffset, std::int64_t targetOffset,
 }
 
 template <typename LabelOf>
-void labelForecasts(std::int64_t lastOffset, std::int64_t targetOffset, LabelOf labelOf, TimeAxis& axis) {
-  const std::int64_t horizon = forecastHorizon(lastOffset, targetOffset, axis);
+void labelForecasts(const std::string& lead, std::int64_t lastOffset, std::int64_t targetOffset, LabelOf labelOf,
+                    TimeAxis& axis) {
+  const std::int64_t horizon = forecastHorizon(lead, lastOffset, targetOffset, axis);
   for (std::int64_t j = 1; j <= horizon; ++j) {
     const std::int64_t offset = lastOffset + j;
     axis.forecastLabels.push_back({labelOf(offset), offset});
@@ -131,14 +131,15 @@ void labelForecasts(std::int64_t lastOffset, std::int64_t targetOffset, LabelOf 
   }
 }
 
-void labelForecastsByDate(ProcedureDataSource& dataSource, std::int64_t lastOffset, TimeAxis& axis) {
+void labelForecastsByDate(const std::string& lead, ProcedureDataSource& dataSource, std::int64_t lastOffset,
+                          TimeAxis& axis) {
   const TfoDateHandler handler(dataSource, nullptr, 0);
   const TSXDateSpec specification = handler.GetCurrDateSpec();
   const auto labelOf = [&](std::int64_t offset) {
     return handler.GetDateLabel(static_cast<long>(offset), specification);
   };
-  const std::optional<std::int64_t> target = dateTargetOffset(axis.predictThruDate, specification);
-  if (target) labelForecasts(lastOffset, *target, labelOf, axis);
+  const std::optional<std::int64_t> target = dateTargetOffset(lead, axis.predictThruDate, specification);
+  if (target) labelForecasts(lead, lastOffset, *target, labelOf, axis);
 }
 
 bool anyComponent(const PredictThruDate& date) {
@@ -161,33 +162,37 @@ std::vector<std::string> labelsOfKeptCases(const TimeAxis& axis) {
 
 }  // namespace
 
-void generateHistoricalLabels(ProcedureDataSource& dataSource, TimeAxis& axis) {
+void generateHistoricalLabels(const OperationNames& names, ProcedureDataSource& dataSource, TimeAxis& axis) {
+  const std::string lead = names.lead(names.historicalLabels);
   axis.historicalLabels.clear();
   if (!axis.hasDateVariables) {
-    std::cout << kHistorical << "No date data available\n";
+    std::cout << lead << "No date data available\n";
     return;
   }
-  guarded(kHistorical, [&] { labelObservedRows(dataSource, axis); });
+  guarded(lead, [&] { labelObservedRows(lead, dataSource, axis); });
 }
 
-void generateForecastLabels(ProcedureDataSource& dataSource, std::int64_t lastObservedOffset, TimeAxis& axis) {
+void generateForecastLabels(const OperationNames& names, ProcedureDataSource& dataSource,
+                            std::int64_t lastObservedOffset, TimeAxis& axis) {
+  const std::string lead = names.lead(names.forecastLabels);
   axis.forecastLabels.clear();
   axis.heldWarning.clear();
-  guarded(kForecast, [&] {
+  guarded(lead, [&] {
     if (axis.predictThruCase > 0) {
-      labelForecasts(lastObservedOffset, axis.predictThruCase - 1, caseNumberText, axis);
+      labelForecasts(lead, lastObservedOffset, axis.predictThruCase - 1, caseNumberText, axis);
     } else if (anyComponent(axis.predictThruDate)) {
-      labelForecastsByDate(dataSource, lastObservedOffset, axis);
+      labelForecastsByDate(lead, dataSource, lastObservedOffset, axis);
     }
   });
 }
 
-void followKeptCases(ProcedureDataSource& dataSource, std::vector<std::int64_t> keptCaseOffsets, TimeAxis& axis) {
+void followKeptCases(const OperationNames& names, ProcedureDataSource& dataSource,
+                     std::vector<std::int64_t> keptCaseOffsets, TimeAxis& axis) {
   axis.keptCaseOffsets = std::move(keptCaseOffsets);
   axis.historicalLabels = labelsOfKeptCases(axis);
   const bool forecasting = axis.predictRequested && !axis.predictThruEnd && !axis.keptCaseOffsets.empty();
   if (!forecasting || axis.keptCaseOffsets.back() == axis.observedRows - 1) return;
-  generateForecastLabels(dataSource, axis.keptCaseOffsets.back(), axis);
+  generateForecastLabels(names, dataSource, axis.keptCaseOffsets.back(), axis);
 }
 
-}  // namespace varmodel
+}  // namespace procedures

@@ -8,7 +8,7 @@
 
 #include "host/case_input.h"
 
-namespace varmodel {
+namespace procedures {
 
 // The reader's way to the case iterator, which stays the chain's.
 class AlgoDataAccess {
@@ -29,10 +29,17 @@ struct DataAccessChain {
   std::unique_ptr<AlgoDataAccess> access;
 };
 
+// What each variable is registered with; only one of the three ever varies.
+struct RegistrationFlags {
+  bool registerAsAnalysis = true;
+  bool excludeUserMissing = true;
+  bool always = true;
+};
+
 // Completes the chain over the variables with these dictionary indexes and returns its access object; a chain that has
 // one already is left as it is. Indexes that are not columns of the dataset are skipped. Null when there is no dataset;
 // host exceptions pass through.
 AlgoDataAccess* buildDataAccessChain(DataAccessChain& chain, std::span<const std::int32_t> indexes,
-                                     ProcedureDataSource& dataSource, bool excludeUserMissing);
+                                     ProcedureDataSource& dataSource, const RegistrationFlags& flags);
 
-}  // namespace varmodel
+}  // namespace procedures

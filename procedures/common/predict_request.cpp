@@ -1,4 +1,4 @@
-#include "procedures/varmodel/data/predict_request.h"
+#include "procedures/common/predict_request.h"
 
 #include <algorithm>
 #include <array>
@@ -7,10 +7,10 @@
 #include <iostream>
 #include <limits>
 
-#include "procedures/varmodel/data/date_labels.h"
-#include "procedures/varmodel/data/fetch.h"
+#include "procedures/common/date_labels.h"
+#include "procedures/common/fetch.h"
 
-namespace varmodel {
+namespace procedures {
 namespace {
 
 struct PredictSetting {
@@ -19,13 +19,13 @@ struct PredictSetting {
   long caseNumber = 0;
 };
 
-PredictSetting readSetting(const VEXA_TrendsInfo& trends) {
+PredictSetting readSetting(const char* operation, const VEXA_TrendsInfo& trends) {
   PredictSetting setting;
   bool lowerSet = false;
   bool lowerIsDate = false;
   long lowerCase = 0;
   trends.GetPred(setting.isSet, setting.isDate, setting.caseNumber, lowerSet, lowerIsDate, lowerCase);
-  std::cout << "getPredictThruFromTrendsInfo - qHi=" << setting.isSet << ", qHiDate=" << setting.isDate
+  std::cout << operation << " - qHi=" << setting.isSet << ", qHiDate=" << setting.isDate
             << ", hiCase=" << setting.caseNumber << '\n';
   return setting;
 }
@@ -52,11 +52,12 @@ void recordDateVariables(const VEXA_TrendsInfo& trends, VEXA_DataSource& dataset
   }
 }
 
-void fetchDateValues(ProcedureDataSource& dataSource, const std::string& userMissing, TimeAxis& axis) {
+void fetchDateValues(const OperationNames& names, ProcedureDataSource& dataSource, const SeriesFetch& fetch,
+                     TimeAxis& axis) {
   if (!axis.hasDateVariables) return;
   axis.dateValues.clear();
-  axis.observedRows = fetchSeries(dataSource, axis.dateVariableIndexes, userMissing, axis.dateValues).deliveredCases;
-  generateHistoricalLabels(dataSource, axis);
+  axis.observedRows = fetch(axis.dateVariableIndexes, axis.dateValues).deliveredCases;
+  generateHistoricalLabels(names, dataSource, axis);
 }
 
 // Components that the setting does not give, and those that name no unsigned 32-bit number, leave their slot alone.
@@ -74,49 +75,55 @@ void readPredictThruDate(const VEXA_TrendsInfo& trends, PredictThruDate& date) {
 }
 
 std::int32_t asCaseNumber(long caseNumber) {
-  constexpr std::int64_t largest = std::numeric_limits<std::int32_t>::max();
-  return static_cast<std::int32_t>(std::min<std::int64_t>(caseNumber, largest));
+  constexpr std::int64_t kLargest = std::numeric_limits<std::int32_t>::max();
+  return static_cast<std::int32_t>(std::min<std::int64_t>(caseNumber, kLargest));
 }
 
-void applySetting(const PredictSetting& setting, const VEXA_TrendsInfo& trends, ProcedureDataSource& dataSource,
-                  const std::string& userMissing, TimeAxis& axis) {
+// True when the setting needs no dates: it is a case number.
+bool applySetting(const PredictSetting& setting, TimeAxis& axis) {
   axis.predictThruEnd = setting.isSet && !setting.isDate && setting.caseNumber < 1;
   axis.predictThruCase = 0;
   if (setting.isSet) axis.predictRequested = true;
   if (!setting.isSet) std::cout << "PREDICT THRU not specified - no forecasting will be performed\n";
   if (setting.isSet && !setting.isDate && !axis.predictThruEnd) {
     axis.predictThruCase = asCaseNumber(setting.caseNumber);
-    return;
+    return true;
   }
-  recordDateVariables(trends, *dataSource.GetDataSource(), axis);
-  fetchDateValues(dataSource, userMissing, axis);
-  if (axis.predictThruEnd) {
-    std::cout << "PREDICT THRU END detected - using existing date variables without forecasting\n"
-              << "Date variables found: " << axis.dateVariableIndexes.size() << '\n';
-  }
-  if (setting.isSet && setting.isDate) readPredictThruDate(trends, axis.predictThruDate);
+  return false;
+}
+
+void traceThroughEnd(const TimeAxis& axis) {
+  if (!axis.predictThruEnd) return;
+  std::cout << "PREDICT THRU END detected - using existing date variables without forecasting\n"
+            << "Date variables found: " << axis.dateVariableIndexes.size() << '\n';
 }
 
 }  // namespace
 
 const char* timeUnitName(int unitCode) {
-  static constexpr std::array<const char*, 9> names = {"YEAR", "QUARTER", "MONTH",  "WEEK", "DAY",
-                                                       "HOUR", "MINUTE",  "SECOND", "OBS"};
+  static constexpr std::array<const char*, 9> kNames = {"YEAR", "QUARTER", "MONTH",  "WEEK", "DAY",
+                                                        "HOUR", "MINUTE",  "SECOND", "OBS"};
   if (unitCode < kFirstUnitCode || unitCode > kLastUnitCode) return "UNKNOWN";
-  return names[static_cast<std::size_t>(unitCode - kFirstUnitCode)];
+  return kNames[static_cast<std::size_t>(unitCode - kFirstUnitCode)];
 }
 
-bool readPredictRequest(ProcedureDataSource& dataSource, const std::string& userMissing, TimeAxis& axis) {
+bool readPredictRequest(const OperationNames& names, ProcedureDataSource& dataSource, const SeriesFetch& fetch,
+                        TimeAxis& axis) {
   try {
     VEXA_DataSource* dataset = dataSource.GetDataSource();
     const VEXA_TrendsInfo* trends = dataset != nullptr ? dataset->GetTrendsInfo() : nullptr;
     if (trends == nullptr) return false;
     axis.observedRows = dataset->CaseCount();
-    applySetting(readSetting(*trends), *trends, dataSource, userMissing, axis);
+    const PredictSetting setting = readSetting(names.predictRequest, *trends);
+    if (applySetting(setting, axis)) return true;
+    recordDateVariables(*trends, *dataset, axis);
+    fetchDateValues(names, dataSource, fetch, axis);
+    traceThroughEnd(axis);
+    if (setting.isSet && setting.isDate) readPredictThruDate(*trends, axis.predictThruDate);
     return true;
   } catch (const std::exception&) {
     return false;
   }
 }
 
-}  // namespace varmodel
+}  // namespace procedures

@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "procedures/varmodel/data/time_axis.h"
+#include "procedures/common/time_axis.h"
 
-namespace varmodel {
+namespace procedures {
 
 // X labels of the `count` observations from observation `first` (from 0) on: their historical labels when there are at
 // least first + count of them, else all of them as observation numbers (from 1).
@@ -33,4 +33,4 @@ struct SeriesPoints {
   void append(const std::string& series, std::span<const std::string> x, std::span<const double> y);
 };
 
-}  // namespace varmodel
+}  // namespace procedures

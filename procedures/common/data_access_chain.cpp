@@ -1,28 +1,29 @@
-#include "procedures/varmodel/data/data_access_chain.h"
+#include "procedures/common/data_access_chain.h"
 
-namespace varmodel {
+namespace procedures {
 namespace {
 
 void registerVariables(ACAVarValidSpecs& variables, std::span<const std::int32_t> indexes, std::int64_t columnCount,
-                       bool excludeUserMissing) {
+                       const RegistrationFlags& flags) {
   for (const std::int32_t index : indexes) {
-    if (index >= 0 && index < columnCount) variables.AddVariable(index, false, true, excludeUserMissing, true);
+    if (index < 0 || index >= columnCount) continue;
+    variables.AddVariable(index, false, flags.registerAsAnalysis, flags.excludeUserMissing, flags.always);
   }
 }
 
 }  // namespace
 
 AlgoDataAccess* buildDataAccessChain(DataAccessChain& chain, std::span<const std::int32_t> indexes,
-                                     ProcedureDataSource& dataSource, bool excludeUserMissing) {
+                                     ProcedureDataSource& dataSource, const RegistrationFlags& flags) {
   if (chain.access) return chain.access.get();
   const VEXA_DataSource* dataset = dataSource.GetDataSource();
   if (dataset == nullptr) return nullptr;
   chain.variables = std::make_unique<ACAVarValidSpecs>(true, true, true);
-  registerVariables(*chain.variables, indexes, dataset->ColumnCount(), excludeUserMissing);
+  registerVariables(*chain.variables, indexes, dataset->ColumnCount(), flags);
   chain.adapter = std::make_unique<ACAInputAdapter>(chain.variables.get(), dataSource);
   chain.iterator = std::make_unique<ACAProcDataSourceIter>(*chain.adapter, true);
   chain.access = std::make_unique<AlgoDataAccess>(*chain.iterator);
   return chain.access.get();
 }
 
-}  // namespace varmodel
+}  // namespace procedures

@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace varmodel {
+namespace procedures {
 
 // The shortest decimal text that reads back as the same number: 95, 97.5.
 std::string shortestNumber(double value);
@@ -15,4 +15,4 @@ std::string sixDecimals(double value);
 // A confidence level in percent as it stands in column labels: 95%, 97.5%.
 std::string confidenceLevelText(double percent);
 
-}  // namespace varmodel
+}  // namespace procedures
