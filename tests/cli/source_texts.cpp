@@ -80,7 +80,8 @@ std::map<std::string, std::string> textConstants(const std::string& source) {
 // The message that the parts put together; "" when it holds nothing but values.
 std::string messageOf(const std::vector<Part>& parts, const std::map<std::string, std::string>& constants) {
   static const std::regex glue("std::string|std::to_string|[\\s+<>()]");
-  static const std::regex heading("^Warning: (\\w+::\\w+ - )?");
+  // The operation that warns is written out, or told by its caller.
+  static const std::regex heading("^Warning: (\\w+::\\w+ - |\\^1)?");
   std::string message;
   bool says = false;
   std::vector<std::string> values;
