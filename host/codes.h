@@ -11,6 +11,7 @@ inline constexpr UPSpecTypes::ParamSpec kKeyword{3};
 inline constexpr UPSpecTypes::ParamSpec kOptionalName{4};
 inline constexpr UPSpecTypes::ParamSpec kKeywordList{5};
 inline constexpr UPSpecTypes::ParamSpec kNumber{7};
+inline constexpr UPSpecTypes::ParamSpec kNumberList{8};
 inline constexpr UPSpecTypes::ParamSpec kVariableList{16};
 inline constexpr UPSpecTypes::ParamSpec kFileName{23};
 

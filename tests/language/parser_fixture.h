@@ -30,6 +30,9 @@ class ParserTest : public testing::Test {
                        parameter("LAG", 5, 3, {"AIC", "BIC", "HQIC"}), minLag, maxLag});
     describe("METHOD", {parameter("TYPE", 5, 3, {"OLS"})});
     describe("SAVE", {parameter("FILE", 23), parameter("PREDICTED", 4), parameter("NRESIDUAL", 4)});
+    ParamDescriptor level = parameter("CILEVEL", 8);
+    level.setUpperBoundary(100.0, UPSpecTypes::UpperBdryOptions{2});
+    describe("AUXILIARY", {level});
     describe("MISSING", {parameter("USERMISSING", 3, 0, {"EXCLUDE", "INCLUDE"})});
   }
 

@@ -37,6 +37,17 @@ TEST_F(ParserTest, ReadsEveryKindOfParameter) {
   EXPECT_EQ(25, whole);
 }
 
+TEST_F(ParserTest, NumberListsStandWithAndWithoutBrackets) {
+  for (const std::string list : {"80, 97.5", "80 97.5", "[80 97.5]"}) {
+    ASSERT_EQ(0, parse("VARMODEL /AUXILIARY CILEVEL=" + list + " /METHOD TYPE=OLS")) << firstMessage();
+    std::vector<double> numbers;
+    EXPECT_TRUE(given("AUXILIARY", "CILEVEL")->getNumberList(numbers));
+    EXPECT_THAT(numbers, ElementsAre(80, 97.5));
+    double one = 0.0;
+    EXPECT_FALSE(given("AUXILIARY", "CILEVEL")->getNumberValue(one));
+  }
+}
+
 TEST_F(ParserTest, RangesFollowTheDictionary) {
   ASSERT_EQ(0, parse("VARMODEL /MODEL ENDOGENOUS=REALGDP to realinv, 'net exports' TO größe EXOGENOUS='to'"))
       << firstMessage();

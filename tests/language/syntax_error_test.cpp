@@ -50,6 +50,7 @@ TEST_F(ParserTest, EveryMistakeIsNamedWithItsRemedy) {
       {"VARMODEL /MODEL MINLAG=inf", 24, "\"inf\" is no number."},
       {"VARMODEL /MODEL MAXLAG=3,5", 25, "\",\" does not belong here"},
       {"VARMODEL /MODEL MAXLAG=[3]", 24, "MAXLAG takes a number from 1 to 25, without brackets."},
+      {"VARMODEL /AUXILIARY CILEVEL=[80 x]", 33, "CILEVEL takes a number of at most 100; \"x\" is no number."},
       {"VARMODEL /MODEL ENDOGENOUS=realgdp MAXLAG 3", 36, "If the parameter is meant, write MAXLAG=value."},
       {"VARMODEL /MODEL ENDOGENOUS=realgdp METHOD TYPE=OLS", 36, "If the subcommand is meant, write /METHOD."},
       {"VARMODEL /MODEL ENDOGENOUS=Größe xxxxxx", 34,

@@ -11,7 +11,15 @@
 namespace workbench {
 
 // The parameter kinds that this host knows, by their codes.
-enum class ParameterKind { keyword = 3, optionalName = 4, keywordList = 5, number = 7, variableList = 16, file = 23 };
+enum class ParameterKind {
+  keyword = 3,
+  optionalName = 4,
+  keywordList = 5,
+  number = 7,
+  numberList = 8,
+  variableList = 16,
+  file = 23
+};
 
 }  // namespace workbench
 

@@ -141,14 +141,14 @@ ParsedParameter CommandReader::readParameter(const SubcommandDescription& subcom
   for (const std::string_view keyword : kGlobalKeywords) {
     if (!subcommand.name.empty() || !sameName(name.text, keyword)) continue;
     if (equals) throw SyntaxError(cursor_.peek().span, std::string(keyword) + " takes no value.");
-    return {std::string(keyword), {}, {}, false, {}};
+    return {.name = std::string(keyword)};
   }
   const ParameterDescription& parameter = described(subcommand, name);
   if (equals) {
     cursor_.take();
     return readValue(cursor_, parameter, name, source_, variables);
   }
-  if (parameter.kind == ParameterKind::optionalName) return {parameter.name, {}, {}, false, {}};
+  if (parameter.kind == ParameterKind::optionalName) return {.name = parameter.name};
   throw SyntaxError(name.span, parameter.name + " lacks its equals sign and value: " + parameter.name + "=...");
 }
 

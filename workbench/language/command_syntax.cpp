@@ -13,7 +13,7 @@ constexpr int kSquareBrackets = 3;
 
 workbench::ParameterKind kindOf(const std::string& name, UPSpecTypes::ParamSpec spec) {
   using enum workbench::ParameterKind;
-  for (const auto kind : std::array{keyword, optionalName, keywordList, number, variableList, file}) {
+  for (const auto kind : std::array{keyword, optionalName, keywordList, number, numberList, variableList, file}) {
     if (static_cast<int>(kind) == static_cast<int>(spec)) return kind;
   }
   throw std::invalid_argument("parameter " + name + " has the unknown kind " + std::to_string(static_cast<int>(spec)));

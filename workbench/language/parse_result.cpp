@@ -52,8 +52,15 @@ bool ParamObj::getIntegerValue(int& value) const {
 
 bool ParamObj::getNumberValue(double& value) const {
   markValidation();
-  if (!state_->parsed.number) return false;
-  value = *state_->parsed.number;
+  if (state_->parsed.numbers.size() != 1) return false;
+  value = state_->parsed.numbers.front();
+  return true;
+}
+
+bool ParamObj::getNumberList(std::vector<double>& values) const {
+  markValidation();
+  if (state_->parsed.numbers.empty()) return false;
+  values = state_->parsed.numbers;
   return true;
 }
 

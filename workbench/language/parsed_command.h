@@ -2,7 +2,6 @@
 
 #pragma once
 
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,11 +11,11 @@ namespace workbench {
 
 // The form of a value depends on the parameter's kind; a parameter given without a value has none.
 struct ParsedParameter {
-  std::string name;                    // in the descriptor's spelling
-  std::vector<std::string> variables;  // as written; ranges expanded in dictionary order
-  std::vector<std::string> texts;      // keywords in the descriptor's spelling; or one file or name
-  bool quoted = false;                 // the one text stood in quotes
-  std::optional<double> number;
+  std::string name;                         // in the descriptor's spelling
+  std::vector<std::string> variables = {};  // as written; ranges expanded in dictionary order
+  std::vector<std::string> texts = {};      // keywords in the descriptor's spelling; or one file or name
+  bool quoted = false;                      // the one text stood in quotes
+  std::vector<double> numbers = {};         // one, or those of a list
 };
 
 struct ParsedSubcommand {

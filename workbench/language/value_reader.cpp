@@ -42,6 +42,8 @@ std::string expectation(const ParameterDescription& parameter) {
       return "keywords of " + listed(parameter.keywords);
     case ParameterKind::number:
       return boundsText(parameter);
+    case ParameterKind::numberList:
+      return boundsText(parameter) + " or several";
     case ParameterKind::variableList:
       return "a list of variables";
     case ParameterKind::file:
@@ -94,7 +96,8 @@ void ValueReader::refuseParenthesis() const {
 // The items of a list, commas left out; at least one.
 Items ValueReader::items() {
   refuseParenthesis();
-  if (cursor_.at(TokenKind::openBracket) && parameter_.brackets) return bracketed();
+  const bool bracketsAllowed = parameter_.brackets || parameter_.kind == ParameterKind::numberList;
+  if (cursor_.at(TokenKind::openBracket) && bracketsAllowed) return bracketed();
   if (!parameter_.brackets) return run();
   Items one{&single()};
   if (cursor_.at(TokenKind::comma) || (cursor_.atText() && !cursor_.atParameter() && isKeyword(cursor_.peek().text))) {
@@ -201,7 +204,10 @@ ParsedParameter readValue(TokenCursor& cursor, const ParameterDescription& param
       parsed.texts.push_back(readKeyword(reader.single(), parameter));
       break;
     case ParameterKind::number:
-      parsed.number = readNumber(reader.single(), parameter);
+      parsed.numbers.push_back(readNumber(reader.single(), parameter));
+      break;
+    case ParameterKind::numberList:
+      for (const Token* item : reader.items()) parsed.numbers.push_back(readNumber(*item, parameter));
       break;
     case ParameterKind::file:
       parsed.texts.push_back(reader.file(source, parsed.quoted));
