@@ -12,6 +12,7 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent
 
 C = "procedures/common"
 V = "procedures/varmodel/"
+D = "procedures/vardynamics/"
 # folder -> folders that it may include besides itself
 ALLOWED = {
     "host": set(),
@@ -27,6 +28,12 @@ ALLOWED = {
     V + "output": {V + "algo", V + "syntax", V + "data", C, "host", "engine"},
     V + "save": {V + "algo", V + "syntax", V + "data", C, "host"},
     V + "driver": {V + "output", V + "save", V + "algo", V + "syntax", V + "data", C, "host"},
+    D + "data": {C, "host"},
+    D + "syntax": {D + "data", C, "host"},
+    D + "analysis": {D + "syntax", D + "data", C, "engine"},
+    D + "output": {D + "analysis", D + "syntax", D + "data", C, "host", "engine"},
+    D + "save": {D + "analysis", D + "syntax", D + "data", C, "host", "engine"},
+    D + "driver": {D + "output", D + "save", D + "analysis", D + "syntax", D + "data", C, "host"},
     "workbench": {"host"},
 }
 # What the numbers and the procedures may take from outside: their libraries and the C++ standard library, nothing of

@@ -1,0 +1,108 @@
+#include "procedures/vardynamics/syntax/subcommands.h"
+
+#include <algorithm>
+#include <string>
+
+#include "procedures/vardynamics/data/user_error.h"
+#include "procedures/vardynamics/syntax/keywords.h"
+#include "procedures/vardynamics/syntax/parameter_reader.h"
+
+namespace vardynamics {
+namespace {
+
+// The lag order is given or chosen, never both.
+void refuseLagBesideSelection(const ParameterReader& reader) {
+  if (!reader.has("LAG")) return;
+  for (const char* other : {"SELECT", "MINLAG", "MAXLAG"}) {
+    if (!reader.has(other)) continue;
+    fail("MODEL has LAG and ^1: LAG gives the lag order, ^1 belongs to its choice. Leave out one of the two.", {other});
+  }
+}
+
+void refuseEmptyLagRange(const ModelSettings& model) {
+  if (!model.maxLag || model.minLag <= *model.maxLag) return;
+  fail("MINLAG=^1 is greater than MAXLAG=^2. Give MINLAG=^2 or less.",
+       {std::to_string(model.minLag), std::to_string(*model.maxLag)});
+}
+
+}  // namespace
+
+ModelSettings readModelOptions(const SubComObj& model) {
+  const ParameterReader reader(model);
+  refuseLagBesideSelection(reader);
+  if (reader.has("XLAGS") && !reader.has("EXOGENOUS")) {
+    fail("XLAGS counts lags of exogenous series, and MODEL has none. Leave out XLAGS, or give EXOGENOUS.");
+  }
+  ModelSettings settings;
+  settings.exogenousLags = reader.wholeNumber("XLAGS").value_or(0);
+  settings.lag = reader.wholeNumber("LAG");
+  settings.criterion = valueOf(kCriteria, reader.keyword("SELECT", "AIC"));
+  settings.minLag = reader.wholeNumber("MINLAG").value_or(1);
+  settings.maxLag = reader.wholeNumber("MAXLAG");
+  settings.deterministic = valueOf(kDeterministics, reader.keyword("DETERMINISTIC", "CONSTANT"));
+  settings.seasonal = reader.yes("SEASONAL");
+  refuseEmptyLagRange(settings);
+  return settings;
+}
+
+TestSettings readTests(const SubComObj& tests) {
+  const ParameterReader reader(tests);
+  TestSettings settings;
+  reader.flags("TYPE", kTests, settings);
+  settings.lags = reader.wholeNumber("LAGS");
+  return settings;
+}
+
+CausalitySettings readCausality(const SubComObj& causality) {
+  const ParameterReader reader(causality);
+  CausalitySettings settings;
+  reader.flags("TYPE", kCausalities, settings);
+  settings.augment = reader.wholeNumber("AUGMENT").value_or(0);
+  return settings;
+}
+
+ForecastSettings readForecast(const SubComObj& forecast) {
+  const ParameterReader reader(forecast);
+  return {.horizon = reader.wholeNumber("HORIZON"),
+          .interval = valueOf(kIntervals, reader.keyword("INTERVAL", "ANALYTIC")),
+          .conditional = reader.yes("CONDITIONAL")};
+}
+
+PlotSettings readPlot(const SubComObj& plot) {
+  PlotSettings settings;
+  ParameterReader(plot).flags("TYPE", kPlots, settings);
+  return settings;
+}
+
+SaveSettings readSave(const SubComObj& save) {
+  const ParameterReader reader(save);
+  SaveSettings settings;
+  const ParamObj* file = reader.find("FILE");
+  if (file == nullptr || !file->getStringOrLiteral(settings.path, settings.isLiteral) || settings.path.empty()) {
+    fail("SAVE has no file. Give FILE='results.csv'.");
+  }
+  settings.forecasts = reader.has("FORECASTS");
+  settings.residuals = reader.has("RESIDUALS");
+  if (!settings.forecasts && !settings.residuals) {
+    fail("SAVE has nothing to save. Give FORECASTS, RESIDUALS or both.");
+  }
+  return settings;
+}
+
+std::vector<double> readLevels(const SubComObj& auxiliary) {
+  const ParamObj* parameter = auxiliary.getParamObj("CILEVEL");
+  std::vector<double> levels;
+  if (parameter == nullptr || !parameter->getNumberList(levels)) fail("AUXILIARY has no level. Give CILEVEL=95.");
+  std::ranges::sort(levels);
+  levels.erase(std::unique(levels.begin(), levels.end()), levels.end());
+  if (levels.front() <= 0.0 || levels.back() >= 100.0) {
+    fail("CILEVEL is a percentage above 0 and below 100. Give CILEVEL=95.");
+  }
+  return levels;
+}
+
+bool readUserMissing(const SubComObj& missing) {
+  return ParameterReader(missing).keyword("USERMISSING", "EXCLUDE") == "INCLUDE";
+}
+
+}  // namespace vardynamics
