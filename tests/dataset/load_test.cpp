@@ -13,7 +13,6 @@
 namespace workbench {
 namespace {
 
-using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
@@ -155,22 +154,6 @@ TEST(Load, FractionsThatBeginLateInALargeCsvAreNotRounded) {
   }
 }
 
-TEST(Load, QueriesSeeTheFileItsFolderAndItsTables) {
-  const TempFolder folder;
-  const auto file = folder.write("a.csv", "year,b\n1960,2\n1959,1\n");
-  folder.write("other.csv", "k\n42\n");
-  EXPECT_THAT(loadDataset({file, "FROM source ORDER BY year"}).columns[1].numbers, ElementsAre(1, 2));
-  const std::string computed = "SELECT year || 'Q1' AS q, b FROM source WHERE year < 1961 ORDER BY b; -- a comment";
-  EXPECT_THAT(loadDataset({file, computed}).columns[0].texts, ElementsAre("1959Q1", "1960Q1"));
-  EXPECT_THAT(loadDataset({file, "SELECT k FROM 'other.csv'"}).columns[0].numbers, ElementsAre(42));
-
-  const auto database = folder / "two.duckdb";
-  DuckdbConnection(1).query("ATTACH " + sqlText(database.string()) +
-                            " AS f; CREATE TABLE f.one AS SELECT 1 AS x; CREATE TABLE f.two AS SELECT 2 AS x");
-  EXPECT_THAT(failure({database, ""}), AllOf(HasSubstr("(one, two)"), HasSubstr("SELECT * FROM \"one\"")));
-  EXPECT_THAT(loadDataset({database, "FROM two"}).columns[0].numbers, ElementsAre(2));
-}
-
 TEST(Load, MistakesNameThePlaceAndTheRemedy) {
   const TempFolder folder;
   const auto good = folder.write("macro.csv", "a,b\n1,2\n");
@@ -182,7 +165,6 @@ TEST(Load, MistakesNameThePlaceAndTheRemedy) {
       {{good, "SELECT * FROM source WHERE a > 5"}, {"query", "macro.csv", "no cases"}},
       {{good, "SELECT missing FROM source"}, {"query", "\"missing\" not found"}},
       {{good, "SELEC 1"}, {"query", "syntax error", "LINE 1: SELEC 1"}},
-      {{good, "CREATE TABLE t(i INT)"}, {"query", "SELECT"}},
       {{good, "SELECT 1 AS a, 2 AS \"A\""}, {"\"A\"", "AS other_name"}},
       {{good, "SELECT 1 AS a, [1, 2] AS odd"}, {"column \"odd\"", "EXCLUDE (\"odd\")"}},
       {{good, "SELECT TIME '12:00' AS odd"}, {"column \"odd\"", "EXCLUDE (\"odd\")"}},

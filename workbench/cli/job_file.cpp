@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "workbench/base/errors.h"
+#include "workbench/base/standard_streams.h"
 #include "workbench/base/suggest.h"
 #include "workbench/cli/job.h"
 #include "workbench/cli/toml_reader.h"
@@ -103,9 +104,9 @@ void readData(const TomlSection& top, Job& job) {
   const auto section = top.section("data", {"source", "query"});
   if (!section) throw UsageError(job.file.string() + ": there is no [data] section with a source.");
   if (const auto source = section->text("source")) {
-    job.data.source =
-        std::filesystem::path(*source).is_absolute() ? std::filesystem::path(*source) : job.baseFolder / *source;
+    job.data.source = *source == kStandardStream ? *source : job.baseFolder / *source;
   }
+  job.data.jobFolder = job.baseFolder.empty() ? "." : job.baseFolder;
   if (const auto query = section->text("query")) job.data.query = *query;
   if (job.data.source.empty() && job.data.query.empty()) {
     top.fail("data", "needs a source (a data file) or a query.");

@@ -31,6 +31,51 @@ class Config {
   duckdb_config config_ = nullptr;
 };
 
+class Statements {
+ public:
+  Statements(duckdb_connection connection, const std::string& sql)
+      : count_(duckdb_extract_statements(connection, sql.c_str(), &statements_)) {}
+  Statements(const Statements&) = delete;
+  Statements& operator=(const Statements&) = delete;
+  ~Statements() { duckdb_destroy_extracted(&statements_); }
+
+  // Throws DuckdbError for a mistake of syntax.
+  std::size_t count() const {
+    const char* message = count_ == 0 ? duckdb_extract_statements_error(statements_) : nullptr;
+    if (message != nullptr) throw DuckdbError(message);
+    return count_;
+  }
+  duckdb_extracted_statements get() const { return statements_; }
+
+ private:
+  duckdb_extracted_statements statements_ = nullptr;
+  idx_t count_;
+};
+
+class PreparedStatement {
+ public:
+  PreparedStatement(duckdb_connection connection, const Statements& statements) {
+    if (duckdb_prepare_extracted_statement(connection, statements.get(), 0, &statement_) == DuckDBSuccess) return;
+    const std::string message = duckdb_prepare_error(statement_);
+    duckdb_destroy_prepare(&statement_);
+    throw DuckdbError(message);
+  }
+  PreparedStatement(const PreparedStatement&) = delete;
+  PreparedStatement& operator=(const PreparedStatement&) = delete;
+  ~PreparedStatement() { duckdb_destroy_prepare(&statement_); }
+
+  duckdb_prepared_statement get() const { return statement_; }
+
+ private:
+  duckdb_prepared_statement statement_ = nullptr;
+};
+
+void requireSuccess(duckdb_state state, DuckdbResult& result) {
+  if (state == DuckDBSuccess) return;
+  const char* message = duckdb_result_error(result.get());
+  throw DuckdbError(message != nullptr ? message : "unknown error");
+}
+
 }  // namespace
 
 DuckdbResult::DuckdbResult(DuckdbResult&& other) noexcept : result_(std::exchange(other.result_, duckdb_result{})) {}
@@ -60,11 +105,33 @@ DuckdbConnection::~DuckdbConnection() {
 
 DuckdbResult DuckdbConnection::query(const std::string& sql) {
   DuckdbResult result;
-  if (duckdb_query(connection_, sql.c_str(), result.get()) != DuckDBSuccess) {
-    const char* message = duckdb_result_error(result.get());
-    throw DuckdbError(message != nullptr ? message : "unknown error");
-  }
+  requireSuccess(duckdb_query(connection_, sql.c_str(), result.get()), result);
   return result;
+}
+
+DuckdbResult DuckdbConnection::select(const std::string& sql) {
+  const Statements statements(connection_, sql);
+  if (statements.count() != 1) throw DuckdbError("not one statement");
+  const PreparedStatement statement(connection_, statements);
+  if (duckdb_prepared_statement_type(statement.get()) != DUCKDB_STATEMENT_TYPE_SELECT) {
+    throw DuckdbError("not a SELECT");
+  }
+  DuckdbResult result;
+  requireSuccess(duckdb_execute_prepared(statement.get(), result.get()), result);
+  return result;
+}
+
+std::string DuckdbConnection::text(const std::string& sql) {
+  DuckdbResult result = query(sql);
+  duckdb_data_chunk chunk = duckdb_fetch_chunk(*result.get());
+  auto* value = static_cast<duckdb_string_t*>(duckdb_vector_get_data(duckdb_data_chunk_get_vector(chunk, 0)));
+  std::string text(duckdb_string_t_data(value), duckdb_string_t_length(*value));
+  duckdb_destroy_data_chunk(&chunk);
+  return text;
+}
+
+std::size_t DuckdbConnection::countStatements(const std::string& sql) {
+  return Statements(connection_, sql).count();
 }
 
 std::string sqlText(std::string_view text) {

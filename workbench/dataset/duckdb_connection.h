@@ -38,6 +38,12 @@ class DuckdbConnection {
 
   // Runs one or more statements; the last one's result. Throws DuckdbError.
   DuckdbResult query(const std::string& sql);
+  // Runs one statement that DuckDB itself takes for a SELECT; throws DuckdbError for any other.
+  DuckdbResult select(const std::string& sql);
+  // The first value of the first column, a text that is not null. Throws DuckdbError.
+  std::string text(const std::string& sql);
+  // How many statements the text holds. Throws DuckdbError for a mistake of syntax.
+  std::size_t countStatements(const std::string& sql);
   duckdb_connection get() { return connection_; }
 
  private:

@@ -10,8 +10,10 @@
 namespace workbench {
 
 struct DataRequest {
-  std::filesystem::path source;  // any file DuckDB reads (CSV, Parquet, JSON, ...); may be empty when a query is given
-  std::string query;             // optional SQL over the view `source`; "" reads the whole file
+  // Any file DuckDB reads (CSV, Parquet, JSON, ...), or "-": CSV on standard input. May be empty when a query is given.
+  std::filesystem::path source;
+  std::string query;                     // optional, one SELECT over the view `source`; "" reads the whole file
+  std::filesystem::path jobFolder = {};  // whose files a query may read beside those of the source's; empty: none
 };
 
 // Columns in the order of the result, cases in its order. Integers, decimals and booleans become 64-bit floats, text
@@ -19,7 +21,8 @@ struct DataRequest {
 //
 // In CSV files the fields NA, N/A, #N/A, NULL, null, "." and empty ones are missing; integers are integers for a query
 // only in files of up to 1 MiB, else 64-bit floats. Of a database file with one table that table is `source`; the
-// others are read by a query that names them. Relative file names in a query start at the data file's folder.
+// others are read by a query that names them. A query reads files of the source's and the job's folder alone, writes
+// nothing and reaches no network; its relative file names start at the first of the two that has such a file.
 Dataset loadDataset(const DataRequest& request);
 
 }  // namespace workbench

@@ -1,0 +1,26 @@
+// The process's standard input, output and error.
+
+#pragma once
+
+#include <filesystem>
+#include <string_view>
+
+namespace workbench {
+
+// The name that stands for standard input, or standard output, where a file is asked for.
+inline constexpr const char* kStandardStream = "-";
+
+// Gives the standard streams that are closed a descriptor that nothing can be read from or written to. Else the next
+// file that is opened would take their place and what is shown would go into it.
+void fillClosedStreams();
+
+// Writes the bytes, after what C's and C++'s streams still hold. Throws OutputError.
+void writeStandardOutput(std::string_view bytes);
+
+// Throws OutputError when something that was to be shown on standard output was lost.
+void requireStandardOutput();
+
+// Writes a whole file, or standard output when that is its name. Throws OutputError.
+void writeOutput(const std::filesystem::path& target, std::string_view bytes);
+
+}  // namespace workbench
