@@ -5,6 +5,7 @@
 #include <string>
 
 #include "workbench/base/errors.h"
+#include "workbench/base/standard_streams.h"
 #include "workbench/cli/command_line.h"
 #include "workbench/cli/composed_job.h"
 #include "workbench/cli/run.h"
@@ -24,9 +25,12 @@ int dispatch(const workbench::Invocation& invocation) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  workbench::fillClosedStreams();
   std::signal(SIGXFSZ, SIG_IGN);  // a file-size limit is then an error of the write, with a message
   try {
-    return dispatch(workbench::parseCommandLine(argc, argv));
+    const int exitCode = dispatch(workbench::parseCommandLine(argc, argv));
+    if (exitCode == 0) workbench::requireStandardOutput();
+    return exitCode;
   } catch (const workbench::DataError& error) {
     workbench::showError(error.what());
     return 3;

@@ -117,11 +117,13 @@ TEST_F(SaveTest, SpecificationsTakeKnownExtensionsOnly) {
   }
 }
 
-TEST_F(SaveTest, FilesThatTheRunReadsAreNotOverwritten) {
+TEST_F(SaveTest, FilesThatTheRunReadsOrWritesAreNotOverwritten) {
   const auto source = folder_.write("data.csv", "a\n1\n");
   std::filesystem::create_symlink(source, folder_ / "link.csv");
   std::filesystem::create_hard_link(source, folder_ / "hard.csv");
-  session_.protectedPaths = {source, folder_ / "x.csv.meta.json", folder_ / "not_there_yet.csv"};
+  session_.takenFiles = {{source, "this run reads it"},
+                         {folder_ / "x.csv.meta.json", "--json is written to it"},
+                         {folder_ / "not_there_yet.csv", "--html is written to it"}};
   for (const char* name : {"data.csv", "link.csv", "hard.csv", "x.csv", "./sub/../data.csv", "not_there_yet.csv"}) {
     session_.saveError.clear();
     EXPECT_FALSE(UserCaseFileSpec().Init(name, true, true)) << name;
@@ -129,7 +131,7 @@ TEST_F(SaveTest, FilesThatTheRunReadsAreNotOverwritten) {
   }
   EXPECT_EQ(contents(source), "a\n1\n");
   EXPECT_THAT(session_.savedFiles, IsEmpty());
-  EXPECT_EQ(refusedTarget(folder_ / "free.csv", session_.protectedPaths), std::nullopt);
+  EXPECT_EQ(refusedTarget(folder_ / "free.csv", session_.takenFiles), std::nullopt);
 }
 
 TEST_F(SaveTest, WhatCannotBeSavedWholeIsNotSaved) {

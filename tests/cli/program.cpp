@@ -19,16 +19,30 @@ Workspace& Workspace::file(const std::string& name, const std::string& content) 
   return *this;
 }
 
+Workspace& Workspace::link(const std::string& target, const std::string& name) {
+  std::filesystem::create_symlink(target, folder_ / name);
+  return *this;
+}
+
+Workspace& Workspace::hardLink(const std::string& target, const std::string& name) {
+  std::filesystem::create_hard_link(folder_ / target, folder_ / name);
+  return *this;
+}
+
+void Workspace::remove(const std::string& name) {
+  std::filesystem::remove(folder_ / name);
+}
+
 Workspace& Workspace::example(const std::string& name) {
   std::filesystem::copy_file(std::filesystem::path(VARMODEL_SOURCE_DIR) / "examples" / name, folder_ / name);
   return *this;
 }
 
-ProgramRun Workspace::run(const std::vector<std::string>& arguments) const {
+ProgramRun Workspace::run(const std::vector<std::string>& arguments, const std::string& redirections) const {
   const workbench::TempFolder streams;
   std::string line = "cd " + quoted(folder_.path()) + " && " + quoted(VARMODEL_BINARY_DIR "/bin/varmodel");
   for (const std::string& argument : arguments) line += " " + quoted(argument);
-  line += " >" + quoted(streams / "out") + " 2>" + quoted(streams / "err") + " </dev/null";
+  line += " >" + quoted(streams / "out") + " 2>" + quoted(streams / "err") + " </dev/null " + redirections;
   const int status = std::system(line.c_str());
   return {WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status), workbench::contents(streams / "out"),
           workbench::contents(streams / "err")};

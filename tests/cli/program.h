@@ -16,9 +16,14 @@ struct ProgramRun {
 class Workspace {
  public:
   Workspace& file(const std::string& name, const std::string& content);
+  // Another name for a file: a symbolic link, which may lead nowhere, or a hard one.
+  Workspace& link(const std::string& target, const std::string& name);
+  Workspace& hardLink(const std::string& target, const std::string& name);
+  void remove(const std::string& name);
   // A file of examples/, copied under its own name.
   Workspace& example(const std::string& name);
-  ProgramRun run(const std::vector<std::string>& arguments) const;
+  // The shell's redirections come last: "<data.csv", ">/dev/full", ">&-".
+  ProgramRun run(const std::vector<std::string>& arguments, const std::string& redirections = "") const;
   std::string read(const std::string& name) const { return workbench::contents(folder_ / name); }
   std::vector<std::string> listing() const { return folder_.listing(); }  // names of all files, sorted
 

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "workbench/base/taken_file.h"
 #include "workbench/casefile/case_writer.h"
 #include "workbench/dataset/dataset.h"
 #include "workbench/session/session.h"
@@ -14,13 +15,6 @@ namespace workbench {
 namespace {
 
 namespace fs = std::filesystem;
-
-bool sameFile(const fs::path& left, const fs::path& right) {
-  std::error_code error;
-  if (fs::equivalent(left, right, error)) return true;
-  const fs::path full = fs::weakly_canonical(fs::absolute(left, error), error);
-  return !full.empty() && full == fs::weakly_canonical(fs::absolute(right, error), error);
-}
 
 // Why no case file can have this path; "" when one can.
 std::string unusable(const std::string& path, const fs::path& full, bool forWriting) {
@@ -33,7 +27,7 @@ std::string unusable(const std::string& path, const fs::path& full, bool forWrit
   std::vector<fs::path> written = {full};
   if (*caseFileFormat(full) == CaseFileFormat::csv) written.push_back(metadataFile(full));
   for (const fs::path& target : written) {
-    if (const auto reason = refusedTarget(target, currentSession().protectedPaths)) return *reason;
+    if (const auto reason = refusedTarget(target, currentSession().takenFiles)) return *reason;
   }
   return "";
 }
@@ -45,16 +39,6 @@ std::optional<CaseFileFormat> caseFileFormat(const fs::path& path) {
   if (sameName(extension, ".csv")) return CaseFileFormat::csv;
   if (sameName(extension, ".parquet")) return CaseFileFormat::parquet;
   if (sameName(extension, ".duckdb")) return CaseFileFormat::duckdb;
-  return std::nullopt;
-}
-
-std::optional<std::string> refusedTarget(const fs::path& target, std::span<const fs::path> protectedPaths) {
-  for (const fs::path& file : protectedPaths) {
-    if (sameFile(target, file)) {
-      return target.string() + " is not written: this run reads it" +
-             (target == file ? "" : " (as " + file.string() + ")") + ". Choose another name.";
-    }
-  }
   return std::nullopt;
 }
 

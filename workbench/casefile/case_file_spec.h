@@ -4,8 +4,6 @@
 
 #include <filesystem>
 #include <optional>
-#include <span>
-#include <string>
 
 #include "host/case_file.h"
 
@@ -15,10 +13,6 @@ enum class CaseFileFormat { csv, parquet, duckdb };
 
 // By the extension, letters of either case; nothing for an unknown one.
 std::optional<CaseFileFormat> caseFileFormat(const std::filesystem::path& path);
-
-// Why the target must not be written: it is one of the protected files, under whatever name. Nothing when it may be.
-std::optional<std::string> refusedTarget(const std::filesystem::path& target,
-                                         std::span<const std::filesystem::path> protectedPaths);
 
 }  // namespace workbench
 

@@ -5,6 +5,7 @@
 #include <charconv>
 
 #include "workbench/base/errors.h"
+#include "workbench/cli/screen.h"
 
 namespace workbench {
 
@@ -41,7 +42,7 @@ Job makeComposedJob(const ComposeOptions& options) {
   if (!options.start.empty()) dates.start = readStart(options.start);
   dates.column = options.dateColumn;
   if (!dates.start.empty() || !dates.column.empty()) job.dates = std::move(dates);
-  if (options.output.verbosity != Verbosity::quiet) fmt::print("{}\n", job.command);
+  if (options.output.showsOutput()) showLine(job.command);
   return job;
 }
 

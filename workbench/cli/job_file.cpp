@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <array>
 #include <fstream>
+#include <iostream>
 #include <sstream>
 #include <utility>
 
@@ -22,19 +23,33 @@ std::vector<std::string_view> unitWords() {
   return words;
 }
 
-toml::table parseToml(const std::filesystem::path& file) {
+std::string textOf(std::istream& stream) {
+  std::ostringstream text;
+  text << stream.rdbuf();
+  return text.str();
+}
+
+std::string readText(const std::filesystem::path& file) {
+  if (file == kStandardStream) return textOf(std::cin);
   std::ifstream stream(file, std::ios::binary);
   if (!stream) {
     throw UsageError("there is no job file " + file.string() + ". Give the path of a TOML file, such as " +
                      "examples/us_macro.toml.");
   }
-  std::ostringstream text;
-  text << stream.rdbuf();
+  return textOf(stream);
+}
+
+// How messages call the job file.
+std::string nameOf(const std::filesystem::path& file) {
+  return file == kStandardStream ? "standard input" : file.string();
+}
+
+toml::table parseToml(const std::filesystem::path& file) {
   try {
-    return toml::parse(text.str(), file.string());
+    return toml::parse(readText(file), nameOf(file));
   } catch (const toml::parse_error& error) {
     const auto place = error.source().begin;
-    throw UsageError(file.string() + ", line " + std::to_string(place.line) + ", column " +
+    throw UsageError(nameOf(file) + ", line " + std::to_string(place.line) + ", column " +
                      std::to_string(place.column) + ": " + std::string(error.description()));
   }
 }
@@ -102,14 +117,17 @@ void readPredict(const TomlSection& top, Job& job) {
 
 void readData(const TomlSection& top, Job& job) {
   const auto section = top.section("data", {"source", "query"});
-  if (!section) throw UsageError(job.file.string() + ": there is no [data] section with a source.");
+  if (!section) throw UsageError(nameOf(job.file) + ": there is no [data] section with a source.");
   if (const auto source = section->text("source")) {
-    job.data.source = *source == kStandardStream ? *source : job.baseFolder / *source;
+    job.data.source = *source == kStandardStream ? std::filesystem::path(*source) : job.baseFolder / *source;
   }
   job.data.jobFolder = job.baseFolder.empty() ? "." : job.baseFolder;
   if (const auto query = section->text("query")) job.data.query = *query;
   if (job.data.source.empty() && job.data.query.empty()) {
     top.fail("data", "needs a source (a data file) or a query.");
+  }
+  if (job.file == kStandardStream && job.data.source == kStandardStream) {
+    section->fail("source", "cannot be standard input, which the job is read from. Name a data file.");
   }
 }
 
@@ -117,13 +135,13 @@ void readData(const TomlSection& top, Job& job) {
 
 Job readJobFile(const std::filesystem::path& file) {
   const toml::table table = parseToml(file);
-  const TomlSection top(table, file.string(), "",
+  const TomlSection top(table, nameOf(file), "",
                         {"command", "data", "variables", "dates", "predict", "weight", "split"});
   Job job;
   job.file = file;
   job.baseFolder = file.parent_path();
   const auto command = top.text("command");
-  if (!command) throw UsageError(file.string() + ": there is no 'command' with the text of the VARMODEL command.");
+  if (!command) throw UsageError(nameOf(file) + ": there is no 'command' with the text of the VARMODEL command.");
   job.command = *command;
   readData(top, job);
   readDictionary(top, job);

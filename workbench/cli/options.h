@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "workbench/base/standard_streams.h"
 #include "workbench/commands/common/composer.h"
 
 namespace workbench {
@@ -16,14 +17,21 @@ enum class Verbosity { quiet, normal, verbose };
 
 // Options that `run` and `fit` share.
 struct OutputOptions {
-  std::filesystem::path html;   // the report; empty: none
-  std::filesystem::path json;   // the document as the procedure delivered it; empty: none
-  std::filesystem::path trace;  // the procedure's trace lines; empty: none
+  // Files, "-" for standard output, empty for none.
+  std::filesystem::path html;   // the report
+  std::filesystem::path json;   // the document as the procedure delivered it
+  std::filesystem::path trace;  // the procedure's trace lines
   std::string language = "en";  // of titles, labels, messages and numbers
   bool plots = false;           // draw the charts in the terminal
   bool summary = false;         // print the procedure's text summary
   bool timings = false;         // one line a stage on stderr
   Verbosity verbosity = Verbosity::normal;
+
+  // A file is called "-": standard output is its, and shows nothing else.
+  bool takesStandardOutput() const {
+    return html == kStandardStream || json == kStandardStream || trace == kStandardStream;
+  }
+  bool showsOutput() const { return verbosity != Verbosity::quiet && !takesStandardOutput(); }
 };
 
 struct RunOptions {

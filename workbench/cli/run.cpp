@@ -3,10 +3,11 @@
 #include <fmt/core.h>
 
 #include <chrono>
+#include <cstdio>
 
-#include "workbench/base/atomic_file.h"
 #include "workbench/base/errors.h"
-#include "workbench/casefile/case_file_spec.h"
+#include "workbench/base/standard_streams.h"
+#include "workbench/cli/output_files.h"
 #include "workbench/cli/report_file.h"
 #include "workbench/cli/screen.h"
 #include "workbench/commands/common/run_messages.h"
@@ -28,9 +29,14 @@ class Stopwatch {
   std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
 };
 
-void refuseOverwriting(const std::filesystem::path& target, const Session& session) {
-  if (target.empty()) return;
-  if (const auto reason = refusedTarget(target, session.protectedPaths)) throw UsageError(*reason);
+// Standard input is a file to be spared only when one is redirected to it.
+void spareInputs(const Job& job, Session& session) {
+  for (const std::filesystem::path& file : {job.data.source, job.file}) {
+    const std::filesystem::path named = file == kStandardStream ? "/dev/stdin" : file;
+    if (named == file ? !file.empty() : std::filesystem::is_regular_file(named)) {
+      session.takenFiles.push_back({named, "this run reads it"});
+    }
+  }
 }
 
 int columnOf(const Dataset& dataset, const std::string& name, const char* setting) {
@@ -43,8 +49,6 @@ void prepareSession(const Job& job, Session& session) {
   session.commandText = job.command;
   session.composed = job.file.empty();
   session.baseFolder = job.baseFolder;
-  if (!job.data.source.empty()) session.protectedPaths.push_back(job.data.source);
-  if (!job.file.empty()) session.protectedPaths.push_back(job.file);
   session.dataset = loadDataset(job.data);
   applyDictionary(session.dataset, job.dictionary);
   if (!job.weight.empty()) session.weightColumn = columnOf(session.dataset, job.weight, "weight");
@@ -73,11 +77,13 @@ void writeJson(const Session& session, const std::filesystem::path& file) {
   rapidjson::Writer<rapidjson::StringBuffer> writer(buffer);
   session.document.Accept(writer);
   buffer.Put('\n');
-  writeFileAtomically(file, std::string_view(buffer.GetString(), buffer.GetSize()));
+  writeOutput(file, std::string_view(buffer.GetString(), buffer.GetSize()));
 }
 
 void printTimings(const StageClock& clock, double load, double render, double total) {
-  const auto line = [](const char* stage, double seconds) { fmt::print(stderr, "timing {} {:.6f}\n", stage, seconds); };
+  const auto line = [](const char* stage, double seconds) {
+    std::fputs(fmt::format("timing {} {:.6f}\n", stage, seconds).c_str(), stderr);
+  };
   line("load", load);
   line("parse", clock.between(StageClock::callStart, StageClock::parseEnd));
   line("validate", clock.between(StageClock::parseEnd, StageClock::validateEnd));
@@ -97,10 +103,9 @@ int runJob(const Job& job, const OutputOptions& options) {
   const SessionScope scope(session);
   session.dictionaryFolder = installedDictionaries();
   setLanguage(session, options.language);
+  spareInputs(job, session);
+  claimOutputFiles(options, session);
   prepareSession(job, session);
-  refuseOverwriting(options.html, session);
-  refuseOverwriting(options.json, session);
-  refuseOverwriting(options.trace, session);
   const double load = total.seconds();
 
   const FinishedRun run = callProcedure(command, session, options);
@@ -108,11 +113,11 @@ int runJob(const Job& job, const OutputOptions& options) {
   const Stopwatch render;
   const std::vector<RunMessage> messages = collectMessages(run);
   showRun(run, messages, options);
-  if (!options.trace.empty()) writeFileAtomically(options.trace, run.streams.out + run.streams.err);
+  if (!options.trace.empty()) writeOutput(options.trace, run.streams.out + run.streams.err);
   if (!options.json.empty() && session.document.IsObject()) writeJson(session, options.json);
   if (!options.html.empty() && session.document.IsObject()) {
-    writeFileAtomically(options.html, reportPage(run, messages, total.seconds()));
-    if (options.verbosity != Verbosity::quiet) fmt::print("{}\n", tr("report: ^1", options.html.string()));
+    writeOutput(options.html, reportPage(run, messages, total.seconds()));
+    if (options.showsOutput()) showLine(tr("report: ^1", options.html.string()));
   }
   if (options.timings) printTimings(session.clock, load, render.seconds(), total.seconds());
   return run.outcome.exitCode();

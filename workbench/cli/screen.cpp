@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <utility>
 
+#include "workbench/base/standard_streams.h"
 #include "workbench/plots/plots.h"
 #include "workbench/render/message_text.h"
 #include "workbench/render/terminal.h"
@@ -65,6 +66,10 @@ void showOutput(const Session& session, const std::vector<RunMessage>& messages,
 
 }  // namespace
 
+void showLine(const std::string& text) {
+  writeStandardOutput(text + "\n");
+}
+
 void showError(const std::string& text) {
   put(stderr, paintMessage("error", text, messageStyle(STDERR_FILENO)));
 }
@@ -72,7 +77,7 @@ void showError(const std::string& text) {
 void showRun(const FinishedRun& run, const std::vector<RunMessage>& messages, const OutputOptions& options) {
   const bool quiet = options.verbosity == Verbosity::quiet;
   if (options.verbosity == Verbosity::verbose) put(stderr, run.streams.out + run.streams.err);
-  if (!quiet && run.session.document.IsObject()) showOutput(run.session, messages, options);
+  if (options.showsOutput() && run.session.document.IsObject()) showOutput(run.session, messages, options);
   if (options.summary) put(stdout, run.command.summary(run));
   std::fflush(stdout);
   for (const RunMessage& message : messages) {

@@ -11,6 +11,9 @@ namespace workbench {
 // With -q only what explains a failure is shown.
 void showRun(const FinishedRun& run, const std::vector<RunMessage>& messages, const OutputOptions& options);
 
+// A line on standard output. Throws OutputError.
+void showLine(const std::string& text);
+
 // "error: TEXT" on standard error.
 void showError(const std::string& text);
 

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "host/json_document.h"
+#include "workbench/base/taken_file.h"
 #include "workbench/dataset/dataset.h"
 #include "workbench/session/texts.h"
 
@@ -68,9 +69,9 @@ struct Session {
   std::vector<std::string> splitVariables;
   std::string language = "en";
   std::filesystem::path dictionaryFolder;
-  Texts texts;                                        // of the language; English without any
-  std::filesystem::path baseFolder;                   // relative SAVE paths start here
-  std::vector<std::filesystem::path> protectedPaths;  // never overwritten: data sources, the job file
+  Texts texts;                        // of the language; English without any
+  std::filesystem::path baseFolder;   // relative SAVE paths start here
+  std::vector<TakenFile> takenFiles;  // that a saved file must not overwrite
 
   // Left by the parser and the procedure.
   // Lists as parsed: "MODELSTATISTICS MODELFIT" leads to its keywords, "MODEL ENDOGENOUS" to its variables.

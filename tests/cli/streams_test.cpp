@@ -1,0 +1,112 @@
+// Which file goes where: standard input and output as files, and files that must not be written over another.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "document.h"
+#include "program.h"
+
+namespace {
+
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+enum ExitCode { success = 0, procedure = 1, usage = 2, data = 3, output = 4 };
+
+class Streams : public testing::Test {
+ protected:
+  Streams() { space.example("us_macro_quarterly.csv").file("job.toml", job); }
+
+  ProgramRun fit(const std::string& source, std::vector<std::string> options, const std::string& redirections = "") {
+    options.insert(options.begin(),
+                   {"fit", source, "--endogenous", "realgdp", "realcons", "--minlag", "2", "--maxlag", "2"});
+    return space.run(options, redirections);
+  }
+
+  const std::string input = "us_macro_quarterly.csv";
+  const std::string job =
+      "command = 'VARMODEL /MODEL ENDOGENOUS=realgdp realcons LAG=[BIC] MAXLAG=2 /METHOD TYPE=[OLS] "
+      "/MODELSTATISTICS MODELFIT=[PARAMETERS]'\n[data]\nsource = 'us_macro_quarterly.csv'\n";
+  Workspace space;
+};
+
+TEST_F(Streams, StandardOutputIsOneFileAndNothingElse) {
+  ASSERT_EQ(fit(input, {"--json", "out.json"}).exitCode, success);
+  const ProgramRun json = fit(input, {"--json", "-", "--html", "page.html", "--save", "out.csv"});
+  EXPECT_EQ(json.out, space.read("out.json"));
+  EXPECT_EQ(json.exitCode, success) << json.err;
+  EXPECT_THAT(fit(input, {"--html", "-"}).out, StartsWith("<!DOCTYPE html>"));
+  EXPECT_THAT(fit(input, {"--trace", "-"}).out, StartsWith("VARSubCommands::"));
+}
+
+TEST_F(Streams, StandardInputIsDataOrJob) {
+  ASSERT_EQ(fit(input, {"--json", "out.json"}).exitCode, success);
+  const std::string query = "SELECT * FROM source";
+  EXPECT_EQ(fit("-", {"--json", "-"}, "<" + input).out, space.read("out.json"));
+  EXPECT_EQ(fit("-", {"--json", "-", "--query", query}, "<" + input).out, space.read("out.json"));
+  EXPECT_THAT(fit("-", {}, "</dev/null").err, HasSubstr("standard input: there are no cases in it."));
+  EXPECT_EQ(fit("-", {}, "<&-").exitCode, data);
+
+  EXPECT_EQ(space.run({"run", "-", "-q", "--json", "piped.json"}, "<job.toml").exitCode, success);
+  ASSERT_EQ(space.run({"run", "job.toml", "-q", "--json", "out.json"}).exitCode, success);
+  EXPECT_EQ(space.read("piped.json"), space.read("out.json"));
+  space.file("twice.toml", job.substr(0, job.find("source")) + "source = '-'\n");
+  const ProgramRun twice = space.run({"run", "-"}, "<twice.toml");
+  EXPECT_EQ(twice.exitCode, usage);
+  EXPECT_THAT(twice.err, HasSubstr("standard input, line 3: 'data.source' cannot be standard input"));
+}
+
+TEST_F(Streams, NoFileIsWrittenOverAnother) {
+  struct Clash {
+    std::vector<std::string> options;
+    std::string redirections;
+    ExitCode exitCode;
+    std::string says;
+  };
+  const std::vector<Clash> clashes = {
+      {{"--json", "a", "--html", "a"}, "", usage, "a is not written: --html is written to it. Choose another name."},
+      {{"--json", "a", "--trace", "./b/../a"}, "", usage, "(as a)"},
+      {{"--json", "a", "--html", "link"}, "", usage, "(as link)"},
+      {{"--json", "name", "--html", "hard"}, "", usage, "(as hard)"},
+      {{"--json", "-", "--html", "-"}, "", usage, "standard output is not written: --html is written to it"},
+      {{"--json", "-", "--html", "a"}, ">a", usage, "(as a)"},
+      {{"--json", "-", "--summary"}, "", usage, "Leave one of them out"},
+      {{"--json", input}, "", usage, "this run reads it"},
+      {{"--save", "a.csv", "--json", "a.csv"}, "", procedure, "a.csv is not written: --json is written to it"},
+      {{"--save", "a.csv", "--html", "a.csv.meta.json"}, "", procedure, "a.csv.meta.json is not written: --html"},
+  };
+  space.file("name", "kept").link("a", "link").hardLink("name", "hard");
+  const std::string series = space.read(input);
+  const auto before = space.listing();
+  for (const Clash& clash : clashes) {
+    const ProgramRun run = fit(input, clash.options, clash.redirections);
+    EXPECT_EQ(run.exitCode, clash.exitCode) << run.err;
+    EXPECT_THAT(run.err, HasSubstr(clash.says));
+    space.remove("a");
+    EXPECT_EQ(space.listing(), before);
+  }
+  EXPECT_EQ(space.read("name"), "kept");
+  EXPECT_EQ(fit("-", {"--json", input}, "<" + input).exitCode, usage);
+  EXPECT_EQ(space.read(input), series);
+  EXPECT_EQ(fit(input, {"--json", "/dev/null", "--html", "/dev/null"}).exitCode, success);
+}
+
+TEST_F(Streams, LostStandardOutputIsAnErrorAndKeepsTheFiles) {
+  for (const char* lost : {">/dev/full", ">&-", ">&- 2>&- <&-"}) {
+    const ProgramRun run = space.run({"run", "job.toml", "--json", "out.json", "--timings"}, lost);
+    EXPECT_EQ(run.exitCode, output) << lost;
+    EXPECT_THAT(space.read("out.json"), AllOf(StartsWith("{"), testing::EndsWith("}\n")));
+    space.remove("out.json");
+    EXPECT_EQ(fit(input, {}, lost).exitCode, output) << lost;
+    EXPECT_EQ(fit(input, {"--json", "-"}, lost).exitCode, output) << lost;
+    EXPECT_EQ(space.run({"--help"}, lost).exitCode, output) << lost;
+  }
+  EXPECT_THAT(space.run({"run", "job.toml"}, ">/dev/full").err,
+              HasSubstr("standard output cannot be written. Send it"));
+  EXPECT_THAT(fit(input, {"--json", "-"}, ">/dev/full").err, HasSubstr("No space left on device. Send it to"));
+  EXPECT_THAT(space.listing(), ElementsAre("job.toml", input));
+}
+
+}  // namespace

@@ -1,0 +1,40 @@
+#include "workbench/base/taken_file.h"
+
+#include "workbench/base/standard_streams.h"
+
+namespace workbench {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int kMostLinks = 40;  // as many as the system follows
+
+// The file that will be written: a link may lead to one that does not exist yet.
+fs::path finalTarget(const fs::path& file) {
+  fs::path target = file == kStandardStream ? "/dev/stdout" : file;
+  std::error_code error;
+  for (int link = 0; link < kMostLinks && fs::is_symlink(target, error); ++link) {
+    target = target.parent_path() / fs::read_symlink(target, error);
+  }
+  return fs::weakly_canonical(fs::absolute(target, error), error);
+}
+
+bool sameFile(const fs::path& left, const fs::path& right) {
+  std::error_code error;
+  return left != "/dev/null" && (left == right || fs::equivalent(left, right, error));
+}
+
+}  // namespace
+
+std::optional<std::string> refusedTarget(const fs::path& target, std::span<const TakenFile> taken) {
+  for (const auto& [path, use] : taken) {
+    if (!sameFile(finalTarget(target), finalTarget(path))) continue;
+    const std::string what = target == kStandardStream ? "standard output" : target.string();
+    const std::string alias = target == path ? "" : " (as " + path.string() + ")";
+    return what + " is not written: " + use + alias + ". Choose another name.";
+  }
+  return std::nullopt;
+}
+
+}  // namespace workbench

@@ -1,0 +1,21 @@
+// The files of one run, of which none may be written over another.
+
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <span>
+#include <string>
+
+namespace workbench {
+
+struct TakenFile {
+  std::filesystem::path path;  // "-" for standard output
+  std::string use;             // "this run reads it", "--json writes it too"
+};
+
+// Why the target must not be written: it is one of the taken files, under whatever name. Nothing when it may be, and
+// for the null device, which takes everything.
+std::optional<std::string> refusedTarget(const std::filesystem::path& target, std::span<const TakenFile> taken);
+
+}  // namespace workbench

@@ -1,0 +1,14 @@
+// The files that the options of a run name for its output.
+
+#pragma once
+
+#include "workbench/cli/options.h"
+#include "workbench/session/session.h"
+
+namespace workbench {
+
+// Throws UsageError when an output would overwrite what the run reads, or another output; adds the outputs to the
+// session's taken files, so that no saved file overwrites them.
+void claimOutputFiles(const OutputOptions& options, Session& session);
+
+}  // namespace workbench
