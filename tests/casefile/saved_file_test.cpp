@@ -87,7 +87,7 @@ TEST_P(SavedFile, LabelsLevelsAndFormatsAreKept) {
   } else if (file() == "out.parquet") {
     const std::string query =
         "SELECT decode(value) FROM parquet_kv_metadata('" + path + "') WHERE decode(key) = 'varmodel'";
-    metadata = loadDataset({{}, query}).columns[0].texts[0];
+    metadata = loadDataset({path, query}).columns[0].texts[0];
   } else {
     metadata =
         loadDataset({path, "SELECT comment FROM duckdb_tables() WHERE table_name = 'cases'"}).columns[0].texts[0];
