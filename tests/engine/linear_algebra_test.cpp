@@ -1,7 +1,11 @@
 #include <gtest/gtest.h>
 
+#include "engine/linear_algebra/cholesky.h"
 #include "engine/linear_algebra/condition.h"
+#include "engine/linear_algebra/dense_algebra.h"
 #include "engine/linear_algebra/lu.h"
+#include "engine/linear_algebra/orthonormal_basis.h"
+#include "engine/linear_algebra/symmetric_eigen.h"
 #include "tests/engine/numeric_support.h"
 #include "tests/engine/plain_least_squares.h"
 
@@ -73,6 +77,47 @@ TEST(ClassifyCondition, Bounds) {
   EXPECT_EQ(classifyCondition(2.3e-15, 10), Conditioning::poor);
   EXPECT_EQ(classifyCondition(2.1e-15, 10), Conditioning::singular);
   EXPECT_EQ(classifyCondition(std::nan(""), 10), Conditioning::poor);
+}
+
+TEST(Cholesky, TextbookFactorInAnyUnitsAndRefusals) {
+  const auto l = choleskyFactor(matrixOf({{4, -1, -1}, {12, 37, -1}, {-16, -43, 98}})).value();  // the lower triangle
+  EXPECT_THAT(l.values, elementsNear({2, 0, 0, 6, 1, 0, -8, 5, 3}, kRounding));
+  Matrix b = matrixOf({{2}, {7}, {0}});
+  solveLower(l, b);
+  EXPECT_THAT(b.values, elementsNear({1, 1, 1}, kRounding));
+  b = matrixOf({{0}, {6}, {3}});
+  solveLowerTransposed(l, b);
+  EXPECT_THAT(b.values, elementsNear({1, 1, 1}, kRounding));
+  const Matrix full = matrixOf({{4, 12, -16}, {12, 37, -43}, {-16, -43, 98}});
+  EXPECT_THAT(multiply(full, inverseFromCholesky(l)).values, elementsNear(identityMatrix(3).values, 1e-11));
+  EXPECT_TRUE(choleskyFactor(matrixOf({{1e-300, 0}, {0, 1e300}})));
+  EXPECT_FALSE(choleskyFactor(matrixOf({{1, 1}, {1, 1}})));
+  EXPECT_FALSE(choleskyFactor(matrixOf({{std::nan("")}})));
+}
+
+TEST(SymmetricEigen, KeepsTheDigitsOfSmallValues) {
+  // Grading by 1e-10: the determinant 1e-20 (1 - 0.25) tells the small eigenvalue.
+  const SymmetricEigen eigen = symmetricEigen(matrixOf({{1, 0.5e-10}, {0.5e-10, 1e-20}}));
+  EXPECT_NEAR(std::min(eigen.values[0], eigen.values[1]) / 0.75e-20, 1.0, 1e-12);
+  const SymmetricEigen three = symmetricEigen(matrixOf({{1, 0.2, 0.2}, {0.2, 1, 0.2}, {0.2, 0.2, 1}}));
+  EXPECT_THAT(three.values, ::testing::UnorderedPointwise(::testing::DoubleNear(kRounding), {1.4, 0.8, 0.8}));
+  EXPECT_THAT(multiplyTransposed(three.vectors, three.vectors).values,
+              elementsNear(identityMatrix(3).values, kRounding));
+}
+
+TEST(OrthonormalBasis, StaysOrthonormalAndRefusesDependentColumns) {
+  OrthonormalBasis basis;
+  const std::vector<double> first = {1, 1e8, 0, 0};
+  ASSERT_TRUE(basis.append(first));
+  ASSERT_TRUE(basis.append(std::vector<double>{1, 1e8, 1, 0}));  // an angle of 1e-8
+  ASSERT_TRUE(basis.append(std::vector<double>{1e-9, 0, 0, 0}));
+  EXPECT_FALSE(basis.append(std::vector<double>{3, 3e8, 7, 0}));
+  EXPECT_FALSE(basis.append(std::vector<double>(4, 0.0)));
+  const SeriesList vectors = {basis[0], basis[1], basis[2]};
+  EXPECT_THAT(columnProducts(vectors, vectors).values, elementsNear(identityMatrix(3).values, kRounding));
+  std::vector<double> rest = {5, 6, 7, 8};
+  basis.removeFrom(rest);
+  EXPECT_THAT(rest, elementsNear({0, 0, 0, 8}, 1e-13));
 }
 
 }  // namespace
