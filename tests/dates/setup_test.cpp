@@ -91,8 +91,8 @@ TEST(DefineDates, UsesExistingDateVariablesOnlyWithTheRightValues) {
   Session session = sessionWith(dataset, startAt({{Unit::year, 1959}}));
   EXPECT_THAT(namesOf(session.dataset), ElementsAre("year_", "DATE_"));
   session.dataset.columns[1].texts = {"first ", "second"};
-  EXPECT_EQ(caseLabel(session, 0), "first");
-  EXPECT_EQ(caseLabel(session, 2), "1961");
+  EXPECT_EQ(caseLabel(session.dataset, session.trends, 0), "first");
+  EXPECT_EQ(caseLabel(session.dataset, session.trends, 2), "1961");
   EXPECT_THAT(faultOf<UsageError>([&] {
                 sessionWith(dataset, startAt({{Unit::year, 1958}}));
               }),

@@ -15,6 +15,8 @@ namespace workbench {
 
 struct Job {
   std::string command;
+  double scale = 1.0;     // factor of the endogenous variables
+  bool complete = false;  // rows that lack a variable of a command are dropped before its procedure sees them
   DataRequest data;
   std::vector<DictionaryEntry> dictionary;
   std::optional<DatesRequest> dates;

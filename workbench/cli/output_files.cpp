@@ -4,7 +4,7 @@
 
 namespace workbench {
 
-void claimOutputFiles(const OutputOptions& options, Session& session) {
+void claimOutputFiles(const OutputOptions& options, CallInput& input) {
   if (options.summary && options.takesStandardOutput()) {
     throw UsageError("--summary is shown on standard output, which a file of this run takes. Leave one of them out.");
   }
@@ -12,8 +12,8 @@ void claimOutputFiles(const OutputOptions& options, Session& session) {
       {"--html", options.html}, {"--json", options.json}, {"--trace", options.trace}};
   for (const auto& [option, file] : outputs) {
     if (file.empty()) continue;
-    if (const auto reason = refusedTarget(file, session.takenFiles)) throw UsageError(*reason);
-    session.takenFiles.push_back({file, std::string(option) + " is written to it"});
+    if (const auto reason = refusedTarget(file, input.takenFiles)) throw UsageError(*reason);
+    input.takenFiles.push_back({file, std::string(option) + " is written to it"});
   }
 }
 

@@ -9,6 +9,6 @@ namespace workbench {
 
 // Throws UsageError when an output would overwrite what the run reads, or another output; adds the outputs to the
 // session's taken files, so that no saved file overwrites them.
-void claimOutputFiles(const OutputOptions& options, Session& session);
+void claimOutputFiles(const OutputOptions& options, CallInput& input);
 
 }  // namespace workbench

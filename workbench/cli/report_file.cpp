@@ -27,30 +27,29 @@ ReportMessage::Kind reportKind(RunMessage::Kind kind) {
 }
 
 void addRowFacts(const FinishedRun& run, std::vector<ReportFact>& facts) {
-  const std::optional<AnalysedRows> rows = analysedRows(run.command, run.session);
+  const std::optional<AnalysedRows> rows = analysedRows(run);
   if (!rows) return;
   const RowAccount& account = rows->account;
   facts.push_back({tr("Rows"), tr("^1 read, ^2 used, ^3 dropped", account.read, account.used, account.dropped)});
   if (account.used == 0) return;
-  facts.push_back({tr("Sample"), tr("^1 to ^2", caseLabel(run.session, account.firstUsed),
-                                    caseLabel(run.session, account.lastUsed))});
+  facts.push_back({tr("Sample"), tr("^1 to ^2", caseLabel(run.input.dataset, run.input.trends, account.firstUsed),
+                                    caseLabel(run.input.dataset, run.input.trends, account.lastUsed))});
 }
 
 }  // namespace
 
 std::string reportPage(const FinishedRun& run, const std::vector<RunMessage>& messages, double seconds) {
-  const Session& session = run.session;
   ReportInput input;
-  input.document = &session.document;
-  input.commandText = session.commandText;
-  input.language = session.language;
+  input.document = &run.record.document;
+  input.commandText = run.text;
+  input.language = run.input.language;
   input.locale = sessionLocale();
-  input.facts.push_back({tr("Data source"), session.dataset.origin});
+  input.facts.push_back({tr("Data source"), run.input.dataset.origin});
   addRowFacts(run, input.facts);
   input.facts.push_back({tr("Version"), VARMODEL_VERSION});
   input.facts.push_back({tr("Duration"), tr("^1 s", formatNumber(seconds, {.decimals = 3}, input.locale).text)});
   for (const RunMessage& message : messages) input.messages.push_back({reportKind(message.kind), message.text});
-  for (const auto& file : session.savedFiles) input.savedFiles.push_back(file.string());
+  for (const auto& file : run.record.savedFiles) input.savedFiles.push_back(file.string());
   return renderReport(input);
 }
 

@@ -10,6 +10,7 @@
 #include "workbench/cli/output_files.h"
 #include "workbench/cli/report_file.h"
 #include "workbench/cli/screen.h"
+#include "workbench/commands/common/command_runner.h"
 #include "workbench/commands/common/run_messages.h"
 #include "workbench/commands/registry.h"
 #include "workbench/dates/date_setup.h"
@@ -30,11 +31,11 @@ class Stopwatch {
 };
 
 // Standard input is a file to be spared only when one is redirected to it.
-void spareInputs(const Job& job, Session& session) {
+void spareInputs(const Job& job, CallInput& input) {
   for (const std::filesystem::path& file : {job.data.source, job.file}) {
     const std::filesystem::path named = file == kStandardStream ? "/dev/stdin" : file;
     if (named == file ? !file.empty() : std::filesystem::is_regular_file(named)) {
-      session.takenFiles.push_back({named, "this run reads it"});
+      input.takenFiles.push_back({named, "this run reads it"});
     }
   }
 }
@@ -45,37 +46,37 @@ int columnOf(const Dataset& dataset, const std::string& name, const char* settin
   return column;
 }
 
-void prepareSession(const Job& job, Session& session) {
-  session.commandText = job.command;
-  session.composed = job.file.empty();
-  session.baseFolder = job.baseFolder;
-  session.dataset = loadDataset(job.data);
-  applyDictionary(session.dataset, job.dictionary);
-  if (!job.weight.empty()) session.weightColumn = columnOf(session.dataset, job.weight, "weight");
-  for (const std::string& name : job.split) columnOf(session.dataset, name, "split");
-  session.splitVariables = job.split;
-  if (job.dates) defineDates(session.dataset, *job.dates, session.trends);
+void setPredict(const Job& job, CallInput& input) {
   if (job.predictPeriods) {
-    const long last = static_cast<long>(session.dataset.rowCount);
-    definePredict(session.dataset, {.date = {}, .caseNumber = last + *job.predictPeriods, .end = false},
-                  session.trends);
+    const long last = static_cast<long>(input.dataset.rowCount);
+    definePredict(input.dataset, {.date = {}, .caseNumber = last + *job.predictPeriods, .end = false}, input.trends);
   } else if (job.predict) {
-    definePredict(session.dataset, *job.predict, session.trends);
+    definePredict(input.dataset, *job.predict, input.trends);
   }
 }
 
-FinishedRun callProcedure(const Command& command, Session& session, const OutputOptions& options) {
-  const ProcedureModule module(installedProcedures() / command.library(), command.entry());
-  command.requestSummary(options.summary);
-  FinishedRun run{command, session, module.call(session), {}};
-  run.outcome = command.outcome(session, run.streams);
-  return run;
+CallInput prepareInput(const Job& job, const OutputOptions& options) {
+  CallInput input;
+  input.dictionaryFolder = installedDictionaries();
+  setLanguage(input, options.language);
+  spareInputs(job, input);
+  claimOutputFiles(options, input);
+  input.composed = job.file.empty();
+  input.baseFolder = job.baseFolder;
+  input.dataset = loadDataset(job.data);
+  applyDictionary(input.dataset, job.dictionary);
+  if (!job.weight.empty()) input.weightColumn = columnOf(input.dataset, job.weight, "weight");
+  for (const std::string& name : job.split) columnOf(input.dataset, name, "split");
+  input.splitVariables = job.split;
+  if (job.dates) defineDates(input.dataset, *job.dates, input.trends);
+  setPredict(job, input);
+  return input;
 }
 
-void writeJson(const Session& session, const std::filesystem::path& file) {
+void writeJson(const rapidjson::Document& document, const std::filesystem::path& file) {
   rapidjson::StringBuffer buffer;
   rapidjson::Writer<rapidjson::StringBuffer> writer(buffer);
-  session.document.Accept(writer);
+  document.Accept(writer);
   buffer.Put('\n');
   writeOutput(file, std::string_view(buffer.GetString(), buffer.GetSize()));
 }
@@ -99,27 +100,22 @@ void printTimings(const StageClock& clock, double load, double render, double to
 int runJob(const Job& job, const OutputOptions& options) {
   const Stopwatch total;
   const Command& command = commandOf(job.command);
-  Session session;
-  const SessionScope scope(session);
-  session.dictionaryFolder = installedDictionaries();
-  setLanguage(session, options.language);
-  spareInputs(job, session);
-  claimOutputFiles(options, session);
-  prepareSession(job, session);
+  CommandRunner runner(prepareInput(job, options),
+                       {.scale = job.scale, .complete = job.complete, .summary = options.summary});
   const double load = total.seconds();
 
-  const FinishedRun run = callProcedure(command, session, options);
+  const FinishedRun run = runner.run(command, job.command);
 
   const Stopwatch render;
-  const std::vector<RunMessage> messages = collectMessages(run);
+  const std::vector<RunMessage> messages = collectMessages(run, runner);
   showRun(run, messages, options);
   if (!options.trace.empty()) writeOutput(options.trace, run.streams.out + run.streams.err);
-  if (!options.json.empty() && session.document.IsObject()) writeJson(session, options.json);
-  if (!options.html.empty() && session.document.IsObject()) {
+  if (!options.json.empty() && run.record.document.IsObject()) writeJson(run.record.document, options.json);
+  if (!options.html.empty() && run.record.document.IsObject()) {
     writeOutput(options.html, reportPage(run, messages, total.seconds()));
     if (options.showsOutput()) showLine(tr("report: ^1", options.html.string()));
   }
-  if (options.timings) printTimings(session.clock, load, render.seconds(), total.seconds());
+  if (options.timings) printTimings(run.record.clock, load, render.seconds(), total.seconds());
   return run.outcome.exitCode();
 }
 

@@ -48,20 +48,39 @@ void put(std::FILE* stream, const std::string& text) {
   std::fwrite(text.data(), 1, text.size(), stream);
 }
 
-void showOutput(const Session& session, const std::vector<RunMessage>& messages, const OutputOptions& options) {
-  TerminalStyle style = styleOf(STDOUT_FILENO);
-  const Plots plots = options.plots ? paintPlots(session.document, style, sessionLocale()) : Plots{};
-  style.listsCharts = plots.text.empty();
-  if (!plots.problem.empty()) put(stderr, paintMessage("warning", plots.problem, messageStyle(STDERR_FILENO)));
-  put(stdout, paintDocumentTerminal(session.document, style, sessionLocale()));
-  if (!plots.text.empty()) put(stdout, "\n" + plots.text);
+void showNotes(const std::vector<RunMessage>& messages, bool aboveOutput) {
+  const TerminalStyle style = styleOf(STDOUT_FILENO);
   bool first = true;
   for (const RunMessage& message : messages) {
-    if (message.kind != RunMessage::Kind::note) continue;
-    if (std::exchange(first, false)) put(stdout, "\n");
-    put(stdout, paintMessage(labelOf(message.kind), message.text, style));
+    if (message.kind != RunMessage::Kind::note || message.aboveOutput != aboveOutput) continue;
+    if (!aboveOutput && std::exchange(first, false)) put(stdout, "\n");
+    put(stdout, paintMessage(labelOf(message.kind), message.text, style) + (aboveOutput ? "\n" : ""));
   }
-  for (const auto& file : session.savedFiles) put(stdout, tr("saved: ^1", file.string()) + "\n");
+}
+
+void showOutput(const FinishedRun& run, const std::vector<RunMessage>& messages, const OutputOptions& options) {
+  const rapidjson::Document& document = run.record.document;
+  TerminalStyle style = styleOf(STDOUT_FILENO);
+  const Plots plots = options.plots ? paintPlots(document, style, sessionLocale()) : Plots{};
+  style.listsCharts = plots.text.empty();
+  if (!plots.problem.empty()) put(stderr, paintMessage("warning", plots.problem, messageStyle(STDERR_FILENO)));
+  showNotes(messages, true);
+  put(stdout, paintDocumentTerminal(document, style, sessionLocale()));
+  if (!plots.text.empty()) put(stdout, "\n" + plots.text);
+  showNotes(messages, false);
+  for (const auto& file : run.record.savedFiles) put(stdout, tr("saved: ^1", file.string()) + "\n");
+}
+
+void showSummary(const FinishedRun& run) {
+  put(stdout, run.command.summary(run));
+  const std::string note = run.command.summaryNote(run);
+  if (!note.empty()) put(stdout, paintMessage("note", note, styleOf(STDOUT_FILENO)));
+}
+
+// Errors, warnings and hints are for standard error; so are notes on the data where standard output shows none.
+bool isForStandardError(const RunMessage& message, const OutputOptions& options) {
+  if (message.kind == RunMessage::Kind::note) return !options.showsOutput() && message.shownQuietly;
+  return options.verbosity != Verbosity::quiet || message.shownQuietly;
 }
 
 }  // namespace
@@ -75,13 +94,12 @@ void showError(const std::string& text) {
 }
 
 void showRun(const FinishedRun& run, const std::vector<RunMessage>& messages, const OutputOptions& options) {
-  const bool quiet = options.verbosity == Verbosity::quiet;
   if (options.verbosity == Verbosity::verbose) put(stderr, run.streams.out + run.streams.err);
-  if (options.showsOutput() && run.session.document.IsObject()) showOutput(run.session, messages, options);
-  if (options.summary) put(stdout, run.command.summary(run));
+  if (options.showsOutput() && run.record.document.IsObject()) showOutput(run, messages, options);
+  if (options.summary) showSummary(run);
   std::fflush(stdout);
   for (const RunMessage& message : messages) {
-    if (message.kind == RunMessage::Kind::note || (quiet && run.outcome.succeeded)) continue;
+    if (!isForStandardError(message, options)) continue;
     put(stderr, paintMessage(labelOf(message.kind), message.text, messageStyle(STDERR_FILENO)));
   }
 }

@@ -44,11 +44,11 @@ std::optional<CaseCalendar> caseCalendar(const Dataset& dataset, const TrendsSet
   return CaseCalendar{*first, std::max<std::int64_t>(1, step)};
 }
 
-std::string caseLabel(const Session& session, std::int64_t caseOffset) {
-  const std::optional<CaseCalendar> calendar = caseCalendar(session.dataset, session.trends);
+std::string caseLabel(const Dataset& dataset, const TrendsSettings& settings, std::int64_t caseOffset) {
+  const std::optional<CaseCalendar> calendar = caseCalendar(dataset, settings);
   const std::optional<Period> period = calendar ? calendar->period(caseOffset) : std::nullopt;
   if (!period) return std::to_string(caseOffset + 1);
-  const std::string stored = caseOffset >= 0 ? storedLabel(session.dataset, static_cast<std::size_t>(caseOffset)) : "";
+  const std::string stored = caseOffset >= 0 ? storedLabel(dataset, static_cast<std::size_t>(caseOffset)) : "";
   return stored.empty() ? periodLabel(*period) : stored;
 }
 

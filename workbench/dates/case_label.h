@@ -17,6 +17,6 @@ std::optional<CaseCalendar> caseCalendar(const Dataset& dataset, const TrendsSet
 
 // A case's name in messages: its DATE_ value, else its period's label; its number from 1 when the cases have no dates.
 // The offset may lie after the last case.
-std::string caseLabel(const Session& session, std::int64_t caseOffset);
+std::string caseLabel(const Dataset& dataset, const TrendsSettings& settings, std::int64_t caseOffset);
 
 }  // namespace workbench

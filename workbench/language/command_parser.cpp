@@ -38,9 +38,11 @@ int UniversalParser::getCommandSpecifications() {
   }
   const bool valid = parsed.errors.empty();
   if (valid) {
+    session.parsed = true;
     session.requestedLists = workbench::requestedLists(parsed);
+    session.requestedNumbers = workbench::requestedNumbers(parsed);
     state_->result.state() = workbench::parseResult(std::move(parsed));
   }
   session.clock.set(workbench::StageClock::parseEnd);
-  return valid ? 0 : 1;
+  return valid && !session.parseOnly ? 0 : 1;
 }

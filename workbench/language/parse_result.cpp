@@ -123,4 +123,14 @@ std::map<std::string, std::vector<std::string>> requestedLists(const ParsedComma
   return lists;
 }
 
+std::map<std::string, double> requestedNumbers(const ParsedCommand& command) {
+  std::map<std::string, double> numbers;
+  for (const ParsedSubcommand& subcommand : command.subcommands) {
+    for (const ParsedParameter& parameter : subcommand.parameters) {
+      if (!parameter.numbers.empty()) numbers[subcommand.name + " " + parameter.name] = parameter.numbers.front();
+    }
+  }
+  return numbers;
+}
+
 }  // namespace workbench

@@ -27,5 +27,7 @@ CommandSpec::State parseResult(ParsedCommand&& command);
 
 // "SUBCOMMAND PARAMETER" leads to the variables, keywords or text given.
 std::map<std::string, std::vector<std::string>> requestedLists(const ParsedCommand& command);
+// The same for numbers, of a list the first.
+std::map<std::string, double> requestedNumbers(const ParsedCommand& command);
 
 }  // namespace workbench

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <map>
 #include <string>
 #include <variant>
 #include <vector>
@@ -61,6 +62,9 @@ struct ChartItem {
   std::size_t points = 0;
   const rapidjson::Value* json = nullptr;  // the item itself, in the document
 };
+
+// Notes of the workbench below tables and charts, by the item's place in the document.
+using ItemNotes = std::map<std::size_t, std::vector<std::string>>;
 
 using DocumentItem = std::variant<PivotTable, ChartItem>;
 

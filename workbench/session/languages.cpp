@@ -37,21 +37,20 @@ std::vector<std::string> availableLanguages(const std::filesystem::path& diction
   return codes;
 }
 
-std::filesystem::path dictionaryFile(const Session& session) {
-  return session.language == kKeyLanguage ? std::filesystem::path()
-                                          : session.dictionaryFolder / (session.language + ".json");
+std::filesystem::path dictionaryFile(const CallInput& input) {
+  return input.language == kKeyLanguage ? std::filesystem::path() : input.dictionaryFolder / (input.language + ".json");
 }
 
-void setLanguage(Session& session, const std::string& code) {
-  const std::vector<std::string> codes = availableLanguages(session.dictionaryFolder);
+void setLanguage(CallInput& input, const std::string& code) {
+  const std::vector<std::string> codes = availableLanguages(input.dictionaryFolder);
   if (std::find(codes.begin(), codes.end(), code) == codes.end()) {
     throw UsageError("there is no language '" + code + "'. Choose one of: " + listed(codes) + ".");
   }
-  session.language = code;
-  const std::filesystem::path file = dictionaryFile(session);
+  input.language = code;
+  const std::filesystem::path file = dictionaryFile(input);
   if (file.empty()) return;
   try {
-    session.texts = Texts::read(file);
+    input.texts = Texts::read(file);
   } catch (const std::runtime_error& error) {
     throw UsageError("the dictionary '" + file.string() + "' " + error.what() + ". Repair it, or choose en.");
   }

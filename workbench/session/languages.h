@@ -17,10 +17,10 @@ std::filesystem::path installedDictionaries();
 std::vector<std::string> availableLanguages(const std::filesystem::path& dictionaryFolder);
 
 // The dictionary file of the session's language; empty when it needs none.
-std::filesystem::path dictionaryFile(const Session& session);
+std::filesystem::path dictionaryFile(const CallInput& input);
 
 // Sets the session's language and reads its texts from the session's dictionary folder. Throws UsageError for a
 // language that there is not, and for a damaged dictionary.
-void setLanguage(Session& session, const std::string& code);
+void setLanguage(CallInput& input, const std::string& code);
 
 }  // namespace workbench

@@ -59,10 +59,12 @@ class StageClock {
   std::array<Clock::time_point, markCount> marks_{};
 };
 
-struct Session {
-  // Given.
+// What a call of a procedure is given.
+struct CallInput {
   std::string commandText;
-  bool composed = false;  // from the options of `fit`, so that remedies name options
+  bool parseOnly = false;   // the parser refuses the command after reading it, so that the procedure goes no further
+  double savedScale = 1.0;  // saved values are divided by it
+  bool composed = false;    // from the options of `fit`, so that remedies name options
   Dataset dataset;
   TrendsSettings trends;
   int weightColumn = -1;
@@ -72,10 +74,15 @@ struct Session {
   Texts texts;                        // of the language; English without any
   std::filesystem::path baseFolder;   // relative SAVE paths start here
   std::vector<TakenFile> takenFiles;  // that a saved file must not overwrite
+};
 
-  // Left by the parser and the procedure.
-  // Lists as parsed: "MODELSTATISTICS MODELFIT" leads to its keywords, "MODEL ENDOGENOUS" to its variables.
+// What the parser and the procedure leave.
+struct CallRecord {
+  bool parsed = false;  // the command is valid
+  // As parsed: "MODELSTATISTICS MODELFIT" leads to its keywords, "MODEL ENDOGENOUS" to its variables, "SAVE FILE" to
+  // the file; "MODEL MAXLAG" to its number.
   std::map<std::string, std::vector<std::string>> requestedLists;
+  std::map<std::string, double> requestedNumbers;
   std::vector<Message> messages;
   std::vector<CasePass> passes;
   std::vector<std::filesystem::path> savedFiles;
@@ -83,6 +90,8 @@ struct Session {
   rapidjson::Document document;  // what the converter received; null when it received nothing
   StageClock clock;
 };
+
+struct Session : CallInput, CallRecord {};
 
 // The session of the running call; there must be one.
 Session& currentSession();

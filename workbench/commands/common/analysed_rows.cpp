@@ -1,41 +1,69 @@
 #include "workbench/commands/common/analysed_rows.h"
 
+#include <algorithm>
+
+#include "workbench/dataset/case_value.h"
 #include "workbench/dates/case_label.h"
 #include "workbench/session/texts.h"
 
 namespace workbench {
 
-std::optional<AnalysedRows> analysedRows(const Command& command, const Session& session) {
-  if (session.passes.empty()) return std::nullopt;
-  AnalysedRows rows;
-  for (const std::string& list : command.caseLists()) {
-    const auto found = session.requestedLists.find(list);
-    if (found == session.requestedLists.end()) continue;
+std::vector<int> columnsOf(const Dataset& dataset, const CallRecord& parsed, std::span<const std::string> lists) {
+  std::vector<int> columns;
+  for (const std::string& list : lists) {
+    const auto found = parsed.requestedLists.find(list);
+    if (found == parsed.requestedLists.end()) continue;
     for (const std::string& name : found->second) {
-      const int column = session.dataset.find(name);
-      if (column >= 0) rows.columns.push_back(column);
+      const int column = dataset.find(name);
+      if (column >= 0) columns.push_back(column);
     }
   }
+  return columns;
+}
+
+std::vector<std::size_t> hiddenRows(const Dataset& dataset, std::span<const int> columns, const RowRules& rules) {
+  std::vector<std::size_t> incomplete;
+  std::size_t behindLastComplete = 0;
+  for (std::size_t row = 0; row < dataset.rowCount; ++row) {
+    const bool complete = std::ranges::none_of(columns, [&](int index) {
+      const Column& column = dataset.columns[static_cast<std::size_t>(index)];
+      return caseValue(column, row, rules.excludeUserMissing) == kSystemMissing;
+    });
+    if (complete) {
+      behindLastComplete = row + 1;
+    } else {
+      incomplete.push_back(row);
+    }
+  }
+  if (behindLastComplete == 0) return {};
+  std::erase_if(incomplete,
+                [&](std::size_t row) { return row < behindLastComplete ? !rules.dropsIncomplete : rules.keepsFuture; });
+  return incomplete;
+}
+
+std::optional<AnalysedRows> analysedRows(const FinishedRun& run) {
+  if (run.record.passes.empty()) return std::nullopt;
+  AnalysedRows rows;
+  rows.columns = columnsOf(run.input.dataset, run.record, run.command.caseLists());
   if (rows.columns.empty()) return std::nullopt;
-  rows.account = accountRows(session.dataset, rows.columns, session.passes.back().excludeUserMissing);
+  rows.account = accountRows(run.input.dataset, rows.columns, run.record.passes.back().excludeUserMissing);
   return rows;
 }
 
 std::vector<std::string> rowNotes(const FinishedRun& run) {
-  const Session& session = run.session;
-  const std::optional<AnalysedRows> rows = analysedRows(run.command, session);
+  const std::optional<AnalysedRows> rows = analysedRows(run);
   if (!rows || rows->account.dropped == 0) return {};
   std::vector<std::string> notes;
   const RowAccount& account = rows->account;
   std::string why;
   for (std::size_t i = 0; i < account.missing.size(); ++i) {
     if (account.missing[i] == 0) continue;
-    const Column& column = session.dataset.columns[static_cast<std::size_t>(rows->columns[i])];
+    const Column& column = run.input.dataset.columns[static_cast<std::size_t>(rows->columns[i])];
     why += (why.empty() ? "" : ", ") + tr("^1 missing in ^2", column.name, account.missing[i]);
   }
   std::string cases;
   for (const std::int64_t offset : account.firstDropped)
-    cases += (cases.empty() ? "" : ", ") + caseLabel(session, offset);
+    cases += (cases.empty() ? "" : ", ") + caseLabel(run.input.dataset, run.input.trends, offset);
   notes.push_back(tr("Rows: ^1 read, ^2 used, ^3 dropped (^4; first dropped: ^5).", account.read, account.used,
                      account.dropped, why, cases));
   if (account.gapInside) {

@@ -1,8 +1,10 @@
-// What became of the rows that a command read.
+// The rows that a command reads, and what became of them.
 
 #pragma once
 
+#include <cstddef>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -11,14 +13,26 @@
 
 namespace workbench {
 
-// The columns that a case must hold (in the order listed) and what became of the cases.
+// The columns of the variables in these parameters of a parsed command, in their order.
+std::vector<int> columnsOf(const Dataset& dataset, const CallRecord& parsed, std::span<const std::string> lists);
+
+struct RowRules {
+  bool excludeUserMissing = true;
+  bool dropsIncomplete = false;  // also before and between complete rows
+  bool keepsFuture = false;      // rows after the last complete one are read
+};
+
+// The incomplete rows that a procedure must not see any value of; none when no row is complete.
+std::vector<std::size_t> hiddenRows(const Dataset& dataset, std::span<const int> columns, const RowRules& rules);
+
+// The columns that a case must hold and what became of the cases.
 struct AnalysedRows {
   std::vector<int> columns;
   RowAccount account;
 };
 
 // Nothing when the procedure read no cases.
-std::optional<AnalysedRows> analysedRows(const Command& command, const Session& session);
+std::optional<AnalysedRows> analysedRows(const FinishedRun& run);
 
 // How many rows were read, used and dropped, and why; none when all were used.
 std::vector<std::string> rowNotes(const FinishedRun& run);

@@ -7,13 +7,13 @@
 
 namespace workbench {
 
-Outcome Command::outcome(const Session& session, const CapturedStreams& streams) const {
+Outcome Command::outcome(const CallRecord& record, const CapturedStreams& streams) const {
   std::string prefix = name();
   for (char& c : prefix) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
   Outcome outcome;
   outcome.failedStep = failedStep(streams, prefix + "_entry");
   outcome.succeeded =
-      outcome.failedStep == 0 && std::none_of(session.messages.begin(), session.messages.end(),
+      outcome.failedStep == 0 && std::none_of(record.messages.begin(), record.messages.end(),
                                               [](const Message& one) { return one.kind == Message::Kind::error; });
   return outcome;
 }

@@ -8,13 +8,21 @@
 #include <vector>
 
 #include "workbench/commands/common/outcome.h"
+#include "workbench/render/pivot_table.h"
 #include "workbench/session/session.h"
 #include "workbench/session/stream_capture.h"
 
 namespace workbench {
 
+class CommandRunner;
 class Composer;
 struct FinishedRun;
+
+// What to do about a message of the procedure.
+struct Advice {
+  std::string hint;      // below the message; empty when there is nothing to add
+  bool unasked = false;  // the message concerns nothing that was asked for
+};
 
 class Command {
  public:
@@ -26,19 +34,33 @@ class Command {
 
   // The parameters ("SUBCOMMAND PARAMETER") whose variables a case must hold to be used.
   virtual std::vector<std::string> caseLists() const { return {}; }
+  // Those among them whose variables a job's scale multiplies; saved values are divided by it again.
+  virtual std::vector<std::string> scaledLists() const { return {}; }
+  // Whether the parsed command takes user-missing values as valid.
+  virtual bool includesUserMissing(const CallRecord& /*parsed*/) const { return false; }
+  // Whether the procedure reads cases after the last complete one. If not, they are hidden from it.
+  virtual bool readsFutureCases() const { return false; }
 
   // Asks the procedure for its text summary, by whatever means it has, or for none.
   virtual void requestSummary(bool /*wanted*/) const {}
   // How the call ended. Without an override: "NAME_entry: StepN" with the name in lower case tells the step that
   // failed; a run without such a line and without an error message succeeded.
-  virtual Outcome outcome(const Session& session, const CapturedStreams& streams) const;
+  virtual Outcome outcome(const CallRecord& record, const CapturedStreams& streams) const;
 
   // The rest is asked after the call. Texts are finished sentences in the session's language.
   virtual std::string summary(const FinishedRun& /*run*/) const { return {}; }
+  // What of the summary was not computed, and how to have it; empty when all was.
+  virtual std::string summaryNote(const FinishedRun& /*run*/) const { return {}; }
   // Notes under the output in reading order; the account of the rows is not among them.
   virtual std::vector<std::string> notes(const FinishedRun& /*run*/) const { return {}; }
-  // What to do about an error or warning of the procedure; empty when there is nothing to add.
-  virtual std::string hint(const std::string& /*message*/, const FinishedRun& /*run*/) const { return {}; }
+  // Notes below single tables and charts.
+  virtual ItemNotes itemNotes(const FinishedRun& /*run*/) const { return {}; }
+  // What a job's scale changed in the output, and what not.
+  virtual std::string scaleNote(const FinishedRun& /*run*/) const { return {}; }
+  // About an error or warning of the procedure. The runner may be used for further calls on the same data.
+  virtual Advice advice(const std::string& /*message*/, const FinishedRun& /*run*/, CommandRunner& /*runner*/) const {
+    return {};
+  }
   // The likely cause of a stop without any message, as far as the trace tells; empty when it does not.
   virtual std::string silentCause(const FinishedRun& /*run*/) const { return {}; }
 
@@ -49,7 +71,10 @@ class Command {
 // A call of a procedure that has ended, and what it left.
 struct FinishedRun {
   const Command& command;
-  const Session& session;
+  const CallInput& input;
+  std::string text;    // of the command
+  double scale = 1.0;  // the factor of the variables of its scaledLists()
+  CallRecord record;
   CapturedStreams streams;
   Outcome outcome;
 };

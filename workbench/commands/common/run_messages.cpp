@@ -24,12 +24,12 @@ std::vector<Message> distinct(const std::vector<Message>& messages) {
   return result;
 }
 
-void addProcedureMessages(const FinishedRun& run, std::vector<RunMessage>& result) {
-  for (const Message& message : distinct(run.session.messages)) {
+void addProcedureMessages(const FinishedRun& run, CommandRunner& runner, std::vector<RunMessage>& result) {
+  for (const Message& message : distinct(run.record.messages)) {
     const Kind kind = message.kind == Message::Kind::error ? Kind::error : Kind::warning;
-    result.push_back({kind, run.session.texts.translate(message.text)});
-    const std::string hint = run.command.hint(message.text, run);
-    if (!hint.empty()) result.push_back({Kind::hint, hint});
+    const Advice advice = run.command.advice(message.text, run, runner);
+    result.push_back({kind, run.input.texts.translate(message.text), !advice.unasked});
+    if (!advice.hint.empty()) result.push_back({Kind::hint, advice.hint, !advice.unasked});
   }
 }
 
@@ -42,28 +42,29 @@ std::string explainSilentStop(const FinishedRun& run) {
   return text + "\n" + tr("The last lines of its trace:") + "\n" + lastLines(run.streams.err, 5);
 }
 
-void addNotes(const std::vector<std::string>& notes, std::vector<RunMessage>& result) {
+void addNotes(const std::vector<std::string>& notes, bool onData, std::vector<RunMessage>& result) {
   for (const std::string& note : notes) {
     const bool said = std::any_of(result.begin(), result.end(), [&](const RunMessage& other) {
       return other.kind == Kind::note && other.text == note;
     });
-    if (!said) result.push_back({Kind::note, note});
+    if (!said) result.push_back({Kind::note, note, onData});
   }
 }
 
 }  // namespace
 
-std::vector<RunMessage> collectMessages(const FinishedRun& run) {
+std::vector<RunMessage> collectMessages(const FinishedRun& run, CommandRunner& runner) {
   std::vector<RunMessage> result;
-  addProcedureMessages(run, result);
+  addProcedureMessages(run, runner, result);
   if (!run.outcome.succeeded) {
-    if (!run.session.saveError.empty()) result.push_back({Kind::error, run.session.saveError});
+    if (!run.record.saveError.empty()) result.push_back({Kind::error, run.record.saveError});
     // A stop after a warning (EIGEN without CORRMATRIX) has its reason in the warning.
     if (result.empty()) result.push_back({Kind::error, explainSilentStop(run)});
   }
-  if (run.session.document.IsObject()) {
-    addNotes(rowNotes(run), result);
-    addNotes(run.command.notes(run), result);
+  if (run.record.document.IsObject()) {
+    if (run.scale != 1.0) result.push_back({Kind::note, run.command.scaleNote(run), true, true});
+    addNotes(rowNotes(run), true, result);
+    addNotes(run.command.notes(run), false, result);
   }
   return result;
 }

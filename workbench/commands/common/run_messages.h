@@ -9,15 +9,19 @@
 
 namespace workbench {
 
+class CommandRunner;
+
 struct RunMessage {
   enum class Kind { error, warning, hint, note };
-  Kind kind;
-  std::string text;  // in the session's language; may have several lines
+  Kind kind = Kind::note;
+  std::string text;          // in the session's language; may have several lines
+  bool shownQuietly = true;  // also with -q: all but what concerns nothing asked for, and notes that are not on data
+  bool aboveOutput = false;  // a note that the output must be read with
 };
 
 // The procedure's messages, equal ones once, each with its hint; why the run stopped, if nothing else says so; and the
-// notes under the output, if there is output.
-std::vector<RunMessage> collectMessages(const FinishedRun& run);
+// notes on its output, if there is output.
+std::vector<RunMessage> collectMessages(const FinishedRun& run, CommandRunner& runner);
 
 // "error", "warning", "hint" or "note".
 const char* labelOf(RunMessage::Kind kind);

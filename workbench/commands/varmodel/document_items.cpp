@@ -44,8 +44,8 @@ constexpr std::array keywordItems = {
 };
 
 // Most items are named in the session's language, two tables in English in every language.
-bool hasItem(const Session& session, std::string_view type, std::string_view name) {
-  const rapidjson::Value* items = itemsOf(session);
+bool hasItem(const CallRecord& record, std::string_view type, std::string_view name) {
+  const rapidjson::Value* items = itemsOf(record);
   if (items == nullptr || name.empty()) return false;
   const std::string localName = tr(name);
   return std::any_of(items->Begin(), items->End(), [&](const rapidjson::Value& item) {
@@ -56,22 +56,22 @@ bool hasItem(const Session& session, std::string_view type, std::string_view nam
 
 }  // namespace
 
-bool requested(const Session& session, std::string_view list, std::string_view keyword) {
-  const auto found = session.requestedLists.find(std::string(list));
-  return found != session.requestedLists.end() &&
+bool requested(const CallRecord& record, std::string_view list, std::string_view keyword) {
+  const auto found = record.requestedLists.find(std::string(list));
+  return found != record.requestedLists.end() &&
          std::find(found->second.begin(), found->second.end(), keyword) != found->second.end();
 }
 
-const rapidjson::Value* itemsOf(const Session& session) {
-  if (!session.document.IsObject() || !session.document.HasMember("items")) return nullptr;
-  return &session.document["items"];
+const rapidjson::Value* itemsOf(const CallRecord& record) {
+  if (!record.document.IsObject() || !record.document.HasMember("items")) return nullptr;
+  return &record.document["items"];
 }
 
-std::vector<std::string> keywordNotes(const Session& session) {
+std::vector<std::string> keywordNotes(const CallRecord& record) {
   std::vector<std::string> notes;
   for (const KeywordItem& entry : keywordItems) {
-    if (!requested(session, entry.list, entry.keyword)) continue;
-    if (hasItem(session, entry.type, entry.name)) continue;
+    if (!requested(record, entry.list, entry.keyword)) continue;
+    if (hasItem(record, entry.type, entry.name)) continue;
     std::string text = tr("^1 was requested but produced no output.", entry.keyword);
     if (entry.keyword == "RESIDACF") text += " " + tr("Its column is part of the residual tests: add TAUTO or TNORM.");
     if (entry.keyword == "FORECASTS" || entry.keyword == "FORECAST") {
@@ -79,7 +79,7 @@ std::vector<std::string> keywordNotes(const Session& session) {
     }
     notes.push_back(text);
   }
-  if (requested(session, modelFit, "ARSQUARE") && !requested(session, modelFit, "RSQUARE")) {
+  if (requested(record, modelFit, "ARSQUARE") && !requested(record, modelFit, "RSQUARE")) {
     notes.push_back(
         tr("Adjusted R Square is computed from R Square, which was not requested and therefore counts as 0: request "
            "RSQUARE beside ARSQUARE."));

@@ -14,12 +14,12 @@ inline constexpr std::string_view modelFit = "MODELSTATISTICS MODELFIT";
 inline constexpr std::string_view seriesPlot = "SERIESPLOT PLOT";
 
 // Was the keyword given in this list (modelFit, "EIGEN")?
-bool requested(const Session& session, std::string_view list, std::string_view keyword);
+bool requested(const CallRecord& record, std::string_view list, std::string_view keyword);
 
 // The items of the run's document; null when there is none.
-const rapidjson::Value* itemsOf(const Session& session);
+const rapidjson::Value* itemsOf(const CallRecord& record);
 
 // One note for each keyword that was requested and has no item in the document.
-std::vector<std::string> keywordNotes(const Session& session);
+std::vector<std::string> keywordNotes(const CallRecord& record);
 
 }  // namespace workbench::varmodel

@@ -18,7 +18,13 @@ std::string singularCovarianceHint(const FinishedRun& run) {
   return usable && usable->lag < 25 ? text + " " + usableLagText(*usable) : text;
 }
 
-}  // namespace
+// A forecast that nobody asked for is missed by TAUTO all the same.
+Advice unaskedForecast(const FinishedRun& run) {
+  return {tr("This warning comes with TAUTO whenever no forecast was requested; it does not concern the test. For "
+             "forecasts give ^1.",
+             run.input.composed ? "--predict N" : tr("a [predict] target in the job file")),
+          true};
+}
 
 std::string hintFor(const std::string& message, const FinishedRun& run) {
   if (message == "Covariance matrix is singular") return singularCovarianceHint(run);
@@ -34,15 +40,18 @@ std::string hintFor(const std::string& message, const FinishedRun& run) {
   if (message == "CORRMATRIX is required when EIGEN is specified in MODELFIT.") {
     return tr("The run stops here. Add CORRMATRIX to MODELFIT, or remove EIGEN.");
   }
-  if (message.starts_with("The forecast table is not created") && !run.session.trends.predictSet) {
-    return tr(
-        "This warning comes with TAUTO whenever no forecast was requested; it does not concern the test. For "
-        "forecasts give ^1.",
-        run.session.composed ? "--predict N" : tr("a [predict] target in the job file"));
-  }
   if (message == "Turn off split file") return tr("Remove 'split' from the job file.");
   if (message == "Remove Weight Variable") return tr("Remove 'weight' from the job file.");
   return {};
+}
+
+}  // namespace
+
+Advice adviceFor(const std::string& message, const FinishedRun& run) {
+  if (message.starts_with("The forecast table is not created") && !run.input.trends.predictSet) {
+    return unaskedForecast(run);
+  }
+  return {hintFor(message, run)};
 }
 
 std::string silentCause(const CapturedStreams& streams) {

@@ -31,12 +31,12 @@ std::vector<std::string> tracedTexts(const std::string& trace, std::string_view 
 }
 
 // A failed residual test shows as statistic 0 with significance 1; a test that ran has a positive statistic.
-void addTestNotes(const Session& session, std::vector<std::string>& notes) {
-  const rapidjson::Value* items = itemsOf(session);
+void addTestNotes(const CallRecord& record, std::vector<std::string>& notes) {
+  const rapidjson::Value* items = itemsOf(record);
   if (items == nullptr) return;
   for (const rapidjson::Value& item : items->GetArray()) {
     if (item["name"].GetString() != tr("Test for Residuals")) continue;
-    const bool ljungBox = requested(session, modelFit, "TAUTO");
+    const bool ljungBox = requested(record, modelFit, "TAUTO");
     const rapidjson::SizeType jarqueBera = ljungBox ? 3 : 0;
     for (rapidjson::SizeType row = 0; row < item["cells"].Size(); ++row) {
       const rapidjson::Value& cells = item["cells"][row];
@@ -47,7 +47,7 @@ void addTestNotes(const Session& session, std::vector<std::string>& notes) {
                "lags.",
                name));
       }
-      if (requested(session, modelFit, "TNORM") && cells[jarqueBera].IsNumber() &&
+      if (requested(record, modelFit, "TNORM") && cells[jarqueBera].IsNumber() &&
           cells[jarqueBera].GetDouble() == 0.0 && cells[jarqueBera + 1].GetDouble() == 1.0) {
         notes.push_back(
             tr("The Jarque-Bera test of ^1 could not be computed: it needs at least four residuals with a variance of "
@@ -79,9 +79,9 @@ void addLagRemedy(const FinishedRun& run, std::vector<std::string>& notes) {
   for (const std::string& text : tracedTexts(run.streams.err, "Warning: ")) {
     int selected = 0;
     if (std::sscanf(text.c_str(), "The selected lag %d is below MAXLAG", &selected) != 1) continue;
-    notes.push_back(run.session.composed ? tr("To have everything for lag ^1, give --minlag ^1 --maxlag ^1.", selected)
-                                         : tr("To have everything for lag ^1, run this command:\n^2", selected,
-                                              withFixedLag(run.session.commandText, selected)));
+    notes.push_back(run.input.composed ? tr("To have everything for lag ^1, give --minlag ^1 --maxlag ^1.", selected)
+                                       : tr("To have everything for lag ^1, run this command:\n^2", selected,
+                                            withFixedLag(run.text, selected)));
   }
 }
 
@@ -90,14 +90,14 @@ void addLagRemedy(const FinishedRun& run, std::vector<std::string>& notes) {
 std::vector<std::string> collectNotes(const FinishedRun& run) {
   std::vector<std::string> notes;
   for (const std::string& text : tracedTexts(run.streams.err, "Warning: ")) {
-    notes.push_back(run.session.texts.translate(text));
+    notes.push_back(run.input.texts.translate(text));
   }
   addLagRemedy(run, notes);
-  if (const rapidjson::Value* items = itemsOf(run.session)) {
+  if (const rapidjson::Value* items = itemsOf(run.record)) {
     if (items->Empty()) notes.push_back(tr("No output was requested: add keywords to MODELSTATISTICS or SERIESPLOT."));
-    std::vector<std::string> missing = keywordNotes(run.session);
+    std::vector<std::string> missing = keywordNotes(run.record);
     std::move(missing.begin(), missing.end(), std::back_inserter(notes));
-    addTestNotes(run.session, notes);
+    addTestNotes(run.record, notes);
   }
   return notes;
 }

@@ -19,9 +19,9 @@ std::int64_t largestUsableLag(std::int64_t rows, std::int64_t endogenous, std::i
 }  // namespace
 
 std::optional<UsableLag> usableLag(const FinishedRun& run) {
-  const std::optional<AnalysedRows> rows = analysedRows(run.command, run.session);
-  const auto endogenous = run.session.requestedLists.find("MODEL ENDOGENOUS");
-  if (!rows || endogenous == run.session.requestedLists.end()) return std::nullopt;
+  const std::optional<AnalysedRows> rows = analysedRows(run);
+  const auto endogenous = run.record.requestedLists.find("MODEL ENDOGENOUS");
+  if (!rows || endogenous == run.record.requestedLists.end()) return std::nullopt;
   UsableLag usable{.rows = rows->account.used, .endogenous = std::ssize(endogenous->second)};
   usable.exogenous = std::ssize(rows->columns) - usable.endogenous;
   usable.lag = largestUsableLag(usable.rows, usable.endogenous, usable.exogenous);

@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <string_view>
 
+#include "workbench/commands/varmodel/document_items.h"
 #include "workbench/commands/varmodel/fit_composer.h"
 #include "workbench/commands/varmodel/notes.h"
 
@@ -14,11 +15,15 @@ constexpr std::string_view successLine = "VAR Model: Steps 1, 2, 3, 4, 5, and 6 
 
 }  // namespace
 
+bool VarmodelCommand::includesUserMissing(const CallRecord& parsed) const {
+  return varmodel::requested(parsed, "MISSING USERMISSING", "INCLUDE");
+}
+
 void VarmodelCommand::requestSummary(bool wanted) const {
   setenv("VARMODEL_SUMMARY", wanted ? "1" : "0", 1);
 }
 
-Outcome VarmodelCommand::outcome(const Session& /*session*/, const CapturedStreams& streams) const {
+Outcome VarmodelCommand::outcome(const CallRecord& /*record*/, const CapturedStreams& streams) const {
   Outcome outcome;
   outcome.succeeded = streams.out.find(successLine) != std::string::npos;
   if (!outcome.succeeded) outcome.failedStep = failedStep(streams, "varmodel_entry");
@@ -40,8 +45,8 @@ std::vector<std::string> VarmodelCommand::notes(const FinishedRun& run) const {
   return varmodel::collectNotes(run);
 }
 
-std::string VarmodelCommand::hint(const std::string& message, const FinishedRun& run) const {
-  return varmodel::hintFor(message, run);
+Advice VarmodelCommand::advice(const std::string& message, const FinishedRun& run, CommandRunner& /*runner*/) const {
+  return varmodel::adviceFor(message, run);
 }
 
 std::string VarmodelCommand::silentCause(const FinishedRun& run) const {

@@ -11,11 +11,13 @@ class VarmodelCommand final : public Command {
   std::string name() const override { return "VARMODEL"; }
   std::string library() const override { return "varmodel_procedure.so"; }
   std::vector<std::string> caseLists() const override { return {"MODEL ENDOGENOUS", "MODEL EXOGENOUS"}; }
+  std::vector<std::string> scaledLists() const override { return {"MODEL ENDOGENOUS"}; }
+  bool includesUserMissing(const CallRecord& parsed) const override;
   void requestSummary(bool wanted) const override;
-  Outcome outcome(const Session& session, const CapturedStreams& streams) const override;
+  Outcome outcome(const CallRecord& record, const CapturedStreams& streams) const override;
   std::string summary(const FinishedRun& run) const override;
   std::vector<std::string> notes(const FinishedRun& run) const override;
-  std::string hint(const std::string& message, const FinishedRun& run) const override;
+  Advice advice(const std::string& message, const FinishedRun& run, CommandRunner& runner) const override;
   std::string silentCause(const FinishedRun& run) const override;
   std::unique_ptr<Composer> composer() const override;
 };
