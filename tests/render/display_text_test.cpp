@@ -25,6 +25,7 @@ TEST(DisplayText, CountsCellsNotBytes) {
   EXPECT_EQ(displayWidth("e\xcc\x81te\xcc\x81"), 3);
   EXPECT_EQ(displayWidth("日本の輸出"), 10);
   EXPECT_EQ(displayWidth("한국"), 4);
+  EXPECT_EQ(displayWidth("\u1112\u1161\u11ab"), 2) << "the same syllable from its letters";
   EXPECT_EQ(displayWidth("ｆｕｌｌ"), 8);
   EXPECT_EQ(displayWidth("ｶﾅ"), 2);
   EXPECT_EQ(displayWidth("🎉"), 2);

@@ -24,6 +24,11 @@ void initCases(duckdb_init_info info) {
   duckdb_init_set_init_data(info, new std::size_t(0), [](void* next) { delete static_cast<std::size_t*>(next); });
 }
 
+// A value that is written as missing: system-missing or NaN.
+bool isMissingNumber(double value) {
+  return value == kSystemMissing || std::isnan(value);
+}
+
 void copyValues(const std::vector<double>& numbers, std::size_t first, std::size_t count, duckdb_vector vector) {
   auto* target = static_cast<double*>(duckdb_vector_get_data(vector));
   std::copy_n(numbers.begin() + static_cast<std::ptrdiff_t>(first), count, target);
@@ -62,10 +67,21 @@ int threadsFor(const Dataset& dataset) {
   return dataset.rowCount <= kSmallDataset ? 1 : 0;
 }
 
+// One missing value alone would be an empty line, which readers skip; an empty text is written as "".
+std::string csvSelection(const Dataset& dataset) {
+  if (dataset.columns.size() != 1) return "SELECT * FROM cases()";
+  const std::string name = sqlIdentifier(dataset.columns.front().name);
+  return "SELECT coalesce(CAST(" + name + " AS VARCHAR), '') AS " + name + " FROM cases()";
+}
+
 }  // namespace
 
-bool isMissingNumber(double value) {
-  return value == kSystemMissing || std::isnan(value);
+// DuckDB writes the shortest digits that read back as the same bits.
+void writeCsv(const Dataset& dataset, const std::filesystem::path& file) {
+  DuckdbConnection connection(threadsFor(dataset));
+  registerCases(connection, dataset);
+  connection.query("COPY (" + csvSelection(dataset) + ") TO " + sqlText(file.string()) +
+                   " (FORMAT csv, HEADER, USE_TMP_FILE false)");
 }
 
 void writeParquet(const Dataset& dataset, const std::string& metadata, const std::filesystem::path& file) {

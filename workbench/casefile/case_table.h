@@ -10,10 +10,8 @@
 
 namespace workbench {
 
-// A value that is written as missing: system-missing or NaN.
-bool isMissingNumber(double value);
-
-// Both write a new file at the path and throw DuckdbError.
+// All write a new file at the path, or write into a device, and throw DuckdbError.
+void writeCsv(const Dataset& dataset, const std::filesystem::path& file);  // has no place for metadata
 void writeParquet(const Dataset& dataset, const std::string& metadata, const std::filesystem::path& file);
 void writeDatabase(const Dataset& dataset, const std::string& metadata, const std::filesystem::path& file);
 

@@ -1,12 +1,5 @@
 #include "workbench/casefile/case_writer.h"
 
-#include <algorithm>
-#include <array>
-#include <charconv>
-#include <cmath>
-#include <string_view>
-#include <utility>
-
 #include "host/json_document.h"
 #include "workbench/base/atomic_file.h"
 #include "workbench/base/errors.h"
@@ -15,65 +8,6 @@
 namespace workbench {
 
 namespace {
-
-constexpr std::size_t kBlock = 1 << 16;
-
-std::string csvField(const std::string& text) {
-  if (text.find_first_of(",\"\r\n ") == std::string::npos) return text;
-  std::string field = "\"";
-  for (const char c : text) field += c == '"' ? std::string("\"\"") : std::string(1, c);
-  return field + '"';
-}
-
-// The shortest digits that read back as the same bits; nothing for a missing value.
-void appendNumber(double value, std::string& line) {
-  if (isMissingNumber(value)) return;
-  std::array<char, 32> digits{};
-  line.append(digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr);
-}
-
-void appendCsvRow(const Dataset& dataset, std::size_t row, std::string& text) {
-  const std::size_t start = text.size();
-  for (std::size_t i = 0; i < dataset.columns.size(); ++i) {
-    if (i > 0) text += ',';
-    appendNumber(dataset.columns[i].numbers[row], text);
-  }
-  if (text.size() == start) text += "\"\"";  // one missing value alone: readers skip an empty line
-  text += '\n';
-}
-
-void writeCsv(const Dataset& dataset, FileSink& sink) {
-  std::string text;
-  for (const Column& column : dataset.columns) text += (text.empty() ? "" : ",") + csvField(column.name);
-  text += '\n';
-  for (std::size_t row = 0; row < dataset.rowCount; ++row) {
-    appendCsvRow(dataset, row, text);
-    if (text.size() < kBlock) continue;
-    sink.write(text);
-    text.clear();
-  }
-  sink.write(text);
-  sink.close();
-}
-
-void writeCsvFile(const Dataset& dataset, const std::filesystem::path& target) {
-  if (isSpecialFile(target)) {
-    FileSink sink(target, target);
-    writeCsv(dataset, sink);
-    return;
-  }
-  StagedFile cases(target);
-  StagedFile metadata(metadataFile(target));
-  FileSink casesSink(cases.path(), target);
-  writeCsv(dataset, casesSink);
-  FileSink metadataSink(metadata.path(), metadataFile(target));
-  metadataSink.write(metadataJson(dataset) + "\n");
-  metadataSink.close();
-  cases.makeDurable();
-  metadata.makeDurable();
-  metadata.publish();
-  cases.publish();
-}
 
 using JsonWriter = rapidjson::Writer<rapidjson::StringBuffer>;
 
@@ -127,19 +61,46 @@ std::filesystem::path metadataFile(const std::filesystem::path& csvFile) {
   return file += ".meta.json";
 }
 
+namespace {
+
+using Writer = void (*)(const Dataset& dataset, const std::string& metadata, const std::filesystem::path& file);
+
+Writer writerOf(CaseFileFormat format) {
+  switch (format) {
+    case CaseFileFormat::parquet:
+      return writeParquet;
+    case CaseFileFormat::duckdb:
+      return writeDatabase;
+    case CaseFileFormat::csv:
+      break;
+  }
+  return [](const Dataset& dataset, const std::string&, const std::filesystem::path& file) { writeCsv(dataset, file); };
+}
+
+// Beside a CSV file, which has no place for them, the metadata appear just before the cases.
+void writeStaged(const Dataset& dataset, CaseFileFormat format, const std::filesystem::path& target) {
+  StagedFile cases(target);
+  writerOf(format)(dataset, metadataJson(dataset), cases.path());
+  if (format == CaseFileFormat::csv) {
+    StagedFile metadata(metadataFile(target));
+    FileSink sink(metadata.path(), metadataFile(target));
+    sink.write(metadataJson(dataset) + "\n");
+    sink.close();
+    cases.makeDurable();
+    metadata.publish();
+  }
+  cases.publish();
+}
+
+}  // namespace
+
 void writeCases(const Dataset& dataset, CaseFileFormat format, const std::filesystem::path& target) {
-  if (format == CaseFileFormat::csv) return writeCsvFile(dataset, target);
-  StagedFile staged(target);
   try {
-    if (format == CaseFileFormat::parquet) {
-      writeParquet(dataset, metadataJson(dataset), staged.path());
-    } else {
-      writeDatabase(dataset, metadataJson(dataset), staged.path());
-    }
+    if (format == CaseFileFormat::csv && isSpecialFile(target)) return writeCsv(dataset, target);
+    writeStaged(dataset, format, target);
   } catch (const DuckdbError& error) {
     throw OutputError(target.string() + " cannot be written: " + error.what() + ". Make room or choose another place.");
   }
-  staged.publish();
 }
 
 }  // namespace workbench

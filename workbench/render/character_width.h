@@ -5,7 +5,7 @@
 namespace workbench {
 
 // Cells that a terminal gives a printable character: 0 (combining mark, format character), 1, or 2 (East Asian wide and
-// fullwidth, emoji). From Unicode 14's general categories and EastAsianWidth; marks of historic scripts count 1.
+// fullwidth, emoji).
 int characterWidth(char32_t character);
 
 }  // namespace workbench
