@@ -92,12 +92,6 @@ SeriesList growth() {
   return series;
 }
 
-std::vector<double> trendColumn(std::size_t length) {
-  std::vector<double> column(length);
-  for (std::size_t t = 0; t < length; ++t) column[t] = static_cast<double>(t);
-  return column;
-}
-
 SeriesList scaled(SeriesList series, double factor) {
   for (auto& one : series) {
     for (double& value : one) value *= factor;

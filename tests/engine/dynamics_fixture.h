@@ -8,6 +8,7 @@
 #include <string>
 
 #include "engine/dynamics/fit_parts.h"
+#include "engine/dynamics/known_columns.h"
 #include "tests/engine/numeric_support.h"
 
 namespace engine {
@@ -31,9 +32,6 @@ Example fitted(SeriesList series, std::size_t lag, bool constant = true, SeriesL
 // logarithms.
 SeriesList levels();
 SeriesList growth();
-
-// 0, 1, 2, .. for `length` rows.
-std::vector<double> trendColumn(std::size_t length);
 
 SeriesList scaled(SeriesList series, double factor);
 

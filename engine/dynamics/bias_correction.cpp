@@ -1,0 +1,72 @@
+#include "engine/dynamics/bias_correction.h"
+
+#include "engine/dynamics/roots.h"
+#include "engine/linear_algebra/cholesky.h"
+#include "engine/linear_algebra/dense_algebra.h"
+
+namespace engine {
+namespace {
+
+// delta (A - A_c)' = delta b', solved against the lag block of (Z'Z)^-1: the inverse of that block times delta b'.
+std::optional<Matrix> normalisedShift(const FittedVar& fit, const Matrix& bias, double share) {
+  const auto factor = choleskyFactor(principalPart(fit.inverse, lagColumns(fit)));
+  if (!factor) return std::nullopt;
+  Matrix shift = transposed(bias);
+  for (double& value : shift.values) value *= share;
+  solveLower(*factor, shift);
+  solveLowerTransposed(*factor, shift);
+  return shift;
+}
+
+// The columns beside the lags take up what moving the slopes leaves in them.
+void shiftCoefficients(const Matrix& bias, double share, const Matrix& shift, FittedVar& fit) {
+  const std::size_t first = firstLagColumn(fit);
+  for (std::size_t i = 0; i < bias.rows; ++i) {
+    for (std::size_t j = 0; j < bias.columns; ++j) fit.coefficients(i, first + j) -= share * bias(i, j);
+    for (const std::size_t column : deterministicColumns(fit)) {
+      for (std::size_t j = 0; j < bias.columns; ++j) {
+        fit.coefficients(i, column) -= fit.inverse(column, first + j) * shift(j, i);
+      }
+    }
+  }
+}
+
+std::vector<std::vector<double>> deterministicPart(const FittedVar& fit, const VarSample& sample) {
+  const std::vector<std::vector<double>> all = regressorColumns(fit, sample);
+  std::vector<std::vector<double>> columns;
+  for (const std::size_t j : deterministicColumns(fit)) columns.push_back(all[j]);
+  return columns;
+}
+
+}  // namespace
+
+double stabilisingShare(std::span<const Matrix> lags, const Matrix& bias) {
+  for (int percent = 100; percent > 0; --percent) {
+    Matrix corrected = joined(lags);
+    addScaled(-0.01 * percent, bias, corrected);
+    if (largestModulus(separated(corrected)) < 1.0) return 0.01 * percent;
+  }
+  return 0.0;
+}
+
+std::optional<CorrectedModel> correctedModel(const FittedVar& fit, const Matrix& bias) {
+  const double share = stabilisingShare(lagMatrices(fit), bias);
+  const auto shift = normalisedShift(fit, bias, share);
+  if (!shift) return std::nullopt;
+  CorrectedModel result{bias, share, fit, residualCovariance(fit)};
+  shiftCoefficients(bias, share, *shift, result.fit);
+  addScaled(share / residualDegrees(fit), multiply(bias, *shift), result.covariance);
+  return result;
+}
+
+std::optional<CorrectedModel> correctedModel(const FittedVar& fit, const VarSample& sample, const KnownTerms* terms) {
+  const LagMatrices lags = lagMatrices(fit);
+  const Matrix none(seriesCount(fit), fit.lag * seriesCount(fit));
+  if (!(largestModulus(lags) < 1.0)) return CorrectedModel{none, 0.0, fit, residualCovariance(fit)};
+  const Matrix covariance = residualCovariance(fit);
+  const auto bias = terms != nullptr ? slopeBias(lags, covariance, rowCount(fit), *terms)
+                                     : slopeBias(lags, covariance, rowCount(fit), deterministicPart(fit, sample));
+  return bias ? correctedModel(fit, *bias) : CorrectedModel{none, 0.0, fit, covariance};
+}
+
+}  // namespace engine
