@@ -103,15 +103,6 @@ TEST_F(TimeAxisTest, AThruDateSetsTheHorizonAndItsLabels) {
   EXPECT_THAT(err.lines(), Contains(testing::StartsWith("Warning: ")));
 }
 
-TEST_F(TimeAxisTest, ThroughTheEndForecastsNothing) {
-  quarters();
-  predictThruCase(0);
-  const TimeAxis& axis = axisAfter(kModel);
-  EXPECT_TRUE(axis.predictThruEnd && axis.forecastLabels.empty());
-  EXPECT_THAT(axis.historicalLabels, SizeIs(6));
-  EXPECT_THAT(warnings(), IsEmpty());
-}
-
 TEST_F(TimeAxisTest, ACaseNumberCountsFromTheObservedRows) {
   predictThruCase(8);
   const TimeAxis& axis = axisAfter(kModel);

@@ -1,0 +1,143 @@
+// Every call to the host fails once, in turn.
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <limits>
+#include <sstream>
+
+#include "procedures/varmodel/driver/varmodel_entry.h"
+#include "tests/recording/scene.h"
+
+namespace recording {
+namespace {
+
+using Give = void (*)(Host&);
+
+const std::string kSuccess = "success";
+const std::string kGoesOn = " -> " + kSuccess;
+
+std::string step(int number) {
+  return " -> ! varmodel_entry: Step" + std::to_string(number) + " Unknown error occurred.";
+}
+
+std::vector<std::string> linesOf(const std::string& text) {
+  std::vector<std::string> lines;
+  std::istringstream stream(text);
+  for (std::string line; std::getline(stream, line);) lines.push_back(line);
+  return lines;
+}
+
+// The first line that an undisturbed run does not write and that tells of trouble, then the last line of the run.
+std::string outcomeOf(const std::string& trace, const std::vector<std::string>& undisturbed) {
+  const std::vector<std::string> lines = linesOf(trace);
+  const auto tells = [&](const std::string& line) {
+    const auto says = [&](const char* word) { return line.find(word) != std::string::npos; };
+    const bool trouble = says("xception") || says("FAILURE") || says("Error:") || says("Unknown");
+    return trouble && std::find(undisturbed.begin(), undisturbed.end(), line) == undisturbed.end();
+  };
+  const auto first = std::find_if(lines.begin(), lines.end(), tells);
+  const std::string verdict = lines.back() == undisturbed.back() ? kSuccess : lines.back();
+  if (first == lines.end()) return verdict;
+  return *first == lines.back() ? verdict : *first + " -> " + verdict;
+}
+
+// Runs the procedure once for every call n, which throws, and returns the outcomes in order of n, equal neighbours
+// once, without those of the driver's guard alone, whose text is checked. No exception leaves the procedure, and every
+// object is destroyed, the youngest first; the output generator alone has an order of its own.
+std::vector<std::string> outcomesOfFailures(Give give, void (*procedure)(), bool throwsNumber) {
+  std::vector<std::string> undisturbed;
+  std::vector<std::string> outcomes;
+  const std::string guard =
+      throwsNumber ? "! VARMODEL: Unknown exception occurred." : "! VARMODEL: Standard exception: host";
+  std::size_t callCount = 1;
+  for (std::size_t n = 0; n <= callCount; ++n) {
+    Host host;
+    give(host);
+    host.failingCall = n;
+    host.throwsNumber = throwsNumber;
+    const std::string trace = traceOf(procedure);
+    SCOPED_TRACE("call " + std::to_string(n) + ": " + host.failedOperation);
+    EXPECT_THAT(host.living, testing::IsEmpty());
+    EXPECT_THAT(host.destroyedOutOfOrder,
+                testing::IsSubsetOf({"StatJSONGenerator", "ACAVarValidSpecs", "ParserMessage"}));
+    if (n == 0) {
+      undisturbed = linesOf(trace);
+      callCount = host.callCount;
+      continue;
+    }
+    const std::string outcome = outcomeOf(trace, undisturbed);
+    EXPECT_TRUE(!outcome.starts_with("! VARMODEL: ") || outcome == guard) << outcome;
+    if (outcomes.empty() || outcomes.back() != outcome) outcomes.push_back(outcome);
+  }
+  std::erase(outcomes, guard);
+  return outcomes;
+}
+
+void giveWholeRun(Host& host) {
+  giveQuarters(host, 1993, 2);
+  giveEverything(host);
+}
+// Its labels come from DATE_, and its PREDICT date names no quarter.
+void giveTextDates(Host& host) {
+  giveWholeRun(host);
+  host.dateVariables[1].predictThru = std::numeric_limits<double>::lowest();
+  host.columns.push_back({.name = "DATE_", .texts = std::vector<std::string>(12, "1990 "), .width = 5});
+}
+
+TEST(HostFailure, AnExceptionNeverLeavesTheProcedureAndIsTold) {
+  const std::string start = "! VARInputSettings::start - EXCEPTION: Standard exception caught: host";
+  const std::string global = "VARSubCommands::get_Subcommand_Global - Completed with status: FAILURE";
+  const std::string fetch = "! fetchDataFromActiveDataSet: Standard exception: host";
+  const std::string history = "VARSubCommands::generateHistoricalDateLabels - Exception: host";
+  const std::string forecast = "VARSubCommands::generateForecastDatesUsingTfo - Exception: host";
+  std::vector<std::string> expected = {"! VARCommandDescriber: Standard exception: host" + step(1),
+                                       start + step(3),
+                                       global + step(3),
+                                       fetch + kGoesOn,
+                                       history + kGoesOn,
+                                       global + step(3),
+                                       forecast + kGoesOn,
+                                       history + kGoesOn,
+                                       start + step(3),
+                                       fetch + step(3),
+                                       start + step(3),
+                                       fetch + step(3),
+                                       start + step(3)};
+  const auto notCreated = [&](const std::string& routine, const std::string& what) {
+    expected.push_back("! Error: VAROutputGen::generate" + routine + " - " + what + kGoesOn);
+  };
+  expected.insert(expected.end(), 4, kSuccess);  // the tables that have no line of their own
+  notCreated("ResidualCorrelationMatrix", "Correlation table creation failed");
+  notCreated("ResidualCovarianceMatrix", "Covariance table creation failed");
+  expected.push_back(kSuccess);
+  notCreated("ResidualDiagnostics", "Table creation failed");
+  notCreated("ForecastTable", "Table creation failed");
+  for (const char* chart : {"TimeSeriesChart", "ACFChart", "ACFChart", "ResidualsChart", "ResidualsCombinedChart",
+                            "FitValuesChart", "ForecastChart"}) {
+    const bool combined = chart == std::string("ResidualsCombinedChart");
+    for (const char* variable : {"a", "b"}) {
+      if (combined && *variable == 'b') continue;
+      notCreated(chart,
+                 std::string("Chart creation failed for variable '") + (combined ? "Residuals" : variable) + "'");
+    }
+  }
+  expected.push_back("! Error: VARSaveOutFile::run - host" + step(6));
+  EXPECT_EQ(outcomesOfFailures(giveWholeRun, VARMODEL, false), expected);
+  EXPECT_THAT(outcomesOfFailures(giveTextDates, VARMODEL, false), testing::Contains(history + kGoesOn));
+}
+
+TEST(HostFailure, WhatIsNoStandardExceptionNeitherLeavesIt) {
+  const std::string start = "! VARInputSettings::start - EXCEPTION: Unknown exception occurred" + step(3);
+  const std::string fetch = "! fetchDataFromActiveDataSet: Unknown exception occurred.";
+  const std::string history = "VARSubCommands::generateHistoricalDateLabels - Unknown exception" + kGoesOn;
+  EXPECT_THAT(outcomesOfFailures(giveWholeRun, VARMODEL, true),
+              testing::ElementsAre("! VARCommandDescriber: Unknown exception occurred." + step(1), start,
+                                   fetch + kGoesOn, history, start,
+                                   "VARSubCommands::generateForecastDatesUsingTfo - Unknown exception" + kGoesOn,
+                                   history, start, fetch + step(3), start, fetch + step(3), start,
+                                   "! Error: VARSaveOutFile::run - Unknown exception" + step(6)));
+}
+
+}  // namespace
+}  // namespace recording

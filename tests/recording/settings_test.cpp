@@ -1,0 +1,157 @@
+// What the handlers make of parameters that a parser would not let through, and of every keyword.
+
+#include "procedures/varmodel/syntax/input_settings.h"
+
+#include <gmock/gmock.h>
+
+#include <set>
+
+#include "procedures/varmodel/data/fetch.h"
+#include "tests/recording/scene.h"
+
+namespace recording {
+namespace {
+
+using varmodel::VARInputSettings;
+
+// A record on what the host was given.
+struct Parsed {
+  ProcedureDataSource dataSource;
+  CommandDescriptor descriptor{"VARMODEL"};
+  CommandSpec spec;
+  VARInputSettings settings{&spec, &descriptor, &dataSource};
+};
+
+constexpr int kModel = 2;
+constexpr int kModelFit = 4;
+constexpr int kPlot = 5;
+
+struct KeywordRow {
+  int handler;
+  const char* keyword;
+  bool VARInputSettings::*flag;
+};
+constexpr KeywordRow kKeywords[] = {
+    {kModel, "AIC", &VARInputSettings::useAic},
+    {kModel, "BIC", &VARInputSettings::useBic},
+    {kModel, "HQIC", &VARInputSettings::useHqic},
+    {kModelFit, "DESCRIPTIVES", &VARInputSettings::showDescriptives},
+    {kModelFit, "GOODFIT", &VARInputSettings::showGoodFit},
+    {kModelFit, "PARAMETERS", &VARInputSettings::showParameters},
+    {kModelFit, "RES", &VARInputSettings::showRes},
+    {kModelFit, "RESIDACF", &VARInputSettings::showResidAcf},
+    {kModelFit, "MSE", &VARInputSettings::showMse},
+    {kModelFit, "RMSE", &VARInputSettings::showRmse},
+    {kModelFit, "MAE", &VARInputSettings::showMae},
+    {kModelFit, "MAPE", &VARInputSettings::showMape},
+    {kModelFit, "RSQUARE", &VARInputSettings::showRSquare},
+    {kModelFit, "ARSQUARE", &VARInputSettings::showAdjRSquare},
+    {kModelFit, "CORRMATRIX", &VARInputSettings::showCorrMatrix},
+    {kModelFit, "EIGEN", &VARInputSettings::showEigen},
+    {kModelFit, "TNORM", &VARInputSettings::showTestNormality},
+    {kModelFit, "TAUTO", &VARInputSettings::showTestAutocorrelation},
+    {kModelFit, "FORECASTS", &VARInputSettings::showForecasts},
+    {kPlot, "TIMESERIES", &VARInputSettings::plotTimeSeries},
+    {kPlot, "ACF", &VARInputSettings::plotAcf},
+    {kPlot, "RES", &VARInputSettings::plotRes},
+    {kPlot, "RESCOMB", &VARInputSettings::plotResComb},
+    {kPlot, "RESACF", &VARInputSettings::plotResAcf},
+    {kPlot, "RESACFCOMB", &VARInputSettings::plotResAcfComb},
+    {kPlot, "FIT", &VARInputSettings::plotFit},
+    {kPlot, "FORECAST", &VARInputSettings::plotForecast},
+};
+
+// The keywords whose flags the handler turns on for this list.
+std::vector<std::string> keywordsOn(int handler, const std::vector<std::string>& words) {
+  Host host;
+  giveQuarters(host, 1993, 1);
+  giveModel(host);
+  host.command["MODEL"]["LAG"].words = handler == kModel ? words : std::vector<std::string>();
+  host.command["MODELSTATISTICS"]["MODELFIT"].words = words;
+  host.command["SERIESPLOT"]["PLOT"].words = words;
+  Parsed parsed;
+  traceOf([&] { parsed.settings.prepareInputSetting(handler); });
+  std::vector<std::string> on;
+  for (const KeywordRow& row : kKeywords) {
+    if (parsed.settings.*row.flag)
+      on.push_back((row.handler == handler ? "" : "another's ") + std::string(row.keyword));
+  }
+  return on;
+}
+
+TEST(Settings, AKeywordTurnsOnItsFlagAndNoOther) {
+  for (const KeywordRow& row : kKeywords) {
+    std::set<std::string> words = {row.keyword};
+    if (row.handler == kModelFit) words.insert("PARAMETERS");  // required beside any other
+    EXPECT_THAT(keywordsOn(row.handler, {words.begin(), words.end()}), testing::UnorderedElementsAreArray(words));
+  }
+  EXPECT_THAT(keywordsOn(kPlot, {"FITS", "fit", "FI", "", "ACF", "ACF"}), testing::ElementsAre("ACF"));
+}
+
+TEST(Settings, WhatCannotBeReadKeepsItsDefault) {
+  Host host;
+  giveQuarters(host, 1993, 1);
+  giveModel(host);
+  host.command["METHOD"]["TYPE"].words = {};
+  host.command["AUXILIARY"]["CILEVEL"] = {};
+  host.command["SAVE"] = {{"FILE", {{"out"}}}, {"PREDICTED", {{""}}}, {"NRESIDUAL", {{"r"}}}};
+  host.command["MODEL"]["LAG"].words = {};
+  Parsed parsed;
+  EXPECT_EQ(parsed.settings.methodType, "OLS");
+  EXPECT_TRUE(parsed.settings.lagSpecified);
+  parsed.settings.methodType = "?";
+  parsed.settings.ciLevel = 1;
+  traceOf([&] { EXPECT_EQ(parsed.settings.start(), 0); });
+  EXPECT_EQ(parsed.settings.methodType, "OLS");
+  EXPECT_EQ(parsed.settings.ciLevel, 95.0);
+  EXPECT_EQ(parsed.settings.predictedPrefix, "PRE_");
+  EXPECT_EQ(parsed.settings.residualPrefix, "r");
+  EXPECT_THAT(host.calls, testing::Contains("Init(\"out\",false,true)"));
+  EXPECT_TRUE(parsed.settings.lagSpecified);
+}
+
+TEST(Settings, HandlersAreNumberedUpToEight) {
+  Host host;
+  Parsed parsed;
+  const auto prepare = [&](int index, int expected) {
+    return traceOf([&] { EXPECT_EQ(parsed.settings.prepareInputSetting(index), expected); });
+  };
+  EXPECT_EQ(prepare(8, 0), "");
+  for (const int index : {-1, 9}) {
+    EXPECT_EQ(prepare(index, 1),
+              "! VARInputSettings::prepareInputSetting - ERROR: Unknown sub-command: " + std::to_string(index) + '\n');
+  }
+}
+
+TEST(Fetch, ReadsTheColumnsThatThereAre) {
+  for (const char* userMissing : {"INCLUDE", "EXCLUDE", "include", ""}) {
+    Host host;
+    giveQuarters(host, 1993, 1);
+    ProcedureDataSource dataSource;
+    varmodel::SeriesMatrix matrix;
+    const std::vector<std::int32_t> indexes = {-1, 4, 5};  // five columns
+    traceOf([&] { EXPECT_TRUE(varmodel::fetchSeries(dataSource, indexes, userMissing, matrix).succeeded); });
+    EXPECT_THAT(matrix, testing::ElementsAre(testing::ElementsAre(1, 2, 3, 4, 1, 2, 3, 4, 1, 2, 3, 4)));
+    const bool excludes = userMissing != std::string("INCLUDE");
+    EXPECT_THAT(host.calls,
+                testing::Contains(std::string("AddVariable(4,false,true,") + (excludes ? "true" : "false") + ",true)"));
+  }
+}
+
+TEST(Fetch, SucceedsWithOneCaseAndFailsWithNone) {
+  for (const bool hasCase : {true, false}) {
+    Host host;
+    host.columns = {{.name = "a", .numbers = std::vector<double>(hasCase ? 1 : 0)}};
+    ProcedureDataSource dataSource;
+    varmodel::SeriesMatrix matrix;
+    const std::vector<std::int32_t> indexes = {0};
+    EXPECT_EQ(traceOf([&] { varmodel::fetchSeries(dataSource, indexes, "EXCLUDE", matrix); }),
+              std::string("VARSubCommands::fetchDataFromActiveDataSet - Starting data fetch for 1 variables\n"
+                          "VARSubCommands::fetchDataFromActiveDataSet - Completed with status: ") +
+                  (hasCase ? "SUCCESS\n" : "FAILURE\n"));
+    EXPECT_EQ(matrix.size(), hasCase ? 1U : 0U);
+  }
+}
+
+}  // namespace
+}  // namespace recording
