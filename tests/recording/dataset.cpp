@@ -124,9 +124,10 @@ struct OneCase : MCCommon_940::Record {
   }
   const double* GetAll() const override {
     counted("GetAll");
-    return values.data();
+    return isEmpty ? nullptr : values.data();
   }
   std::vector<double> values;
+  bool isEmpty = false;
 };
 }  // namespace
 MCCommon_940::Record::~Record() = default;
@@ -167,8 +168,8 @@ const MCCommon_940::Record* ACAProcDataSourceIter::Next() {
   for (const int column : state_->columns) {
     state_->record.values.push_back(columnAt(column).numbers.at(state_->next));
   }
-  ++state_->next;
-  return &state_->record;
+  state_->record.isEmpty = state_->next == current().withoutValues;
+  return state_->next++ == current().withoutRecord ? nullptr : &state_->record;
 }
 int ACAProcDataSourceIter::GetFailReason() {
   return 0;

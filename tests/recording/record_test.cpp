@@ -70,7 +70,7 @@ SetProcedureTitle("Vector Autoregressive Models"))";
            "~ACAVarValidSpecs\n";
   };
   const auto saved = [](const char* name, const char* label) {
-    return std::string("MakeVariable(0,\"") + name +
+    return std::string("MakeVariable(0,\"") + name + "\")\nSetName(\"" + name +
            "\")\nSetFormat(5,8,3)\nSetWriteFormat(5,8,3)\nSetMeasurementLevel(3)\nSetLabel(\"" + label + "\")\n";
   };
   EXPECT_EQ(linesOf(host.calls), R"(

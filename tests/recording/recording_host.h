@@ -47,6 +47,8 @@ class Host {
   std::map<std::string, std::map<std::string, Value>> command;  // subcommand, parameter
   int parserStatus = 0;
   std::vector<Column> columns;
+  std::optional<std::size_t> withoutRecord;  // the case for which there is none
+  std::optional<std::size_t> withoutValues;  // the case whose record carries none
   bool isSplit = false;
   int weightColumn = -1;
   bool predictSet = false;

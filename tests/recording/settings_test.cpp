@@ -6,7 +6,7 @@
 
 #include <set>
 
-#include "procedures/varmodel/data/fetch.h"
+#include "procedures/varmodel/syntax/subcommands.h"
 #include "tests/recording/scene.h"
 
 namespace recording {
@@ -123,34 +123,60 @@ TEST(Settings, HandlersAreNumberedUpToEight) {
   }
 }
 
-TEST(Fetch, ReadsTheColumnsThatThereAre) {
+class Fetch : public testing::Test {
+ protected:
+  Fetch() { giveQuarters(host, 1993, 1); }
+  // Fetches the columns; returns the status and the trace.
+  std::pair<int, std::string> fetch(const std::vector<std::int32_t>& indexes, const char* userMissing) {
+    Parsed parsed;
+    parsed.settings.userMissing = userMissing;
+    int status = -1;
+    matrix.clear();
+    const auto work = [&] {
+      status = varmodel::VARSubCommands(parsed.settings).fetchDataFromActiveDataSet(indexes, matrix);
+    };
+    const std::string trace = traceOf(work);
+    return {status, trace};
+  }
+  static std::string traceWith(const char* status) {
+    return std::string(
+               "VARSubCommands::fetchDataFromActiveDataSet - Starting data fetch for 1 variables\n"
+               "VARSubCommands::fetchDataFromActiveDataSet - Completed with status: ") +
+           status + '\n';
+  }
+
+  Host host;
+  varmodel::SeriesMatrix matrix;
+};
+
+TEST_F(Fetch, ReadsTheColumnsThatThereAre) {
   for (const char* userMissing : {"INCLUDE", "EXCLUDE", "include", ""}) {
-    Host host;
-    giveQuarters(host, 1993, 1);
-    ProcedureDataSource dataSource;
-    varmodel::SeriesMatrix matrix;
-    const std::vector<std::int32_t> indexes = {-1, 4, 5};  // five columns
-    traceOf([&] { EXPECT_TRUE(varmodel::fetchSeries(dataSource, indexes, userMissing, matrix).succeeded); });
+    host.calls.clear();
+    EXPECT_EQ(fetch({-1, 4, 5}, userMissing).first, 1);  // there are five columns
     EXPECT_THAT(matrix, testing::ElementsAre(testing::ElementsAre(1, 2, 3, 4, 1, 2, 3, 4, 1, 2, 3, 4)));
-    const bool excludes = userMissing != std::string("INCLUDE");
-    EXPECT_THAT(host.calls,
-                testing::Contains(std::string("AddVariable(4,false,true,") + (excludes ? "true" : "false") + ",true)"));
+    const std::string excludes = userMissing == std::string("INCLUDE") ? "false" : "true";
+    EXPECT_THAT(host.calls, testing::Contains("AddVariable(4,false,true," + excludes + ",true)"));
   }
 }
 
-TEST(Fetch, SucceedsWithOneCaseAndFailsWithNone) {
-  for (const bool hasCase : {true, false}) {
-    Host host;
-    host.columns = {{.name = "a", .numbers = std::vector<double>(hasCase ? 1 : 0)}};
-    ProcedureDataSource dataSource;
-    varmodel::SeriesMatrix matrix;
-    const std::vector<std::int32_t> indexes = {0};
-    EXPECT_EQ(traceOf([&] { varmodel::fetchSeries(dataSource, indexes, "EXCLUDE", matrix); }),
-              std::string("VARSubCommands::fetchDataFromActiveDataSet - Starting data fetch for 1 variables\n"
-                          "VARSubCommands::fetchDataFromActiveDataSet - Completed with status: ") +
-                  (hasCase ? "SUCCESS\n" : "FAILURE\n"));
-    EXPECT_EQ(matrix.size(), hasCase ? 1U : 0U);
-  }
+TEST_F(Fetch, PassesOverWhatCarriesNoValues) {
+  host.withoutRecord = 2;
+  host.withoutValues = 5;
+  EXPECT_EQ(fetch({4}, "").first, 1);
+  EXPECT_THAT(matrix, testing::ElementsAre(testing::ElementsAre(1, 2, 4, 1, 3, 4, 1, 2, 3, 4)));
+  giveModel(host);
+  Parsed parsed;
+  traceOf([&] { EXPECT_EQ(parsed.settings.start(), 0); });
+  EXPECT_EQ(parsed.settings.timeAxis.observedRows, 10);
+  EXPECT_THAT(parsed.settings.timeAxis.keptCaseOffsets, testing::ElementsAre(0, 1, 2, 3, 4, 5, 6, 7, 8, 9));
+}
+
+TEST_F(Fetch, SucceedsWithOneCaseAndFailsWithNone) {
+  host.columns = {{.name = "a", .numbers = {7}}};
+  EXPECT_EQ(fetch({0}, ""), std::pair(1, traceWith("SUCCESS")));
+  host.columns[0].numbers.clear();
+  EXPECT_EQ(fetch({0}, ""), std::pair(0, traceWith("FAILURE")));
+  EXPECT_THAT(matrix, testing::IsEmpty());
 }
 
 }  // namespace
