@@ -8,7 +8,7 @@
 #include "workbench/base/utf8.h"
 #include "workbench/language/lexer.h"
 #include "workbench/language/quoting.h"
-#include "workbench/language/text_excerpt.h"
+#include "workbench/base/text_excerpt.h"
 
 namespace workbench {
 namespace {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "workbench/base/text_excerpt.h"
 #include "workbench/base/utf8.h"
-#include "workbench/language/text_excerpt.h"
 
 namespace workbench {
 

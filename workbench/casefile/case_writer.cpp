@@ -1,8 +1,8 @@
 #include "workbench/casefile/case_writer.h"
 
-#include "host/json_document.h"
 #include "workbench/base/atomic_file.h"
 #include "workbench/base/errors.h"
+#include "workbench/base/json.h"
 #include "workbench/casefile/case_table.h"
 
 namespace workbench {

@@ -5,8 +5,8 @@
 #include <map>
 #include <string_view>
 
-#include "host/json_document.h"
 #include "workbench/base/errors.h"
+#include "workbench/base/json.h"
 
 namespace workbench {
 

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "workbench/dates/period.h"
-#include "workbench/session/session.h"
+#include "workbench/dates/trends_settings.h"
 
 namespace workbench {
 

@@ -5,7 +5,7 @@
 #include <cstdint>
 
 #include "workbench/dates/requests.h"
-#include "workbench/session/session.h"
+#include "workbench/dates/trends_settings.h"
 
 namespace workbench {
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "workbench/dates/period.h"
-#include "workbench/session/session.h"
+#include "workbench/dates/trends_settings.h"
 
 namespace workbench {
 

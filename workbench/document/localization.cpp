@@ -4,15 +4,14 @@
 #include <utility>
 
 #include "workbench/session/languages.h"
-#include "workbench/session/texts.h"
 
 namespace {
 
 constexpr int kDisplayTexts = 3;
 
-workbench::Texts readTexts(const std::string& path) {
+workbench::MessageCatalogue readTexts(const std::string& path) {
   try {
-    return workbench::Texts::read(path);
+    return workbench::MessageCatalogue::read(path);
   } catch (const std::runtime_error& error) {
     workbench::currentSession().messages.push_back(
         {workbench::Message::Kind::warning,
@@ -37,7 +36,7 @@ std::string PathFactory::getPath() const {
 
 struct FacSTDictionary::State {
   std::string path;
-  workbench::Texts texts;
+  workbench::MessageCatalogue texts;
   bool read = false;
 };
 

@@ -15,7 +15,7 @@
 #include <string_view>
 #include <vector>
 
-#include "workbench/language/text_excerpt.h"
+#include "workbench/base/text_excerpt.h"
 
 namespace workbench {
 

@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "workbench/language/text_excerpt.h"
+#include "workbench/base/text_excerpt.h"
 
 namespace workbench {
 

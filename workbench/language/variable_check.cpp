@@ -1,6 +1,6 @@
 #include "host/command_parser.h"
+#include "workbench/base/text_excerpt.h"
 #include "workbench/dataset/dataset.h"
-#include "workbench/language/text_excerpt.h"
 #include "workbench/session/session.h"
 
 using workbench::ColumnKind;

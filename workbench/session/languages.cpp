@@ -5,7 +5,7 @@
 #include <system_error>
 
 #include "workbench/base/errors.h"
-#include "workbench/session/installation.h"
+#include "workbench/base/installation.h"
 
 namespace workbench {
 
@@ -50,7 +50,7 @@ void setLanguage(CallInput& input, const std::string& code) {
   const std::filesystem::path file = dictionaryFile(input);
   if (file.empty()) return;
   try {
-    input.texts = Texts::read(file);
+    input.texts = MessageCatalogue::read(file);
   } catch (const std::runtime_error& error) {
     throw UsageError("the dictionary '" + file.string() + "' " + error.what() + ". Repair it, or choose en.");
   }

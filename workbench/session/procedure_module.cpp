@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "workbench/base/errors.h"
-#include "workbench/session/installation.h"
+#include "workbench/base/installation.h"
 
 namespace workbench {
 

@@ -12,10 +12,11 @@
 #include <string>
 #include <vector>
 
-#include "host/json_document.h"
+#include "workbench/base/json.h"
+#include "workbench/base/message_catalogue.h"
 #include "workbench/base/taken_file.h"
 #include "workbench/dataset/dataset.h"
-#include "workbench/session/texts.h"
+#include "workbench/dates/trends_settings.h"
 
 namespace workbench {
 
@@ -23,21 +24,6 @@ struct Message {
   enum class Kind { error, warning };
   Kind kind;
   std::string text;  // may have several lines (a syntax error shows the line and a caret)
-};
-
-struct DateVariable {
-  int column = 0;
-  int unitCode = 0;     // 2 year .. 10 observation
-  int periodicity = 0;  // cycle length below the coarser unit; 0 for none
-  double predictThru = kSystemMissing;
-};
-
-// The session's time-series settings.
-struct TrendsSettings {
-  std::vector<DateVariable> dateVariables;
-  bool predictSet = false;
-  bool predictIsDate = false;
-  long predictCase = 0;  // from 1; 0 with predictSet and no date means "through the end"
 };
 
 // One pass over the cases that the procedure made: which columns, and whether user-missing values were excluded.
@@ -71,7 +57,7 @@ struct CallInput {
   std::vector<std::string> splitVariables;
   std::string language = "en";
   std::filesystem::path dictionaryFolder;
-  Texts texts;                        // of the language; English without any
+  MessageCatalogue texts;             // of the language; English without any
   std::filesystem::path baseFolder;   // relative SAVE paths start here
   std::vector<TakenFile> takenFiles;  // that a saved file must not overwrite
 };

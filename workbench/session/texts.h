@@ -1,50 +1,17 @@
-// Texts in the language of the session. English texts are the keys; arguments stand in them as ^1 to ^9.
+// Texts in the language of the session.
 
 #pragma once
 
 #include <concepts>
-#include <filesystem>
-#include <map>
-#include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
+
+#include "workbench/base/message_catalogue.h"
 
 namespace workbench {
 
-// The texts of one language.
-class Texts {
- public:
-  Texts() = default;  // holds none
-  // A dictionary file: one JSON object in UTF-8, English text -> text; other entries are left out. Throws
-  // std::runtime_error with what is wrong with the file ("cannot be opened").
-  static Texts read(const std::filesystem::path& file);
-
-  // The key itself when there is no text for it. Blanks count.
-  std::string lookUp(std::string_view key) const;
-  // A finished English text: one that is a key, or a key with its arguments filled in ("No forecast values for x" of
-  // "No forecast values for ^1"; the longest such key, never one that begins with a marker, which would fit too much).
-  // Arguments stay, except that the parts of a list ("a, b") are translated when they are filled-in keys themselves.
-  // The text itself when no key fits.
-  std::string translate(std::string_view text) const;
-
- private:
-  struct Filled {
-    std::string text;  // of the language, with its markers
-    std::vector<std::string> arguments;
-  };
-  std::optional<Filled> findFilled(std::string_view text) const;
-  std::string translateList(std::string_view argument) const;
-
-  std::map<std::string, std::string, std::less<>> texts_;
-};
-
-// The text with its markers replaced, every occurrence; a marker without an argument stays, and so does one inside an
-// argument.
-std::string fillMarkers(std::string_view text, const std::vector<std::string>& arguments);
-
 // The texts of the running session; English ones when no session is running.
-const Texts& currentTexts();
+const MessageCatalogue& currentTexts();
 
 inline std::string argumentText(std::string_view text) {
   return std::string(text);

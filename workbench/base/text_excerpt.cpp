@@ -1,4 +1,4 @@
-#include "workbench/language/text_excerpt.h"
+#include "workbench/base/text_excerpt.h"
 
 #include <algorithm>
 

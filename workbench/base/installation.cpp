@@ -1,4 +1,4 @@
-#include "workbench/session/installation.h"
+#include "workbench/base/installation.h"
 
 namespace workbench {
 

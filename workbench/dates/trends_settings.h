@@ -1,0 +1,25 @@
+// The time-series settings of a dataset: its date variables and the range of forecasts.
+
+#pragma once
+
+#include <vector>
+
+#include "workbench/dataset/dataset.h"
+
+namespace workbench {
+
+struct DateVariable {
+  int column = 0;
+  int unitCode = 0;     // 2 year .. 10 observation
+  int periodicity = 0;  // cycle length below the coarser unit; 0 for none
+  double predictThru = kSystemMissing;
+};
+
+struct TrendsSettings {
+  std::vector<DateVariable> dateVariables;
+  bool predictSet = false;
+  bool predictIsDate = false;
+  long predictCase = 0;  // from 1; 0 with predictSet and no date means "through the end"
+};
+
+}  // namespace workbench
