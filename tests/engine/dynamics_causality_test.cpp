@@ -41,7 +41,7 @@ double restrictedSum(const SeriesList& series, std::size_t effect, std::size_t c
   for (std::size_t l = 1; l <= lag; ++l) {
     for (std::size_t i = 0; i < series.size(); ++i) {
       if (i == effect || (i == cause && l <= tested)) continue;
-      known.push_back(laggedColumns(std::span(&series[i], 1), l).back());
+      known.push_back(lagged(series[i], l));
     }
   }
   return equationFit(fitted({series[effect]}, lag, true, known).fit, {std::span(&series[effect], 1), known}, 0)
@@ -99,17 +99,6 @@ TEST(EquationFit, WithoutConstantSpeaksOfDeviationsFromZero) {
   EXPECT_NEAR(fit.rSquare, 0.75, kRounding);
   EXPECT_NEAR(fit.adjustedRSquare, 1 - 0.25 * 3 / 2, kRounding);
   EXPECT_NEAR(fit.overall->statistic, 1.5 / (0.5 / 2), 1e-13);
-}
-
-TEST(KnownColumns, CountTrendSeasonsAndLags) {
-  using ::testing::ElementsAre;
-  EXPECT_THAT(trendColumn(3), ElementsAre(0, 1, 2));
-  EXPECT_THAT(centredSeasonColumns(3, 4, 5),
-              ElementsAre(ElementsAre(-.25, .75, -.25, -.25, -.25), ElementsAre(-.25, -.25, .75, -.25, -.25),
-                          ElementsAre(-.25, -.25, -.25, .75, -.25)));
-  EXPECT_TRUE(centredSeasonColumns(0, 1, 5).empty());
-  EXPECT_THAT(laggedColumns(SeriesList{{1, 2, 3}, {4, 5, 6}}, 1),
-              ElementsAre(ElementsAre(1, 2, 3), ElementsAre(1, 1, 2), ElementsAre(4, 5, 6), ElementsAre(4, 4, 5)));
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <Eigen/Dense>
 #include <fstream>
 #include <iomanip>
+#include <numeric>
 #include <sstream>
 
 namespace engine {
@@ -89,6 +90,27 @@ SeriesList growth() {
     for (std::size_t t = one.size() - 1; t > 0; --t) one[t] = 100.0 * (std::log(one[t]) - std::log(one[t - 1]));
     one.erase(one.begin());
   }
+  return series;
+}
+
+std::vector<double> trendColumn(std::size_t length) {
+  std::vector<double> column(length);
+  std::iota(column.begin(), column.end(), 0.0);
+  return column;
+}
+
+SeriesList seasonColumns(std::size_t seasons, std::size_t length) {
+  SeriesList columns(seasons - 1, std::vector<double>(length, -1.0 / static_cast<double>(seasons)));
+  for (std::size_t t = 0; t < length; ++t) {
+    if (t % seasons < columns.size()) columns[t % seasons][t] += 1.0;
+  }
+  return columns;
+}
+
+std::vector<double> lagged(std::vector<double> series, std::size_t lag) {
+  const double first = series.front();
+  std::shift_right(series.begin(), series.end(), static_cast<std::ptrdiff_t>(lag));
+  std::fill_n(series.begin(), lag, first);
   return series;
 }
 

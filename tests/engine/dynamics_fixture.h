@@ -8,7 +8,6 @@
 #include <string>
 
 #include "engine/dynamics/fit_parts.h"
-#include "engine/dynamics/known_columns.h"
 #include "tests/engine/numeric_support.h"
 
 namespace engine {
@@ -32,6 +31,12 @@ Example fitted(SeriesList series, std::size_t lag, bool constant = true, SeriesL
 // logarithms.
 SeriesList levels();
 SeriesList growth();
+
+// 0, 1, 2, .., and s - 1 centred dummies of a cycle of s that starts with season 0; the series `lag` rows later, its
+// first value before.
+std::vector<double> trendColumn(std::size_t length);
+SeriesList seasonColumns(std::size_t seasons, std::size_t length);
+std::vector<double> lagged(std::vector<double> series, std::size_t lag);
 
 SeriesList scaled(SeriesList series, double factor);
 

@@ -179,7 +179,7 @@ TEST(SlopeBias, ShortFormsEqualTheGeneralOneToOrderOneOverN) {
   const LagMatrices lags = {matrixOf({{0.5, 0.1}, {0.2, 0.3}}), matrixOf({{0.1, -0.2}, {0.0, 0.1}})};
   const Matrix covariance = matrixOf({{2, 0.5}, {0.5, 1}});
   const auto distance = [&](std::size_t n) {
-    SeriesList columns = centredSeasonColumns(0, 4, n);
+    SeriesList columns = seasonColumns(4, n);
     columns.emplace_back(n, 1.0);
     columns.push_back(trendColumn(n));
     Matrix general = slopeBias(lags, covariance, n, columns).value();

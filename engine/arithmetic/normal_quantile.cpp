@@ -1,0 +1,85 @@
+#include "engine/arithmetic/normal_quantile.h"
+
+#include <array>
+#include <cmath>
+
+namespace engine {
+namespace {
+
+using Coefficients = std::array<double, 8>;
+
+// Numerators and denominators of Wichura's three rational functions, constant terms first.
+constexpr Coefficients kCentreAbove = {3.3871328727963666080e0,  1.3314166789178437745e+2, 1.9715909503065514427e+3,
+                                       1.3731693765509461125e+4, 4.5921953931549871457e+4, 6.7265770927008700853e+4,
+                                       3.3430575583588128105e+4, 2.5090809287301226727e+3};
+constexpr Coefficients kCentreBelow = {1.0,
+                                       4.2313330701600911252e+1,
+                                       6.8718700749205790830e+2,
+                                       5.3941960214247511077e+3,
+                                       2.1213794301586595867e+4,
+                                       3.9307895800092710610e+4,
+                                       2.8729085735721942674e+4,
+                                       5.2264952788528545610e+3};
+constexpr Coefficients kTailAbove = {1.42343711074968357734e0,  4.63033784615654529590e0, 5.76949722146069140550e0,
+                                     3.64784832476320460504e0,  1.27045825245236838258e0, 2.41780725177450611770e-1,
+                                     2.27238449892691845833e-2, 7.74545014278341407640e-4};
+constexpr Coefficients kTailBelow = {1.0,
+                                     2.05319162663775882187e0,
+                                     1.67638483018380384940e0,
+                                     6.89767334985100004550e-1,
+                                     1.48103976427480074590e-1,
+                                     1.51986665636164571966e-2,
+                                     5.47593808499534494600e-4,
+                                     1.05075007164441684324e-9};
+constexpr Coefficients kFarAbove = {6.65790464350110377720e0,  5.46378491116411436990e0,  1.78482653991729133580e0,
+                                    2.96560571828504891230e-1, 2.65321895265761230930e-2, 1.24266094738807843860e-3,
+                                    2.71155556874348757815e-5, 2.01033439929228813265e-7};
+constexpr Coefficients kFarBelow = {1.0,
+                                    5.99832206555887937690e-1,
+                                    1.36929880922735805310e-1,
+                                    1.48753612908506148525e-2,
+                                    7.86869131145613259100e-4,
+                                    1.84631831751005468180e-5,
+                                    1.42151175831644588870e-7,
+                                    2.04426310338993978564e-15};
+
+double polynomial(const Coefficients& c, double x) {
+  double value = c[7];
+  for (std::size_t i = 7; i-- > 0;) value = value * x + c[i];
+  return value;
+}
+
+double ratio(const Coefficients& above, const Coefficients& below, double x) {
+  return polynomial(above, x) / polynomial(below, x);
+}
+
+constexpr double kLogTwoUpper = 0x1.62e42feep-1;  // 32 bits, so that a multiple of it is exact
+constexpr double kLogTwoLower = 0x1.a39ef35793c76p-33;
+constexpr double kRootHalf = 0.70710678118654752;
+
+}  // namespace
+
+double portableLog(double x) {
+  int exponent = 0;
+  double fraction = std::frexp(x, &exponent);
+  if (fraction < kRootHalf) {
+    fraction *= 2.0;
+    --exponent;
+  }
+  const double s = (fraction - 1.0) / (fraction + 1.0);  // |s| < 0.172: the term s^23 / 23 is below 1e-18
+  const double square = s * s;
+  double series = 0.0;
+  for (int power = 21; power >= 3; power -= 2) series = (series + 1.0 / power) * square;
+  const double count = exponent;
+  return count * kLogTwoUpper + (2.0 * s + (2.0 * s * series + count * kLogTwoLower));
+}
+
+double normalQuantile(double p) {
+  const double centred = p - 0.5;
+  if (std::abs(centred) <= 0.425) return centred * ratio(kCentreAbove, kCentreBelow, 0.180625 - centred * centred);
+  const double root = std::sqrt(-portableLog(centred < 0.0 ? p : 1.0 - p));
+  const double z = root <= 5.0 ? ratio(kTailAbove, kTailBelow, root - 1.6) : ratio(kFarAbove, kFarBelow, root - 5.0);
+  return centred < 0.0 ? -z : z;
+}
+
+}  // namespace engine
