@@ -20,10 +20,9 @@ class HOST_API UserCaseFileSpec {
   bool Init(const std::string& path, bool isLiteral, bool forWriting);
   bool IsInit() const;
 
-  struct State;
-  const State& state() const { return *state_; }
-
  private:
+  friend struct HostAccess;
+  struct State;
   std::unique_ptr<State> state_;
 };
 
@@ -50,10 +49,9 @@ class HOST_API VEXA_Case {
   void InitCase();  // every value system-missing
   bool SetColumnValue(int column, double value);
 
-  struct State;
-  const State& state() const { return *state_; }
-
  private:
+  friend struct HostAccess;
+  struct State;
   std::unique_ptr<State> state_;
 };
 
@@ -69,6 +67,7 @@ class HOST_API UserOutputCaseFile {
   bool Close();
 
  private:
+  friend struct HostAccess;
   struct State;
   std::unique_ptr<State> state_;
 };

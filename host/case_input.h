@@ -27,10 +27,9 @@ class HOST_API ACAVarValidSpecs {
 
   virtual bool AddVariable(int column, bool flag1, bool flag2, bool excludeUserMissing, bool flag4);
 
-  struct State;
-  const State& state() const { return *state_; }
-
  private:
+  friend struct HostAccess;
+  struct State;
   std::unique_ptr<State> state_;
 };
 
@@ -42,10 +41,9 @@ class HOST_API ACAInputAdapter {
   ACAInputAdapter& operator=(const ACAInputAdapter&) = delete;
   virtual ~ACAInputAdapter();
 
-  struct State;
-  const State& state() const { return *state_; }
-
  private:
+  friend struct HostAccess;
+  struct State;
   std::unique_ptr<State> state_;
 };
 
@@ -65,6 +63,7 @@ class HOST_API ACAProcDataSourceIter {
   virtual bool PreprocessCase();
 
  private:
+  friend struct HostAccess;
   struct State;
   std::unique_ptr<State> state_;
 };

@@ -18,13 +18,12 @@ class HOST_API TokenSequenceBase {
   TokenSequenceBase& operator=(const TokenSequenceBase&) = delete;
   virtual ~TokenSequenceBase();
 
-  struct State;
-  const State& state() const { return *state_; }
-
  protected:
+  struct State;
   explicit TokenSequenceBase(std::unique_ptr<State> state);
 
  private:
+  friend struct HostAccess;
   std::unique_ptr<State> state_;
 };
 
@@ -56,10 +55,9 @@ class HOST_API ParamObj {
   bool getUpStringGeneric(std::string& text) const;                   // upper-cased
   bool getStringOrLiteral(std::string& text, bool& isLiteral) const;  // isLiteral: the text stood in quotes
 
-  struct State;
-  State& state() { return *state_; }
-
  private:
+  friend struct HostAccess;
+  struct State;
   std::unique_ptr<State> state_;
 };
 
@@ -73,10 +71,9 @@ class HOST_API SubComObj {
 
   const ParamObj* getParamObj(const std::string& name) const;  // null when absent
 
-  struct State;
-  State& state() { return *state_; }
-
  private:
+  friend struct HostAccess;
+  struct State;
   std::unique_ptr<State> state_;
 };
 
@@ -90,10 +87,9 @@ class HOST_API CommandSpec {
 
   const SubComObj* getSubComObj(const std::string& name) const;  // null when absent; "" is the global part
 
-  struct State;
-  State& state() { return *state_; }
-
  private:
+  friend struct HostAccess;
+  struct State;
   std::unique_ptr<State> state_;
 };
 
@@ -109,6 +105,7 @@ class HOST_API UniversalParser {
   int getCommandSpecifications();
 
  private:
+  friend struct HostAccess;
   struct State;
   std::unique_ptr<State> state_;
 };
@@ -126,6 +123,7 @@ class HOST_API VarSpecObj {
   const std::vector<int>& GetValidVarList() const;                            // dictionary indexes, in list order
 
  private:
+  friend struct HostAccess;
   struct State;
   std::unique_ptr<State> state_;
 };

@@ -31,10 +31,9 @@ class HOST_API ParamDescriptor {
   void setLowerBoundary(double bound, UPSpecTypes::LowerBdryOptions option);
   void setUpperBoundary(double bound, UPSpecTypes::UpperBdryOptions option);
 
-  struct State;
-  const State& state() const { return *state_; }
-
  private:
+  friend struct HostAccess;
+  struct State;
   std::unique_ptr<State> state_;
 };
 
@@ -49,10 +48,9 @@ class HOST_API SubComDescriptor {
   void setExportParamDesc(UPSpecTypes::ParamSpec spec, bool flag);
   void addParamDesc(const ParamDescriptor& parameter);  // copies
 
-  struct State;
-  const State& state() const { return *state_; }
-
  private:
+  friend struct HostAccess;
+  struct State;
   std::unique_ptr<State> state_;
 };
 
@@ -65,9 +63,8 @@ class HOST_API CommandDescriptor {
 
   void addSubComDesc(const SubComDescriptor& subcommand);  // copies
 
-  struct State;
-  const State& state() const { return *state_; }
-
  private:
+  friend struct HostAccess;
+  struct State;
   std::unique_ptr<State> state_;
 };

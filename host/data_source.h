@@ -28,10 +28,9 @@ class HOST_API VEXA_Variable {
   bool SetWriteFormat(int type, int width, int decimals);
   bool SetMeasurementLevel(int level);
 
-  struct State;
-  State& state() { return *state_; }
-
  private:
+  friend struct HostAccess;
+  struct State;
   std::unique_ptr<State> state_;
 };
 
@@ -46,10 +45,9 @@ class HOST_API VEXA_InputCaseIterator {
   bool NextCase();                               // false after the last case
   std::string GetStringValue(int column) const;  // padded with blanks to the variable's width
 
-  struct State;
-  State& state() { return *state_; }
-
  private:
+  friend struct HostAccess;
+  struct State;
   std::unique_ptr<State> state_;
 };
 
@@ -59,7 +57,7 @@ class HOST_API VEXA_TrendsInfo {
   VEXA_TrendsInfo();
   VEXA_TrendsInfo(const VEXA_TrendsInfo&) = delete;
   VEXA_TrendsInfo& operator=(const VEXA_TrendsInfo&) = delete;
-  ~VEXA_TrendsInfo();  // NOLINT(performance-trivially-destructible): the host's to define
+  ~VEXA_TrendsInfo();
 
   // The upper end of the PREDICT range comes first, then the lower: is it set, is it a date, its case number (from 1).
   void GetPred(bool& qHi, bool& qHiDate, long& hiCase, bool& qLo, bool& qLoDate, long& loCase) const;
@@ -68,6 +66,11 @@ class HOST_API VEXA_TrendsInfo {
   void GetDateVar(int i, int& column, int& unitCode, int& periodicity) const;
   // Date variable i: its component of the PREDICT range's ends; system-missing when not given.
   void GetPredVar(int i, OBS& high, OBS& low) const;
+
+ private:
+  friend struct HostAccess;
+  struct State;
+  std::unique_ptr<State> state_;
 };
 
 class HOST_API VEXA_DataSource {
@@ -87,10 +90,9 @@ class HOST_API VEXA_DataSource {
   void SetLabel(const std::string& label);
   VEXA_Variable* MakeVariable(int type, const std::string& name);  // type 0: numeric; null when the name is refused
 
-  struct State;
-  State& state() { return *state_; }
-
  private:
+  friend struct HostAccess;
+  struct State;
   std::unique_ptr<State> state_;
 };
 
@@ -106,6 +108,7 @@ class HOST_API ProcedureDataSource {
   int GetWeightVarIndex() const;  // -1 when cases are not weighted
 
  private:
+  friend struct HostAccess;
   struct State;
   std::unique_ptr<State> state_;
 };

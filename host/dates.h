@@ -35,10 +35,10 @@ class HOST_API TSXDateSpec {
     // Offset of the period; of the nearest earlier one (or, with true, later one) when no period has that name.
     std::int64_t ClosestCaseOffset(bool later) const;
 
-    struct State;
-
    private:
     friend class TSXDateSpec;
+    friend struct HostAccess;
+    struct State;
     std::unique_ptr<State> state_;
   };
 
@@ -54,11 +54,9 @@ class HOST_API TSXDateSpec {
   TSXIndexTuple IndexTuple(long caseOffset) const;
   std::int64_t VirtualCaseOffset(long caseOffset) const;  // distance from the origin, in cases
 
-  struct State;
-  const State& state() const { return *state_; }
-  State& state() { return *state_; }
-
  private:
+  friend struct HostAccess;
+  struct State;
   std::unique_ptr<State> state_;
 };
 
@@ -75,6 +73,7 @@ class HOST_API TfoDateHandler {
   static unsigned VEXAIndexOrigin(PeriodType unit);
 
  private:
+  friend struct HostAccess;
   struct State;
   std::unique_ptr<State> state_;
 };

@@ -28,3 +28,7 @@
 #if defined(__GNUC__)
 #pragma GCC diagnostic pop
 #endif
+
+#if RAPIDJSON_MAJOR_VERSION != 1 || RAPIDJSON_MINOR_VERSION != 1
+#error "Documents of RapidJSON 1.1 cross the edge; its memory layout is part of the contract."
+#endif

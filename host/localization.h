@@ -9,13 +9,19 @@
 
 class HOST_API PathFactory {
  public:
+  PathFactory(const PathFactory&) = delete;
+  PathFactory& operator=(const PathFactory&) = delete;
+  ~PathFactory();
+
   // The path finder of one kind (3: display-text dictionaries); the host's, never null.
   static PathFactory* getPathInstance(int kind);
   std::string getPath() const;
 
  private:
-  explicit PathFactory(int kind) : kind_(kind) {}
-  int kind_;
+  friend struct HostAccess;
+  struct State;
+  explicit PathFactory(std::unique_ptr<State> state);
+  std::unique_ptr<State> state_;
 };
 
 class HOST_API FacSTDictionary {
@@ -29,6 +35,7 @@ class HOST_API FacSTDictionary {
   std::string LookUp(const std::string& key) const;  // the key itself when the dictionary does not hold it
 
  private:
+  friend struct HostAccess;
   struct State;
   std::unique_ptr<State> state_;
 };

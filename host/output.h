@@ -22,6 +22,7 @@ class HOST_API StatJSONGenerator {
   rapidjson::Document& getProcedureStatJSON();
 
  private:
+  friend struct HostAccess;
   struct State;
   std::unique_ptr<State> state_;
 };
@@ -37,6 +38,7 @@ class HOST_API StatJSONConverter {
   bool generateOutput(rapidjson::Document& document);
 
  private:
+  friend struct HostAccess;
   struct State;
   std::unique_ptr<State> state_;
 };
@@ -51,6 +53,7 @@ class HOST_API OPSCommonOutput {
   ~OPSCommonOutput();
 
  private:
+  friend struct HostAccess;
   struct State;
   std::unique_ptr<State> state_;
 };

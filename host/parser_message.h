@@ -20,6 +20,7 @@ class HOST_API ParserMessage {
   void GenericWarning(const std::string& text);
 
  private:
+  friend struct HostAccess;
   struct State;
   std::unique_ptr<State> state_;
 };

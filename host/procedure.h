@@ -14,9 +14,8 @@ class HOST_API BpProcedure {
   BpProcedure& operator=(const BpProcedure&) = delete;
   ~BpProcedure();
 
-  const std::string& title() const;
-
  private:
+  friend struct HostAccess;
   struct State;
   std::unique_ptr<State> state_;
 };

@@ -39,6 +39,7 @@ class HOST_API TableBuilder {
   void build();
 
  private:
+  friend struct ::HostAccess;
   struct State;
   std::unique_ptr<State> state_;
 };

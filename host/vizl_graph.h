@@ -29,6 +29,7 @@ class HOST_API StatVizlGraph {
   void addVizlGraphToProcedureJSON();
 
  private:
+  friend struct HostAccess;
   struct State;
   std::unique_ptr<State> state_;
 };

@@ -151,5 +151,17 @@ TEST_F(SaveTest, WhatCannotBeSavedWholeIsNotSaved) {
   EXPECT_THAT(folder_.listing(), ElementsAre("out.csv"));
 }
 
+TEST_F(SaveTest, AClosedFileTakesNoMoreCases) {
+  UserCaseFileSpec specification;
+  ASSERT_TRUE(specification.Init("out.csv", true, true));
+  UserOutputCaseFile output(specification);
+  addVariable(output.DataSource(), "PRE_1", "");
+  std::vector<double> buffer;
+  const VEXA_Case oneCase(output.DataSource(), buffer);
+  EXPECT_TRUE(output.DataSource().AddCase(oneCase));
+  ASSERT_TRUE(output.Close());
+  EXPECT_FALSE(output.DataSource().AddCase(oneCase));
+}
+
 }  // namespace
 }  // namespace workbench

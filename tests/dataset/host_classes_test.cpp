@@ -52,6 +52,7 @@ class HostClasses : public testing::Test {
 };
 
 TEST_F(HostClasses, EveryCaseIsDelivered) {
+  session_.clock.set(StageClock::parseEnd);
   EXPECT_THAT(read({0}, false), ElementsAre(ElementsAre(1.5), ElementsAre(-9), ElementsAre(missing), ElementsAre(4)));
   EXPECT_THAT(read({1, 0}, true), ElementsAre(ElementsAre(missing, 1.5), ElementsAre(missing, missing),
                                               ElementsAre(missing, missing), ElementsAre(missing, missing)));
@@ -59,6 +60,7 @@ TEST_F(HostClasses, EveryCaseIsDelivered) {
   ASSERT_EQ(session_.passes.size(), 3u);
   EXPECT_THAT(session_.passes[1].columns, ElementsAre(1, 0));
   EXPECT_TRUE(!session_.passes[0].excludeUserMissing && session_.passes[1].excludeUserMissing);
+  EXPECT_GT(session_.clock.between(StageClock::parseEnd, StageClock::validateEnd), 0.0);
 }
 
 TEST_F(HostClasses, TheDictionaryIsReadOnly) {

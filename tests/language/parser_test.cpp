@@ -35,6 +35,8 @@ TEST_F(ParserTest, ReadsEveryKindOfParameter) {
   EXPECT_EQ(1.5, number);
   EXPECT_TRUE(given("MODEL", "MAXLAG")->getIntegerValue(whole));
   EXPECT_EQ(25, whole);
+  using workbench::StageClock;
+  EXPECT_EQ(0.0, session_.clock.between(StageClock::parseEnd, StageClock::validateEnd));  // a look marks no stage
 }
 
 TEST_F(ParserTest, NumberListsStandWithAndWithoutBrackets) {

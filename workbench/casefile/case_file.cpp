@@ -2,15 +2,19 @@
 
 #include <exception>
 #include <stdexcept>
+#include <utility>
 
 #include "workbench/base/errors.h"
 #include "workbench/casefile/case_file_spec.h"
 #include "workbench/casefile/case_writer.h"
 #include "workbench/dataset/host_state.h"
+#include "workbench/session/host_access.h"
 #include "workbench/session/session.h"
 
 using workbench::currentSession;
 using workbench::kSystemMissing;
+using workbench::stateOf;
+using workbench::StateOf;
 
 // VEXA_Case
 
@@ -41,9 +45,10 @@ IndependentDataStore::IndependentDataStore() = default;
 IndependentDataStore::~IndependentDataStore() = default;
 
 bool IndependentDataStore::AddCase(const VEXA_Case& newCase) {
-  workbench::Dataset& dataset = *state().dataset;
-  const std::vector<double>& values = *newCase.state().buffer;
-  if (newCase.state().source != this || values.size() != dataset.columns.size()) return false;
+  const StateOf<VEXA_DataSource>& target = stateOf(*this);
+  workbench::Dataset& dataset = *target.dataset;
+  const std::vector<double>& values = *stateOf(newCase).buffer;
+  if (target.closed || stateOf(newCase).source != this || values.size() != dataset.columns.size()) return false;
   for (std::size_t i = 0; i < values.size(); ++i) dataset.columns[i].numbers.push_back(values[i]);
   ++dataset.rowCount;
   return true;
@@ -52,14 +57,15 @@ bool IndependentDataStore::AddCase(const VEXA_Case& newCase) {
 // UserOutputCaseFile
 
 struct UserOutputCaseFile::State {
-  UserCaseFileSpec::State specification;
+  StateOf<UserCaseFileSpec> specification;
   IndependentDataStore store;
-  bool closed = false;
+
+  StateOf<VEXA_DataSource>& target() { return stateOf(store); }
 };
 
 namespace {
 
-void save(const UserCaseFileSpec::State& specification, const VEXA_DataSource::State& source) {
+void save(const StateOf<UserCaseFileSpec>& specification, const StateOf<VEXA_DataSource>& source) {
   if (specification.path.empty()) throw workbench::OutputError("SAVE names no file.");
   if (source.spoiled) throw workbench::OutputError(currentSession().saveError);
   if (source.dataset->columns.empty()) {
@@ -71,7 +77,7 @@ void save(const UserCaseFileSpec::State& specification, const VEXA_DataSource::S
 }  // namespace
 
 UserOutputCaseFile::UserOutputCaseFile(const UserCaseFileSpec& specification) : state_(std::make_unique<State>()) {
-  state_->specification = specification.state();
+  state_->specification = stateOf(specification);
 }
 UserOutputCaseFile::~UserOutputCaseFile() = default;
 
@@ -80,10 +86,9 @@ IndependentDataStore& UserOutputCaseFile::DataSource() {
 }
 
 bool UserOutputCaseFile::Close() {
-  if (state_->closed) return false;
-  state_->closed = true;
+  if (std::exchange(state_->target().closed, true)) return false;
   try {
-    save(state_->specification, state_->store.state());
+    save(state_->specification, state_->target());
   } catch (const std::exception& error) {
     currentSession().saveError = error.what();
     return false;

@@ -12,6 +12,8 @@ using workbench::caseValue;
 using workbench::Column;
 using workbench::currentSession;
 using workbench::Dataset;
+using workbench::stateOf;
+using workbench::StateOf;
 
 MCCommon_940::Record::~Record() = default;
 
@@ -48,7 +50,7 @@ struct ACAInputAdapter::State {
 
 ACAInputAdapter::ACAInputAdapter(ACAVarValidSpecs* variables, ProcedureDataSource& dataSource) {
   if (variables == nullptr) throw std::invalid_argument("ACAInputAdapter needs the variables to read");
-  state_ = std::make_unique<State>(State{variables, dataSource.GetDataSource()->state().dataset});
+  state_ = std::make_unique<State>(State{variables, stateOf(*dataSource.GetDataSource()).dataset});
 }
 ACAInputAdapter::~ACAInputAdapter() = default;
 
@@ -60,9 +62,9 @@ struct ACAProcDataSourceIter::State {
     bool excludeUserMissing;
   };
 
-  explicit State(const ACAInputAdapter::State& input)
-      : rowCount(input.dataset->rowCount), record(input.variables->state().variables.size()) {
-    for (const auto& variable : input.variables->state().variables) {
+  explicit State(const StateOf<ACAInputAdapter>& input)
+      : rowCount(input.dataset->rowCount), record(stateOf(*input.variables).variables.size()) {
+    for (const auto& variable : stateOf(*input.variables).variables) {
       sources.push_back({&input.dataset->columns[variable.column], variable.excludeUserMissing});
     }
   }
@@ -74,15 +76,19 @@ struct ACAProcDataSourceIter::State {
 };
 
 ACAProcDataSourceIter::ACAProcDataSourceIter(ACAInputAdapter& adapter, bool)
-    : state_(std::make_unique<State>(adapter.state())) {
+    : state_(std::make_unique<State>(stateOf(adapter))) {
   workbench::CasePass pass;
-  const auto& variables = adapter.state().variables->state().variables;
+  const auto& variables = stateOf(*stateOf(adapter).variables).variables;
   for (const auto& variable : variables) pass.columns.push_back(static_cast<int>(variable.column));
   pass.excludeUserMissing =
       std::any_of(variables.begin(), variables.end(), [](const auto& variable) { return variable.excludeUserMissing; });
   currentSession().passes.push_back(std::move(pass));
 }
-ACAProcDataSourceIter::~ACAProcDataSourceIter() = default;
+
+// A procedure reads its data while it validates the command: the end of its last pass stands for the end of that.
+ACAProcDataSourceIter::~ACAProcDataSourceIter() {
+  currentSession().clock.set(workbench::StageClock::validateEnd);
+}
 
 bool ACAProcDataSourceIter::HasMore() {
   return state_->row < state_->rowCount;

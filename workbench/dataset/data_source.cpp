@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
+#include "host/codes.h"
 #include "workbench/dataset/host_state.h"
 #include "workbench/session/session.h"
 
@@ -12,6 +13,11 @@ using workbench::currentSession;
 using workbench::Dataset;
 using workbench::kSystemMissing;
 using workbench::MeasurementLevel;
+using workbench::stateOf;
+using workbench::StateOf;
+
+static_assert(static_cast<int>(MeasurementLevel::nominal) == codes::kNominalLevel &&
+              static_cast<int>(MeasurementLevel::scale) == codes::kScaleLevel);
 
 namespace {
 
@@ -27,7 +33,7 @@ std::string refusal(const Dataset& dataset, const std::string& name, int column)
          "\": give PREDICTED and NRESIDUAL different prefixes";
 }
 
-bool acceptName(VEXA_DataSource::State& source, const std::string& name, int column) {
+bool acceptName(StateOf<VEXA_DataSource>& source, const std::string& name, int column) {
   const std::string reason = refusal(*source.dataset, name, column);
   if (reason.empty()) return true;
   source.spoiled = true;
@@ -35,11 +41,11 @@ bool acceptName(VEXA_DataSource::State& source, const std::string& name, int col
   return false;
 }
 
-const Column* columnOf(const VEXA_Variable::State& state) {
+const Column* columnOf(const StateOf<VEXA_Variable>& state) {
   return state.source == nullptr ? nullptr : &state.source->dataset->columns[state.column];
 }
 
-Column* writableColumn(const VEXA_Variable::State& state) {
+Column* writableColumn(const StateOf<VEXA_Variable>& state) {
   return state.source == nullptr || state.source->active ? nullptr : &state.source->dataset->columns[state.column];
 }
 
@@ -77,7 +83,7 @@ int VEXA_Variable::GetMeasurementLevel() const {
 
 int VEXA_Variable::GetType() const {
   const Column* column = columnOf(*state_);
-  return column != nullptr && column->kind == ColumnKind::text ? column->textWidth : 0;
+  return column != nullptr && column->kind == ColumnKind::text ? column->textWidth : codes::kNumericVariable;
 }
 
 bool VEXA_Variable::SetName(const std::string& name) {
@@ -109,7 +115,7 @@ bool VEXA_Variable::SetWriteFormat(int type, int width, int decimals) {
 
 bool VEXA_Variable::SetMeasurementLevel(int level) {
   Column* column = writableColumn(*state_);
-  if (column == nullptr || level < 1 || level > 3) return false;
+  if (column == nullptr || level < codes::kNominalLevel || level > codes::kScaleLevel) return false;
   column->level = static_cast<MeasurementLevel>(level);
   return true;
 }
@@ -143,12 +149,16 @@ std::string VEXA_InputCaseIterator::GetStringValue(int column) const {
 
 // VEXA_TrendsInfo
 
-VEXA_TrendsInfo::VEXA_TrendsInfo() = default;
+struct VEXA_TrendsInfo::State {
+  const workbench::TrendsSettings* settings;  // the session's
+};
+
+VEXA_TrendsInfo::VEXA_TrendsInfo() : state_(std::make_unique<State>(State{&currentSession().trends})) {}
 VEXA_TrendsInfo::~VEXA_TrendsInfo() = default;
 
 // A PREDICT range of this host has no lower end.
 void VEXA_TrendsInfo::GetPred(bool& qHi, bool& qHiDate, long& hiCase, bool& qLo, bool& qLoDate, long& loCase) const {
-  const workbench::TrendsSettings& trends = currentSession().trends;
+  const workbench::TrendsSettings& trends = *state_->settings;
   qHi = trends.predictSet;
   qHiDate = trends.predictSet && trends.predictIsDate;
   hiCase = trends.predictSet && !trends.predictIsDate ? trends.predictCase : 0;
@@ -158,18 +168,18 @@ void VEXA_TrendsInfo::GetPred(bool& qHi, bool& qHiDate, long& hiCase, bool& qLo,
 }
 
 int VEXA_TrendsInfo::GetNDateVars() const {
-  return static_cast<int>(currentSession().trends.dateVariables.size());
+  return static_cast<int>(state_->settings->dateVariables.size());
 }
 
 void VEXA_TrendsInfo::GetDateVar(int i, int& column, int& unitCode, int& periodicity) const {
-  const workbench::DateVariable& variable = currentSession().trends.dateVariables.at(static_cast<std::size_t>(i));
+  const workbench::DateVariable& variable = state_->settings->dateVariables.at(static_cast<std::size_t>(i));
   column = variable.column;
   unitCode = variable.unitCode;
   periodicity = variable.periodicity;
 }
 
 void VEXA_TrendsInfo::GetPredVar(int i, OBS& high, OBS& low) const {
-  high = currentSession().trends.dateVariables.at(static_cast<std::size_t>(i)).predictThru;
+  high = state_->settings->dateVariables.at(static_cast<std::size_t>(i)).predictThru;
   low = kSystemMissing;
 }
 
@@ -195,7 +205,7 @@ VEXA_Variable* VEXA_DataSource::GetVariable(int index) {
   if (variables.size() <= column) variables.resize(column + 1);
   if (!variables[column]) {
     variables[column] = std::make_unique<VEXA_Variable>();
-    variables[column]->state() = {state_.get(), column};
+    stateOf(*variables[column]) = {state_.get(), column};
   }
   return variables[column].get();
 }
@@ -210,7 +220,7 @@ VEXA_TrendsInfo* VEXA_DataSource::GetTrendsInfo() {
 
 VEXA_InputCaseIterator VEXA_DataSource::GetInputCaseIterator() {
   VEXA_InputCaseIterator iterator;
-  iterator.state().dataset = state_->dataset;
+  stateOf(iterator).dataset = state_->dataset;
   return iterator;
 }
 
@@ -220,7 +230,8 @@ void VEXA_DataSource::SetLabel(const std::string& label) {
 
 VEXA_Variable* VEXA_DataSource::MakeVariable(int type, const std::string& name) {
   Dataset& dataset = *state_->dataset;
-  if (state_->active || type != 0 || dataset.rowCount > 0 || !acceptName(*state_, name, -1)) return nullptr;
+  if (state_->active || type != codes::kNumericVariable || dataset.rowCount > 0 || !acceptName(*state_, name, -1))
+    return nullptr;
   dataset.columns.emplace_back().name = name;
   return GetVariable(static_cast<int>(dataset.columns.size()) - 1);
 }
@@ -232,8 +243,8 @@ struct ProcedureDataSource::State {
 };
 
 ProcedureDataSource::ProcedureDataSource() : state_(std::make_unique<State>()) {
-  state_->source.state().dataset = &currentSession().dataset;
-  state_->source.state().active = true;
+  stateOf(state_->source).dataset = &currentSession().dataset;
+  stateOf(state_->source).active = true;
 }
 ProcedureDataSource::~ProcedureDataSource() = default;
 

@@ -10,10 +10,11 @@
 #include "host/case_input.h"
 #include "host/data_source.h"
 #include "workbench/dataset/dataset.h"
+#include "workbench/session/host_access.h"
 
 // A variable of a dataset that is being written may be changed, one of the active dataset may not.
 struct VEXA_Variable::State {
-  VEXA_DataSource::State* source = nullptr;
+  workbench::StateOf<VEXA_DataSource>* source = nullptr;
   std::size_t column = 0;
 };
 
@@ -21,6 +22,7 @@ struct VEXA_Variable::State {
 struct VEXA_DataSource::State {
   workbench::Dataset* dataset = nullptr;
   bool active = false;
+  bool closed = false;   // and takes no more cases
   bool spoiled = false;  // a variable was refused: what is written would be incomplete
   workbench::Dataset own;
   std::vector<std::unique_ptr<VEXA_Variable>> variables;  // made when first asked for

@@ -4,13 +4,19 @@
 #include <span>
 #include <stdexcept>
 
+#include "host/codes.h"
 #include "workbench/dates/case_label.h"
 #include "workbench/dates/labels.h"
+#include "workbench/session/host_access.h"
 #include "workbench/session/session.h"
 
 using workbench::CaseCalendar;
 using workbench::Period;
+using workbench::stateOf;
 using workbench::Unit;
+
+static_assert(static_cast<int>(Unit::year) == codes::kYear &&
+              static_cast<int>(Unit::observation) == codes::kObservation);
 
 // A specification without periods belongs to a dataset without dates.
 struct TSXDateSpec::State {
@@ -33,7 +39,7 @@ struct TSXDateSpec::TSXIndexTuple::State {
 };
 
 TSXDateSpec::TSXIndexTuple::TSXIndexTuple(const TSXDateSpec& specification)
-    : state_(std::make_unique<State>(State{specification.state().calendar, specification.state().period(0)})) {}
+    : state_(std::make_unique<State>(State{stateOf(specification).calendar, stateOf(specification).period(0)})) {}
 TSXDateSpec::TSXIndexTuple::TSXIndexTuple(const TSXIndexTuple& other)
     : state_(std::make_unique<State>(*other.state_)) {}
 TSXDateSpec::TSXIndexTuple& TSXDateSpec::TSXIndexTuple::operator=(const TSXIndexTuple& other) {
@@ -110,13 +116,13 @@ TfoDateHandler::~TfoDateHandler() = default;
 
 TSXDateSpec TfoDateHandler::GetCurrDateSpec() const {
   TSXDateSpec specification;
-  specification.state().calendar = state_->calendar;
-  if (state_->calendar) specification.state().origin = state_->calendar->first;
+  stateOf(specification).calendar = state_->calendar;
+  if (state_->calendar) stateOf(specification).origin = state_->calendar->first;
   return specification;
 }
 
 std::string TfoDateHandler::GetDateLabel(long caseOffset, const TSXDateSpec& specification) const {
-  const std::optional<Period> period = specification.state().period(caseOffset);
+  const std::optional<Period> period = stateOf(specification).period(caseOffset);
   return period ? workbench::periodLabel(*period) : std::to_string(caseOffset + 1);
 }
 

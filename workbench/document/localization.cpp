@@ -3,11 +3,10 @@
 #include <stdexcept>
 #include <utility>
 
+#include "host/codes.h"
 #include "workbench/session/languages.h"
 
 namespace {
-
-constexpr int kDisplayTexts = 3;
 
 workbench::MessageCatalogue readTexts(const std::string& path) {
   try {
@@ -22,15 +21,22 @@ workbench::MessageCatalogue readTexts(const std::string& path) {
 
 }  // namespace
 
+struct PathFactory::State {
+  bool findsDisplayTexts;
+};
+
+PathFactory::PathFactory(std::unique_ptr<State> state) : state_(std::move(state)) {}
+PathFactory::~PathFactory() = default;
+
 PathFactory* PathFactory::getPathInstance(int kind) {
-  static PathFactory displayTexts(kDisplayTexts);
-  static PathFactory nothing(0);
-  return kind == kDisplayTexts ? &displayTexts : &nothing;
+  static PathFactory displayTexts(std::make_unique<State>(State{true}));
+  static PathFactory nothing(std::make_unique<State>(State{false}));
+  return kind == codes::kDisplayTextPath ? &displayTexts : &nothing;
 }
 
 // The dictionary file of the session's language; empty when none is needed.
 std::string PathFactory::getPath() const {
-  if (kind_ != kDisplayTexts) return {};
+  if (!state_->findsDisplayTexts) return {};
   return workbench::dictionaryFile(workbench::currentSession()).string();
 }
 

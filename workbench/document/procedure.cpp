@@ -1,14 +1,7 @@
 #include "host/procedure.h"
 
-#include <utility>
+// The session knows which procedure it called.
+struct BpProcedure::State {};
 
-struct BpProcedure::State {
-  std::string title;
-};
-
-BpProcedure::BpProcedure(std::string title, int /*kind*/) : state_(new State{std::move(title)}) {}
+BpProcedure::BpProcedure(std::string /*title*/, int /*kind*/) {}
 BpProcedure::~BpProcedure() = default;
-
-const std::string& BpProcedure::title() const {
-  return state_->title;
-}

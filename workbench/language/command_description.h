@@ -6,19 +6,21 @@
 #include <string>
 #include <vector>
 
+#include "host/codes.h"
 #include "host/command_syntax.h"
+#include "workbench/session/host_access.h"
 
 namespace workbench {
 
 // The parameter kinds that this host knows, by their codes.
 enum class ParameterKind {
-  keyword = 3,
-  optionalName = 4,
-  keywordList = 5,
-  number = 7,
-  numberList = 8,
-  variableList = 16,
-  file = 23
+  keyword = codes::kKeyword,
+  optionalName = codes::kOptionalName,
+  keywordList = codes::kKeywordList,
+  number = codes::kNumber,
+  numberList = codes::kNumberList,
+  variableList = codes::kVariableList,
+  file = codes::kFileName
 };
 
 }  // namespace workbench
@@ -26,7 +28,7 @@ enum class ParameterKind {
 struct ParamDescriptor::State {
   std::string name;
   workbench::ParameterKind kind;
-  bool brackets;  // several items stand in square brackets (option 3); else a list is written without
+  bool brackets;  // several items stand in square brackets (kSquareBrackets); else a list is written without
   std::vector<std::string> keywords;
   std::optional<double> lower;  // both inclusive
   std::optional<double> upper;
@@ -44,9 +46,9 @@ struct CommandDescriptor::State {
 
 namespace workbench {
 
-using ParameterDescription = ParamDescriptor::State;
-using SubcommandDescription = SubComDescriptor::State;
-using CommandDescription = CommandDescriptor::State;
+using ParameterDescription = StateOf<ParamDescriptor>;
+using SubcommandDescription = StateOf<SubComDescriptor>;
+using CommandDescription = StateOf<CommandDescriptor>;
 
 // Names in the order described; the global part, whose name is empty, is left out.
 std::vector<std::string> parameterNames(const SubcommandDescription& subcommand);

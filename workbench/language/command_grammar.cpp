@@ -160,8 +160,8 @@ const ParameterDescription& CommandReader::described(const SubcommandDescription
     throw SyntaxError(name.span, quoted + " is a subcommand; it begins with a slash: /" + name.text + ".");
   }
   for (const SubComDescriptor& other : description_.subcommands) {
-    if (findParameter(other.state(), name.text) != nullptr) {
-      throw SyntaxError(name.span, quoted + " is a parameter of the subcommand " + other.state().name + ".");
+    if (findParameter(stateOf(other), name.text) != nullptr) {
+      throw SyntaxError(name.span, quoted + " is a parameter of the subcommand " + stateOf(other).name + ".");
     }
   }
   std::vector<std::string> known = parameterNames(subcommand);

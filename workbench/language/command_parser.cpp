@@ -5,6 +5,7 @@
 #include "workbench/language/command_grammar.h"
 #include "workbench/language/parse_result.h"
 #include "workbench/language/token_sequence.h"
+#include "workbench/session/host_access.h"
 #include "workbench/session/session.h"
 
 using workbench::currentSession;
@@ -18,20 +19,20 @@ VEXA_TokenSequence::VEXA_TokenSequence(bool)
 VEXA_TokenSequence::~VEXA_TokenSequence() = default;
 
 struct UniversalParser::State {
-  const TokenSequenceBase::State& tokens;
+  const workbench::StateOf<TokenSequenceBase>& tokens;
   CommandSpec& result;
   const CommandDescriptor& description;
 };
 
 UniversalParser::UniversalParser(TokenSequenceBase& tokens, CommandSpec& result, const CommandDescriptor& description)
-    : state_(std::make_unique<State>(State{tokens.state(), result, description})) {}
+    : state_(std::make_unique<State>(State{workbench::stateOf(tokens), result, description})) {}
 UniversalParser::~UniversalParser() = default;
 
 int UniversalParser::getCommandSpecifications() {
   workbench::Session& session = currentSession();
   const std::string& source = state_->tokens.source;
   workbench::ParsedCommand parsed =
-      workbench::parseCommand(source, state_->tokens.tokens, state_->description.state(), session.dataset);
+      workbench::parseCommand(source, state_->tokens.tokens, workbench::stateOf(state_->description), session.dataset);
   for (const workbench::SyntaxError& error : parsed.errors) {
     session.messages.push_back(
         {workbench::Message::Kind::error, workbench::locatedMessage(source, error.span, error.what())});
@@ -41,7 +42,7 @@ int UniversalParser::getCommandSpecifications() {
     session.parsed = true;
     session.requestedLists = workbench::requestedLists(parsed);
     session.requestedNumbers = workbench::requestedNumbers(parsed);
-    state_->result.state() = workbench::parseResult(std::move(parsed));
+    workbench::stateOf(state_->result) = workbench::parseResult(std::move(parsed));
   }
   session.clock.set(workbench::StageClock::parseEnd);
   return valid && !session.parseOnly ? 0 : 1;

@@ -9,8 +9,6 @@
 
 namespace {
 
-constexpr int kSquareBrackets = 3;
-
 workbench::ParameterKind kindOf(const std::string& name, UPSpecTypes::ParamSpec spec) {
   using enum workbench::ParameterKind;
   for (const auto kind : std::array{keyword, optionalName, keywordList, number, numberList, variableList, file}) {
@@ -24,7 +22,7 @@ workbench::ParameterKind kindOf(const std::string& name, UPSpecTypes::ParamSpec 
 ParamDescriptor::ParamDescriptor(std::string name, UPSpecTypes::ParamSpec spec, bool, bool,
                                  UPSpecTypes::BracketOptions brackets) {
   const workbench::ParameterKind kind = kindOf(name, spec);
-  const bool bracketed = static_cast<int>(brackets) == kSquareBrackets;
+  const bool bracketed = brackets == codes::kSquareBrackets;
   state_ = std::make_unique<State>(State{std::move(name), kind, bracketed, {}, {}, {}});
 }
 
@@ -84,28 +82,28 @@ namespace workbench {
 
 std::vector<std::string> parameterNames(const SubcommandDescription& subcommand) {
   std::vector<std::string> names;
-  for (const ParamDescriptor& parameter : subcommand.parameters) names.push_back(parameter.state().name);
+  for (const ParamDescriptor& parameter : subcommand.parameters) names.push_back(stateOf(parameter).name);
   return names;
 }
 
 std::vector<std::string> subcommandNames(const CommandDescription& command) {
   std::vector<std::string> names;
   for (const SubComDescriptor& subcommand : command.subcommands) {
-    if (!subcommand.state().name.empty()) names.push_back(subcommand.state().name);
+    if (!stateOf(subcommand).name.empty()) names.push_back(stateOf(subcommand).name);
   }
   return names;
 }
 
 const ParameterDescription* findParameter(const SubcommandDescription& subcommand, std::string_view name) {
   for (const ParamDescriptor& parameter : subcommand.parameters) {
-    if (sameName(parameter.state().name, name)) return &parameter.state();
+    if (sameName(stateOf(parameter).name, name)) return &stateOf(parameter);
   }
   return nullptr;
 }
 
 const SubcommandDescription* findSubcommand(const CommandDescription& command, std::string_view name) {
   for (const SubComDescriptor& subcommand : command.subcommands) {
-    if (sameName(subcommand.state().name, name)) return &subcommand.state();
+    if (sameName(stateOf(subcommand).name, name)) return &stateOf(subcommand);
   }
   return nullptr;
 }

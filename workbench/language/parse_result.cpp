@@ -4,14 +4,9 @@
 #include <limits>
 #include <utility>
 
-#include "workbench/session/session.h"
+#include "workbench/session/host_access.h"
 
 namespace {
-
-// The last look at the parse result is the end of validation.
-void markValidation() {
-  workbench::currentSession().clock.set(workbench::StageClock::validateEnd);
-}
 
 std::string upperCase(std::string text) {
   for (char& c : text) {
@@ -28,7 +23,6 @@ ParamObj& ParamObj::operator=(ParamObj&&) noexcept = default;
 ParamObj::~ParamObj() = default;
 
 bool ParamObj::getVarList(std::vector<VexaVarName>& names) const {
-  markValidation();
   if (state_->parsed.variables.empty()) return false;
   names.clear();
   for (const std::string& name : state_->parsed.variables) names.push_back({name});
@@ -36,7 +30,6 @@ bool ParamObj::getVarList(std::vector<VexaVarName>& names) const {
 }
 
 bool ParamObj::getStringList(std::vector<std::string>& texts) const {
-  markValidation();
   if (state_->parsed.texts.empty()) return false;
   texts = state_->parsed.texts;
   return true;
@@ -51,28 +44,24 @@ bool ParamObj::getIntegerValue(int& value) const {
 }
 
 bool ParamObj::getNumberValue(double& value) const {
-  markValidation();
   if (state_->parsed.numbers.size() != 1) return false;
   value = state_->parsed.numbers.front();
   return true;
 }
 
 bool ParamObj::getNumberList(std::vector<double>& values) const {
-  markValidation();
   if (state_->parsed.numbers.empty()) return false;
   values = state_->parsed.numbers;
   return true;
 }
 
 bool ParamObj::getUpStringGeneric(std::string& text) const {
-  markValidation();
   if (state_->parsed.texts.empty()) return false;
   text = upperCase(state_->parsed.texts.front());
   return true;
 }
 
 bool ParamObj::getStringOrLiteral(std::string& text, bool& isLiteral) const {
-  markValidation();
   if (state_->parsed.texts.empty()) return false;
   text = state_->parsed.texts.front();
   isLiteral = state_->parsed.quoted;
@@ -93,20 +82,19 @@ CommandSpec::CommandSpec() : state_(std::make_unique<State>()) {}
 CommandSpec::~CommandSpec() = default;
 
 const SubComObj* CommandSpec::getSubComObj(const std::string& name) const {
-  markValidation();
   const auto found = state_->subcommands.find(name);
   return found == state_->subcommands.end() ? nullptr : &found->second;
 }
 
 namespace workbench {
 
-CommandSpec::State parseResult(ParsedCommand&& command) {
-  CommandSpec::State result;
+StateOf<CommandSpec> parseResult(ParsedCommand&& command) {
+  StateOf<CommandSpec> result;
   for (ParsedSubcommand& subcommand : command.subcommands) {
     SubComObj& object = result.subcommands[subcommand.name];
     for (ParsedParameter& parameter : subcommand.parameters) {
       const std::string name = parameter.name;
-      object.state().parameters[name].state().parsed = std::move(parameter);
+      stateOf(stateOf(object).parameters[name]).parsed = std::move(parameter);
     }
   }
   return result;

@@ -8,6 +8,7 @@
 
 #include "host/command_parser.h"
 #include "workbench/language/parsed_command.h"
+#include "workbench/session/host_access.h"
 
 struct ParamObj::State {
   workbench::ParsedParameter parsed;
@@ -23,7 +24,7 @@ struct CommandSpec::State {
 
 namespace workbench {
 
-CommandSpec::State parseResult(ParsedCommand&& command);
+StateOf<CommandSpec> parseResult(ParsedCommand&& command);
 
 // "SUBCOMMAND PARAMETER" leads to the variables, keywords or text given.
 std::map<std::string, std::vector<std::string>> requestedLists(const ParsedCommand& command);
