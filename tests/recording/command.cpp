@@ -79,7 +79,7 @@ struct CommandSpec::State : recording::Object {
   State() : Object("CommandSpec") {
     for (const auto& [name, parameters] : current().command) {
       for (const auto& [parameter, value] : parameters) {
-        subcommands[name].state().parameters[parameter].state().value = value;
+        HostAccess::state(HostAccess::state(subcommands[name]).parameters[parameter]).value = value;
       }
       subcommands[name];
     }

@@ -57,6 +57,7 @@ ANSWERS(bool, VEXA_InputCaseIterator, NextCase(), ++state_->next <= caseCount())
 ANSWERS(std::string, VEXA_InputCaseIterator, GetStringValue(int column) const,
         columnAt(column).texts.at(state_->next - 1))
 
+struct VEXA_TrendsInfo::State {};
 VEXA_TrendsInfo::VEXA_TrendsInfo() = default;
 VEXA_TrendsInfo::~VEXA_TrendsInfo() = default;
 void VEXA_TrendsInfo::GetPred(bool& qHi, bool& qHiDate, long& hiCase, bool&, bool&, long&) const {
@@ -82,7 +83,7 @@ struct VEXA_DataSource::State {
 
   VEXA_Variable* add(const recording::Column& column) {
     variables.push_back(std::make_unique<VEXA_Variable>());
-    variables.back()->state().column = column;
+    HostAccess::state(*variables.back()).column = column;
     return variables.back().get();
   }
 };
@@ -105,7 +106,7 @@ VEXA_Variable* VEXA_DataSource::MakeVariable(int type, const std::string& name) 
 
 struct ProcedureDataSource::State : recording::Object {
   State() : Object("ProcedureDataSource") {
-    for (const recording::Column& column : current().columns) active.state().add(column);
+    for (const recording::Column& column : current().columns) HostAccess::state(active).add(column);
   }
   VEXA_DataSource active;
 };
@@ -154,7 +155,8 @@ ACAInputAdapter::~ACAInputAdapter() = default;
 
 struct ACAProcDataSourceIter::State : recording::Object {
   State(const ACAInputAdapter& adapter, bool flag)
-      : Object("ACAProcDataSourceIter", flag), columns(adapter.state().variables.state().columns) {}
+      : Object("ACAProcDataSourceIter", flag),
+        columns(HostAccess::state(HostAccess::state(adapter).variables).columns) {}
   const std::vector<int>& columns;
   std::size_t next = 0;
   OneCase record;
@@ -242,7 +244,7 @@ struct VEXA_Case::State : recording::Object {
   std::vector<double>& values;
 };
 VEXA_Case::VEXA_Case(VEXA_DataSource& dataSource, std::vector<double>& buffer)
-    : state_(new State(buffer, dataSource.state().variables.size())) {}
+    : state_(new State(buffer, HostAccess::state(dataSource).variables.size())) {}
 VEXA_Case::~VEXA_Case() = default;
 void VEXA_Case::InitCase() {
   counted("InitCase");
@@ -256,7 +258,7 @@ bool VEXA_Case::SetColumnValue(int column, double value) {
 
 bool IndependentDataStore::AddCase(const VEXA_Case& newCase) {
   counted("AddCase");
-  current().savedCases.push_back(newCase.state().values);
+  current().savedCases.push_back(HostAccess::state(newCase).values);
   return true;
 }
 

@@ -7,7 +7,15 @@
 #include <utility>
 #include <vector>
 
+#include "host/edge.h"
 #include "tests/recording/recording_host.h"
+
+struct HostAccess {
+  template <typename HostClass>
+  static auto& state(const HostClass& object) {
+    return *object.state_;
+  }
+};
 
 namespace recording {
 

@@ -13,9 +13,12 @@ using recording::noted;
 
 // ---- localization.h: display texts are the keys
 
+struct PathFactory::State {};
+PathFactory::PathFactory(std::unique_ptr<State> state) : state_(std::move(state)) {}
+PathFactory::~PathFactory() = default;
 PathFactory* PathFactory::getPathInstance(int kind) {
   noted("getPathInstance", kind);
-  static PathFactory finder(kind);
+  static PathFactory finder(nullptr);
   return &finder;
 }
 ANSWERS(std::string, PathFactory, getPath() const, "texts")

@@ -105,7 +105,7 @@ void SubComDescriptor::setExportParamDesc(UPSpecTypes::ParamSpec spec, bool flag
   counted("setExportParamDesc");
 }
 void SubComDescriptor::addParamDesc(const ParamDescriptor& parameter) {
-  state_->text += "\n  " + parameter.state().text;
+  state_->text += "\n  " + HostAccess::state(parameter).text;
   counted("addParamDesc");
 }
 
@@ -113,6 +113,6 @@ OBJECT(CommandDescriptor)
 CommandDescriptor::CommandDescriptor(const std::string& commandName)
     : state_(new State("CommandDescriptor", commandName)) {}
 void CommandDescriptor::addSubComDesc(const SubComDescriptor& subcommand) {
-  current().calls.push_back(subcommand.state().text);
+  current().calls.push_back(HostAccess::state(subcommand).text);
   counted("addSubComDesc");
 }
