@@ -101,7 +101,7 @@ TEST(German, MessagesNotesAndHintsAreGerman) {
     space.file("job.toml", "command = '''\nVARMODEL\n/MODEL ENDOGENOUS=realgdp realcons " + one.command +
                                "\n'''\n[data]\nsource = \"us_macro_quarterly.csv\"\n" + one.toml);
     const ProgramRun run = space.run({"run", "job.toml", "--lang", "de"});
-    const std::string seen = std::regex_replace(run.out + run.err, std::regex("\n +"), " ");  // notes are wrapped
+    const std::string seen = unwrapped(run.out + run.err);
     for (const std::string& text : one.wanted) EXPECT_THAT(seen, HasSubstr(text)) << one.command;
   }
 }

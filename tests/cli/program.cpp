@@ -3,6 +3,7 @@
 #include <sys/wait.h>
 
 #include <cstdlib>
+#include <regex>
 
 namespace {
 
@@ -13,6 +14,10 @@ std::string quoted(const std::string& text) {
 }
 
 }  // namespace
+
+std::string unwrapped(const std::string& text) {
+  return std::regex_replace(text, std::regex("\n +"), " ");
+}
 
 Workspace& Workspace::file(const std::string& name, const std::string& content) {
   folder_.write(name, content);

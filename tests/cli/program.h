@@ -13,6 +13,9 @@ struct ProgramRun {
   std::string err;
 };
 
+// Notes are wrapped; here each is one line again.
+std::string unwrapped(const std::string& text);
+
 class Workspace {
  public:
   Workspace& file(const std::string& name, const std::string& content);

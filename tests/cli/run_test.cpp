@@ -125,7 +125,7 @@ TEST_F(Run, PublishedCheckAgreesAndItsUnscaledFormIsSingular) {
 
   const ProgramRun singular = differences("1");
   EXPECT_EQ(singular.exitCode, 1);
-  EXPECT_THAT(singular.err, AllOf(HasSubstr("Covariance matrix is singular"), HasSubstr("Rescale the series")));
+  EXPECT_THAT(singular.err, AllOf(HasSubstr("Covariance matrix is singular"), HasSubstr("  scale = 100\n")));
 }
 
 TEST_F(Run, SaveFailuresKeepTheOutputAndTheOldFile) {

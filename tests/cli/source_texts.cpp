@@ -141,7 +141,6 @@ std::set<std::string> procedureMessages() {
   std::set<std::string> messages;
   forEachSource({"procedures/varmodel/syntax", "procedures/varmodel/data", "procedures/varmodel/algo"},
                 [&](const std::string& source) { addMessages(source, message, ")", messages); });
-  forEachSource({"procedures"},
-                [&](const std::string& source) { addMessages(source, warning, ";", messages); });
+  forEachSource({"procedures"}, [&](const std::string& source) { addMessages(source, warning, ";", messages); });
   return messages;
 }

@@ -65,12 +65,23 @@ struct UserOutputCaseFile::State {
 
 namespace {
 
+// What was saved of variables in a multiplied unit goes back to their own.
+void scaleBack(workbench::Dataset& dataset, double scale) {
+  if (scale == 1.0) return;
+  for (workbench::Column& column : dataset.columns) {
+    for (double& value : column.numbers) {
+      if (value != kSystemMissing) value /= scale;
+    }
+  }
+}
+
 void save(const StateOf<UserCaseFileSpec>& specification, const StateOf<VEXA_DataSource>& source) {
   if (specification.path.empty()) throw workbench::OutputError("SAVE names no file.");
   if (source.spoiled) throw workbench::OutputError(currentSession().saveError);
   if (source.dataset->columns.empty()) {
     throw workbench::OutputError("SAVE FILE has nothing to save. Add PREDICTED or NRESIDUAL.");
   }
+  scaleBack(*source.dataset, currentSession().savedScale);
   workbench::writeCases(*source.dataset, specification.format, specification.path);
 }
 

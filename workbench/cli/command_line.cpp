@@ -45,6 +45,7 @@ void addComposer(CLI::App& program, ComposeOptions& options) {
   app->add_option("--predict", options.predictPeriods, "Forecast N periods after the last case")
       ->type_name("N")
       ->check(CLI::PositiveNumber);
+  app->add_flag("--complete", options.complete, "Drop the rows that lack a variable of the command");
   auto* column = app->add_option("--dates", options.dateColumn, "DATE or TIMESTAMP column that dates the cases");
   app->add_option("--start", options.start, "Date of the first case, such as year=1959 quarter=1")
       ->type_name("UNIT=N")

@@ -37,6 +37,8 @@ Job makeComposedJob(const ComposeOptions& options) {
   Job job;
   job.command = options.composer->compose({options.predictPeriods});
   job.data = {options.data, options.query};
+  job.composer = options.composer;
+  job.complete = options.complete;
   job.predictPeriods = options.predictPeriods;
   DatesRequest dates;
   if (!options.start.empty()) dates.start = readStart(options.start);

@@ -3,10 +3,12 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "workbench/commands/common/composer.h"
 #include "workbench/dataset/dictionary.h"
 #include "workbench/dataset/load.h"
 #include "workbench/dates/requests.h"
@@ -15,7 +17,8 @@ namespace workbench {
 
 struct Job {
   std::string command;
-  double scale = 1.0;     // factor of the endogenous variables
+  std::shared_ptr<Composer> composer;  // that composed the command; null for a job file
+  double scale = 1.0;                  // factor of the endogenous variables
   bool complete = false;  // rows that lack a variable of a command are dropped before its procedure sees them
   DataRequest data;
   std::vector<DictionaryEntry> dictionary;

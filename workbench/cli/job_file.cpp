@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <fstream>
 #include <iostream>
 #include <sstream>
@@ -116,7 +117,7 @@ void readPredict(const TomlSection& top, Job& job) {
 }
 
 void readData(const TomlSection& top, Job& job) {
-  const auto section = top.section("data", {"source", "query"});
+  const auto section = top.section("data", {"source", "query", "scale", "complete"});
   if (!section) throw UsageError(nameOf(job.file) + ": there is no [data] section with a source.");
   if (const auto source = section->text("source")) {
     job.data.source = *source == kStandardStream ? std::filesystem::path(*source) : job.baseFolder / *source;
@@ -126,6 +127,11 @@ void readData(const TomlSection& top, Job& job) {
   if (job.data.source.empty() && job.data.query.empty()) {
     top.fail("data", "needs a source (a data file) or a query.");
   }
+  if (const auto scale = section->number("scale")) {
+    if (!(*scale > 0.0) || std::isinf(*scale)) section->fail("scale", "must be a positive number, such as 100.");
+    job.scale = *scale;
+  }
+  job.complete = section->flag("complete").value_or(false);
   if (job.file == kStandardStream && job.data.source == kStandardStream) {
     section->fail("source", "cannot be standard input, which the job is read from. Name a data file.");
   }

@@ -44,6 +44,7 @@ struct ComposeOptions {
   std::filesystem::path data;
   std::string query;
   std::optional<long> predictPeriods;  // periods after the last case
+  bool complete = false;               // rows that lack a variable are dropped
   std::string dateColumn;
   std::vector<std::string> start;  // "year=1959" "quarter=1"
   std::shared_ptr<Composer> composer;

@@ -44,8 +44,12 @@ std::string reportPage(const FinishedRun& run, const std::vector<RunMessage>& me
   input.commandText = run.text;
   input.language = run.input.language;
   input.locale = sessionLocale();
+  input.itemNotes = run.command.itemNotes(run);
   input.facts.push_back({tr("Data source"), run.input.dataset.origin});
   addRowFacts(run, input.facts);
+  if (run.scale != 1.0) {
+    input.facts.push_back({tr("Unit"), tr("endogenous series multiplied by ^1", fullPrecision(run.scale))});
+  }
   input.facts.push_back({tr("Version"), VARMODEL_VERSION});
   input.facts.push_back({tr("Duration"), tr("^1 s", formatNumber(seconds, {.decimals = 3}, input.locale).text)});
   for (const RunMessage& message : messages) input.messages.push_back({reportKind(message.kind), message.text});

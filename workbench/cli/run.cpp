@@ -7,6 +7,7 @@
 
 #include "workbench/base/errors.h"
 #include "workbench/base/standard_streams.h"
+#include "workbench/cli/job_notes.h"
 #include "workbench/cli/output_files.h"
 #include "workbench/cli/report_file.h"
 #include "workbench/cli/screen.h"
@@ -95,19 +96,39 @@ void printTimings(const StageClock& clock, double load, double render, double to
   line("total", total);
 }
 
+// The command, and what its composer lets follow.
+FinishedRun runCommand(const Job& job, CommandRunner& runner) {
+  auto run = std::make_unique<FinishedRun>(runner.run(commandOf(job.command), job.command));
+  while (job.composer != nullptr) {
+    const std::optional<NextRun> next = job.composer->next(*run, runner);
+    if (!next) break;
+    run = std::make_unique<FinishedRun>(runner.run(commandOf(next->text), next->text, next->settings));
+  }
+  return std::move(*run);
+}
+
+std::vector<RunMessage> tellAll(const Job& job, const FinishedRun& run, CommandRunner& runner) {
+  std::vector<RunMessage> messages;
+  for (std::string& note : jobNotes(job, runner.input().dataset)) {
+    messages.push_back({RunMessage::Kind::note, std::move(note)});
+  }
+  for (RunMessage& message : collectMessages(run, runner)) messages.push_back(std::move(message));
+  return messages;
+}
+
 }  // namespace
 
 int runJob(const Job& job, const OutputOptions& options) {
   const Stopwatch total;
-  const Command& command = commandOf(job.command);
+  commandOf(job.command);  // refuses an unknown one before the data are read
   CommandRunner runner(prepareInput(job, options),
                        {.scale = job.scale, .complete = job.complete, .summary = options.summary});
   const double load = total.seconds();
 
-  const FinishedRun run = runner.run(command, job.command);
+  const FinishedRun run = runCommand(job, runner);
 
   const Stopwatch render;
-  const std::vector<RunMessage> messages = collectMessages(run, runner);
+  const std::vector<RunMessage> messages = tellAll(job, run, runner);
   showRun(run, messages, options);
   if (!options.trace.empty()) writeOutput(options.trace, run.streams.out + run.streams.err);
   if (!options.json.empty() && run.record.document.IsObject()) writeJson(run.record.document, options.json);

@@ -65,7 +65,7 @@ void showOutput(const FinishedRun& run, const std::vector<RunMessage>& messages,
   style.listsCharts = plots.text.empty();
   if (!plots.problem.empty()) put(stderr, paintMessage("warning", plots.problem, messageStyle(STDERR_FILENO)));
   showNotes(messages, true);
-  put(stdout, paintDocumentTerminal(document, style, sessionLocale()));
+  put(stdout, paintDocumentTerminal(document, style, sessionLocale(), run.command.itemNotes(run)));
   if (!plots.text.empty()) put(stdout, "\n" + plots.text);
   showNotes(messages, false);
   for (const auto& file : run.record.savedFiles) put(stdout, tr("saved: ^1", file.string()) + "\n");

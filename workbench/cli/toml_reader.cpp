@@ -82,6 +82,10 @@ std::optional<std::int64_t> TomlSection::integer(std::string_view key) const {
   return value<std::int64_t>(key, "a whole number");
 }
 
+std::optional<bool> TomlSection::flag(std::string_view key) const {
+  return value<bool>(key, "true or false");
+}
+
 std::optional<std::vector<double>> TomlSection::numbers(std::string_view key) const {
   return list<double>(key, "a list of numbers, such as [-9.0, -8.0]");
 }

@@ -30,6 +30,7 @@ class TomlSection {
   std::optional<std::string> text(std::string_view key) const;
   std::optional<double> number(std::string_view key) const;
   std::optional<std::int64_t> integer(std::string_view key) const;
+  std::optional<bool> flag(std::string_view key) const;
   std::optional<std::vector<double>> numbers(std::string_view key) const;
   std::optional<std::vector<std::string>> texts(std::string_view key) const;
   std::optional<TomlSection> section(std::string_view key, std::vector<std::string_view> known) const;

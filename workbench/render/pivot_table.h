@@ -63,7 +63,7 @@ struct ChartItem {
   const rapidjson::Value* json = nullptr;  // the item itself, in the document
 };
 
-// Notes of the workbench below tables and charts, by the item's place in the document.
+// Notes of the workbench below tables and charts, by the place of the item among those of its document.
 using ItemNotes = std::map<std::size_t, std::vector<std::string>>;
 
 using DocumentItem = std::variant<PivotTable, ChartItem>;

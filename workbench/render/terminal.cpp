@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "workbench/render/display_text.h"
+#include "workbench/render/message_text.h"
 #include "workbench/render/terminal_layout.h"
 #include "workbench/session/texts.h"
 
@@ -177,6 +178,12 @@ std::string chartLine(const ChartItem& chart, const TerminalStyle& style) {
   return lines;
 }
 
+std::string noteLines(const std::vector<std::string>& notes, const TerminalStyle& style) {
+  std::string lines;
+  for (const std::string& note : notes) lines += paintMessage("note", note, {.width = lineWidth(style)});
+  return lines;
+}
+
 }  // namespace
 
 std::string paintHeading(const std::string& text, const TerminalStyle& style) {
@@ -190,13 +197,16 @@ std::string paintTerminal(const PivotTable& table, const TerminalStyle& style) {
   return TablePainter(table, style).paint();
 }
 
-std::string paintDocumentTerminal(const rapidjson::Document& document, const TerminalStyle& style,
-                                  const Locale& locale) {
+std::string paintDocumentTerminal(const rapidjson::Document& document, const TerminalStyle& style, const Locale& locale,
+                                  const ItemNotes& notes) {
   std::vector<std::string> blocks{paintHeading(tr(textProperty(document, "procedure")), style) +
                                   paintHeading(textProperty(document, "subtitle"), style)};
   std::string charts;
+  std::size_t place = 0;
   for (const DocumentItem& item : documentItems(document, locale)) {
-    if (const auto* table = std::get_if<PivotTable>(&item)) blocks.push_back(paintTerminal(*table, style));
+    const auto below = notes.find(place++);
+    const std::string remarks = below == notes.end() ? "" : noteLines(below->second, style);
+    if (const auto* table = std::get_if<PivotTable>(&item)) blocks.push_back(paintTerminal(*table, style) + remarks);
     if (const auto* chart = std::get_if<ChartItem>(&item)) charts += chartLine(*chart, style);
   }
   if (!charts.empty() && style.listsCharts) blocks.push_back(paintHeading(tr("Charts"), style) + charts);

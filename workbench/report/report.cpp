@@ -123,24 +123,35 @@ class Page {
     if (items == input_.document->MemberEnd() || !items->value.IsArray()) return;
     std::size_t number = 0;
     for (const Json& item : items->value.GetArray()) {
+      const std::string remarks = itemNotes(number);
       const std::string id = fmt::format("item-{}", ++number);
       const std::string type = item.IsObject() ? textProperty(item, "type") : "";
       if (type == "table") {
-        addTable(id, readPivotTable(item, input_.locale));
+        addTable(id, readPivotTable(item, input_.locale), remarks);
       } else if (type == "chart") {
-        addSection(id, "chart", htmlText(textProperty(item, "name")), charts_.add(item, input_.locale));
+        addSection(id, "chart", htmlText(textProperty(item, "name")), charts_.add(item, input_.locale) + remarks);
       }
     }
   }
 
-  void addTable(const std::string& id, const PivotTable& table) {
+  std::string itemNotes(std::size_t place) const {
+    std::string out;
+    const auto found = input_.itemNotes.find(place);
+    if (found == input_.itemNotes.end()) return out;
+    for (const std::string& note : found->second) {
+      out += fmt::format("<p class=\"remark\">{}: {}</p>\n", htmlText(tr("Note")), htmlText(note));
+    }
+    return out;
+  }
+
+  void addTable(const std::string& id, const PivotTable& table, const std::string& remarks) {
     const std::string title = htmlText(table.title);
     addSection(
         id, "table", title,
         fmt::format("<div class=\"table-tools\"><button type=\"button\" data-copy=\"table\" title=\"{}\">{}</button>"
-                    "</div>\n<div class=\"scroll\" tabindex=\"0\" role=\"region\" aria-label=\"{}\">\n{}</div>\n",
+                    "</div>\n<div class=\"scroll\" tabindex=\"0\" role=\"region\" aria-label=\"{}\">\n{}</div>\n{}",
                     htmlText(tr("Copy for a spreadsheet, in full precision")), htmlText(tr("Copy")), title,
-                    htmlTable(table)));
+                    htmlTable(table), remarks));
   }
 
   std::string head(const std::string& heading) const {

@@ -7,6 +7,7 @@
 
 #include "host/json_document.h"
 #include "workbench/render/number_format.h"
+#include "workbench/render/pivot_table.h"
 
 namespace workbench {
 
@@ -25,6 +26,7 @@ struct ReportMessage {
 struct ReportInput {
   const rapidjson::Value* document = nullptr;  // as the converter received it; null when it received nothing
   std::string commandText;
+  ItemNotes itemNotes;            // below tables and charts
   std::vector<ReportFact> facts;  // what the run was, in order of reading: data source, rows, sample, version, ...
   std::vector<ReportMessage> messages;
   std::vector<std::string> savedFiles;

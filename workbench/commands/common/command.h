@@ -72,8 +72,9 @@ class Command {
 struct FinishedRun {
   const Command& command;
   const CallInput& input;
-  std::string text;    // of the command
-  double scale = 1.0;  // the factor of the variables of its scaledLists()
+  std::string text;       // of the command
+  double scale = 1.0;     // the factor of the variables of its scaledLists()
+  bool complete = false;  // incomplete cases were hidden from the procedure
   CallRecord record;
   CapturedStreams streams;
   Outcome outcome;

@@ -19,7 +19,7 @@ FinishedRun CommandRunner::call(const Command& command, bool parseOnly) {
   session_.parseOnly = parseOnly;
   static_cast<CallRecord&>(session_) = {};
   CapturedStreams streams = module->call(session_);
-  FinishedRun run{command, session_, session_.commandText, 1.0, {}, std::move(streams), {}};
+  FinishedRun run{command, session_, session_.commandText, 1.0, false, {}, std::move(streams), {}};
   run.record = std::move(static_cast<CallRecord&>(session_));
   run.outcome = command.outcome(run.record, run.streams);
   return run;
@@ -43,6 +43,7 @@ FinishedRun CommandRunner::run(const Command& command, const std::string& text, 
   command.requestSummary(settings.summary);
   FinishedRun finished = call(command, false);
   finished.scale = session_.savedScale;
+  finished.complete = settings.complete;
   return finished;
 }
 

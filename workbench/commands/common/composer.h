@@ -6,7 +6,16 @@
 #include <optional>
 #include <string>
 
+#include "workbench/commands/common/command_runner.h"
+
 namespace workbench {
+
+// What to run after a command.
+struct NextRun {
+  std::string text;
+  RunnerSettings settings;
+  bool replaces = false;  // the last run, which then is not shown
+};
 
 // What all composed commands share beside their own options.
 struct ComposerRequest {
@@ -23,6 +32,8 @@ class Composer {
   virtual void addOptions(CLI::App& app) = 0;
   // The command text, after the options were read.
   virtual std::string compose(const ComposerRequest& request) const = 0;
+  // What follows the last run; nothing when all is done. The runner may be used for further calls on the same data.
+  virtual std::optional<NextRun> next(const FinishedRun& /*last*/, CommandRunner& /*runner*/) { return std::nullopt; }
 };
 
 }  // namespace workbench

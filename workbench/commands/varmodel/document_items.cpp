@@ -43,17 +43,6 @@ constexpr std::array keywordItems = {
     KeywordItem{seriesPlot, "FORECAST", "chart", "Forecast -"},
 };
 
-// Most items are named in the session's language, two tables in English in every language.
-bool hasItem(const CallRecord& record, std::string_view type, std::string_view name) {
-  const rapidjson::Value* items = itemsOf(record);
-  if (items == nullptr || name.empty()) return false;
-  const std::string localName = tr(name);
-  return std::any_of(items->Begin(), items->End(), [&](const rapidjson::Value& item) {
-    const std::string_view itemName(item["name"].GetString(), item["name"].GetStringLength());
-    return type == item["type"].GetString() && (itemName.starts_with(localName) || itemName.starts_with(name));
-  });
-}
-
 }  // namespace
 
 bool requested(const CallRecord& record, std::string_view list, std::string_view keyword) {
@@ -67,11 +56,25 @@ const rapidjson::Value* itemsOf(const CallRecord& record) {
   return &record.document["items"];
 }
 
+// Most items are named in the session's language, two tables in English in every language.
+bool isItem(const rapidjson::Value& item, std::string_view type, std::string_view name) {
+  const std::string_view itemName(item["name"].GetString(), item["name"].GetStringLength());
+  return type == item["type"].GetString() && (itemName.starts_with(tr(name)) || itemName.starts_with(name));
+}
+
+const rapidjson::Value* findItem(const CallRecord& record, std::string_view type, std::string_view name) {
+  const rapidjson::Value* items = itemsOf(record);
+  if (items == nullptr || name.empty()) return nullptr;
+  const auto found = std::find_if(items->Begin(), items->End(),
+                                  [&](const rapidjson::Value& item) { return isItem(item, type, name); });
+  return found == items->End() ? nullptr : found;
+}
+
 std::vector<std::string> keywordNotes(const CallRecord& record) {
   std::vector<std::string> notes;
   for (const KeywordItem& entry : keywordItems) {
     if (!requested(record, entry.list, entry.keyword)) continue;
-    if (hasItem(record, entry.type, entry.name)) continue;
+    if (findItem(record, entry.type, entry.name) != nullptr) continue;
     std::string text = tr("^1 was requested but produced no output.", entry.keyword);
     if (entry.keyword == "RESIDACF") text += " " + tr("Its column is part of the residual tests: add TAUTO or TNORM.");
     if (entry.keyword == "FORECASTS" || entry.keyword == "FORECAST") {

@@ -19,6 +19,11 @@ bool requested(const CallRecord& record, std::string_view list, std::string_view
 // The items of the run's document; null when there is none.
 const rapidjson::Value* itemsOf(const CallRecord& record);
 
+// Whether the item is of this type and its name, in English, begins so.
+bool isItem(const rapidjson::Value& item, std::string_view type, std::string_view name);
+// The first such item of the run's document; null when there is none.
+const rapidjson::Value* findItem(const CallRecord& record, std::string_view type, std::string_view name);
+
 // One note for each keyword that was requested and has no item in the document.
 std::vector<std::string> keywordNotes(const CallRecord& record);
 

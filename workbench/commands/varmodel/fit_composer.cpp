@@ -2,6 +2,7 @@
 
 #include <fmt/core.h>
 
+#include "workbench/commands/varmodel/small_units.h"
 #include "workbench/language/quoting.h"
 
 namespace workbench::varmodel {
@@ -61,6 +62,15 @@ std::string FitComposer::compose(const ComposerRequest& request) const {
   if (options_.ciLevel) text += fmt::format("  /AUXILIARY CILEVEL={}\n", *options_.ciLevel);
   if (options_.includeUserMissing) text += "  /MISSING USERMISSING=INCLUDE\n";
   return text;
+}
+
+std::optional<NextRun> FitComposer::next(const FinishedRun& last, CommandRunner& runner) {
+  if (last.scale != 1.0 || !stoppedAtSingularCovariance(last)) return std::nullopt;
+  const std::optional<double> scale = fittingScale(last, runner);
+  if (!scale) return std::nullopt;
+  RunnerSettings settings = runner.settings();
+  settings.scale = *scale;
+  return NextRun{last.text, settings, true};
 }
 
 }  // namespace workbench::varmodel

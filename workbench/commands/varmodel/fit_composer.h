@@ -29,6 +29,9 @@ class FitComposer final : public Composer {
   void addOptions(CLI::App& app) override;
   std::string compose(const ComposerRequest& request) const override;
 
+  // Small units: the same again in a larger one.
+  std::optional<NextRun> next(const FinishedRun& last, CommandRunner& runner) override;
+
  private:
   FitOptions options_;
 };

@@ -2,6 +2,7 @@
 #include <string_view>
 
 #include "workbench/commands/varmodel/notes.h"
+#include "workbench/commands/varmodel/small_units.h"
 #include "workbench/commands/varmodel/usable_lag.h"
 #include "workbench/session/texts.h"
 
@@ -9,13 +10,24 @@ namespace workbench::varmodel {
 
 namespace {
 
-// Few rows are the likelier cause where they bound the lag at all.
-std::string singularCovarianceHint(const FinishedRun& run) {
-  const std::string text =
-      tr("The bound on the determinant, 1e-12, is absolute: series in small units (such as differences of logs) or few "
-         "degrees of freedom fall below it. Rescale the series, for instance to percent, or lower MAXLAG.");
-  const std::optional<UsableLag> usable = usableLag(run);
-  return usable && usable->lag < 25 ? text + " " + usableLagText(*usable) : text;
+// More lags than rows can carry make the covariance singular in every unit.
+std::string singularCovarianceHint(const FinishedRun& run, CommandRunner& runner) {
+  if (exceedsUsableLag(run)) return usableLagText(*usableLag(run));
+  if (const std::optional<double> scale = fittingScale(run, runner)) {
+    return tr(
+        "The model is good, but the bound on the determinant, 1e-12, is absolute and the series are in a small unit. "
+        "To "
+        "multiply the endogenous series by ^1, give [data] in the job file this line:\n  scale = ^1",
+        scaleText(*scale));
+  }
+  return tr("The residuals of the series depend on each other in every unit. Use fewer variables or lower MAXLAG.");
+}
+
+std::string missingCasesHint(const FinishedRun& run) {
+  return run.input.composed
+             ? tr("To drop the rows that lack a variable of either list, give --complete.")
+             : tr("To drop the rows that lack a variable of either list, give [data] in the job file this "
+                  "line:\n  complete = true");
 }
 
 // A forecast that nobody asked for is missed by TAUTO all the same.
@@ -26,8 +38,9 @@ Advice unaskedForecast(const FinishedRun& run) {
           true};
 }
 
-std::string hintFor(const std::string& message, const FinishedRun& run) {
-  if (message == "Covariance matrix is singular") return singularCovarianceHint(run);
+std::string hintFor(const std::string& message, const FinishedRun& run, CommandRunner& runner) {
+  if (stoppedAtSingularCovariance(run)) return singularCovarianceHint(run, runner);
+  if (message.starts_with("Endogenous and exogenous variables are missing")) return missingCasesHint(run);
   if (message.starts_with("Insufficient observations")) {
     const std::optional<UsableLag> usable = usableLag(run);
     return usable ? usableLagText(*usable) : std::string();
@@ -47,11 +60,11 @@ std::string hintFor(const std::string& message, const FinishedRun& run) {
 
 }  // namespace
 
-Advice adviceFor(const std::string& message, const FinishedRun& run) {
+Advice adviceFor(const std::string& message, const FinishedRun& run, CommandRunner& runner) {
   if (message.starts_with("The forecast table is not created") && !run.input.trends.predictSet) {
     return unaskedForecast(run);
   }
-  return {hintFor(message, run)};
+  return {hintFor(message, run, runner)};
 }
 
 std::string silentCause(const CapturedStreams& streams) {

@@ -1,34 +1,16 @@
 #include "workbench/commands/varmodel/notes.h"
 
-#include <cstdio>
 #include <iterator>
 #include <regex>
-#include <sstream>
-#include <string_view>
 
 #include "workbench/commands/varmodel/document_items.h"
+#include "workbench/commands/varmodel/selected_lag.h"
+#include "workbench/commands/varmodel/usable_lag.h"
 #include "workbench/session/texts.h"
 
 namespace workbench::varmodel {
 
 namespace {
-
-// The lines of a trace that begin with a prefix, without the prefix and without "Class::method - ".
-std::vector<std::string> tracedTexts(const std::string& trace, std::string_view prefix) {
-  std::vector<std::string> texts;
-  std::istringstream lines(trace);
-  for (std::string line; std::getline(lines, line);) {
-    if (line.compare(0, prefix.size(), prefix) != 0) continue;
-    line.erase(0, prefix.size());
-    const auto dash = line.find(" - ");
-    if (dash != std::string::npos && line.substr(0, dash).find("::") < dash &&
-        line.substr(0, dash).find(' ') == std::string::npos) {
-      line.erase(0, dash + 3);
-    }
-    texts.push_back(std::move(line));
-  }
-  return texts;
-}
 
 // A failed residual test shows as statistic 0 with significance 1; a test that ran has a positive statistic.
 void addTestNotes(const CallRecord& record, std::vector<std::string>& notes) {
@@ -75,24 +57,24 @@ std::string withFixedLag(const std::string& command, int lag) {
 }
 
 // A selected lag below MAXLAG splits the output over two lags; the remedy is one more run.
-void addLagRemedy(const FinishedRun& run, std::vector<std::string>& notes) {
-  for (const std::string& text : tracedTexts(run.streams.err, "Warning: ")) {
-    int selected = 0;
-    if (std::sscanf(text.c_str(), "The selected lag %d is below MAXLAG", &selected) != 1) continue;
-    notes.push_back(run.input.composed ? tr("To have everything for lag ^1, give --minlag ^1 --maxlag ^1.", selected)
-                                       : tr("To have everything for lag ^1, run this command:\n^2", selected,
-                                            withFixedLag(run.text, selected)));
-  }
+std::string lagRemedy(const FinishedRun& run) {
+  const int selected = selectedLag(run);
+  if (selected == lagRange(run.record).most) return {};
+  return run.input.composed
+             ? tr("To have everything for lag ^1, give --minlag ^1 --maxlag ^1.", selected)
+             : tr("To have everything for lag ^1, run this command:\n^2", selected, withFixedLag(run.text, selected));
 }
 
 }  // namespace
 
 std::vector<std::string> collectNotes(const FinishedRun& run) {
   std::vector<std::string> notes;
-  for (const std::string& text : tracedTexts(run.streams.err, "Warning: ")) {
+  for (const std::string& text : tracedWarnings(run)) {
+    // Said below the table of forecasts, where there is one.
+    if (text == forecastsWithoutExogenous && findItem(run.record, "table", "Forecast") != nullptr) continue;
     notes.push_back(run.input.texts.translate(text));
   }
-  addLagRemedy(run, notes);
+  if (const std::string remedy = lagRemedy(run); !remedy.empty()) notes.push_back(remedy);
   if (const rapidjson::Value* items = itemsOf(run.record)) {
     if (items->Empty()) notes.push_back(tr("No output was requested: add keywords to MODELSTATISTICS or SERIESPLOT."));
     std::vector<std::string> missing = keywordNotes(run.record);

@@ -11,7 +11,7 @@ namespace workbench::varmodel {
 
 std::vector<std::string> collectNotes(const FinishedRun& run);
 
-Advice adviceFor(const std::string& message, const FinishedRun& run);
+Advice adviceFor(const std::string& message, const FinishedRun& run, CommandRunner& runner);
 
 // Why a failed run left no error message, as far as its trace tells.
 std::string silentCause(const CapturedStreams& streams);

@@ -18,6 +18,17 @@ std::int64_t largestUsableLag(std::int64_t rows, std::int64_t endogenous, std::i
 
 }  // namespace
 
+LagRange lagRange(const CallRecord& parsed) {
+  LagRange range;
+  const auto read = [&](const char* name, int& lag) {
+    const auto found = parsed.requestedNumbers.find(name);
+    if (found != parsed.requestedNumbers.end()) lag = static_cast<int>(found->second);
+  };
+  read("MODEL MINLAG", range.least);
+  read("MODEL MAXLAG", range.most);
+  return range;
+}
+
 std::optional<UsableLag> usableLag(const FinishedRun& run) {
   const std::optional<AnalysedRows> rows = analysedRows(run);
   const auto endogenous = run.record.requestedLists.find("MODEL ENDOGENOUS");
@@ -26,6 +37,11 @@ std::optional<UsableLag> usableLag(const FinishedRun& run) {
   usable.exogenous = std::ssize(rows->columns) - usable.endogenous;
   usable.lag = largestUsableLag(usable.rows, usable.endogenous, usable.exogenous);
   return usable;
+}
+
+bool exceedsUsableLag(const FinishedRun& run) {
+  const std::optional<UsableLag> usable = usableLag(run);
+  return usable && lagRange(run.record).most > usable->lag;
 }
 
 std::string usableLagText(const UsableLag& usable) {

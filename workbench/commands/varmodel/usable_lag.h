@@ -10,6 +10,13 @@
 
 namespace workbench::varmodel {
 
+// MINLAG and MAXLAG as the command gives them, or their defaults.
+struct LagRange {
+  int least = 1;
+  int most = 10;
+};
+LagRange lagRange(const CallRecord& parsed);
+
 struct UsableLag {
   std::int64_t rows = 0;
   std::int64_t endogenous = 0;
@@ -19,6 +26,9 @@ struct UsableLag {
 
 // Nothing when the procedure read no cases.
 std::optional<UsableLag> usableLag(const FinishedRun& run);
+
+// Whether MAXLAG is beyond it.
+bool exceedsUsableLag(const FinishedRun& run);
 
 std::string usableLagText(const UsableLag& usable);
 

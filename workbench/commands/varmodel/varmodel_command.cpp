@@ -5,7 +5,10 @@
 
 #include "workbench/commands/varmodel/document_items.h"
 #include "workbench/commands/varmodel/fit_composer.h"
+#include "workbench/commands/varmodel/item_notes.h"
 #include "workbench/commands/varmodel/notes.h"
+#include "workbench/commands/varmodel/small_units.h"
+#include "workbench/commands/varmodel/summary.h"
 
 namespace workbench {
 
@@ -31,22 +34,27 @@ Outcome VarmodelCommand::outcome(const CallRecord& /*record*/, const CapturedStr
 }
 
 std::string VarmodelCommand::summary(const FinishedRun& run) const {
-  const std::string& out = run.streams.out;
-  const std::string rule(120, '=');
-  const auto begin = out.find(rule + "\nVAR MODEL RESULTS SUMMARY");
-  if (begin == std::string::npos) return {};
-  const std::string closing = "END OF VAR MODEL RESULTS\n" + rule + "\n";
-  const auto end = out.find(closing, begin);
-  if (end == std::string::npos) return {};
-  return out.substr(begin, end + closing.size() - begin);
+  return varmodel::summaryText(run);
+}
+
+std::string VarmodelCommand::summaryNote(const FinishedRun& run) const {
+  return varmodel::summaryNote(run);
+}
+
+ItemNotes VarmodelCommand::itemNotes(const FinishedRun& run) const {
+  return varmodel::itemNotes(run);
+}
+
+std::string VarmodelCommand::scaleNote(const FinishedRun& run) const {
+  return varmodel::scaleNote(run);
 }
 
 std::vector<std::string> VarmodelCommand::notes(const FinishedRun& run) const {
   return varmodel::collectNotes(run);
 }
 
-Advice VarmodelCommand::advice(const std::string& message, const FinishedRun& run, CommandRunner& /*runner*/) const {
-  return varmodel::adviceFor(message, run);
+Advice VarmodelCommand::advice(const std::string& message, const FinishedRun& run, CommandRunner& runner) const {
+  return varmodel::adviceFor(message, run, runner);
 }
 
 std::string VarmodelCommand::silentCause(const FinishedRun& run) const {

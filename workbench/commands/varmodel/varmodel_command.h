@@ -16,7 +16,10 @@ class VarmodelCommand final : public Command {
   void requestSummary(bool wanted) const override;
   Outcome outcome(const CallRecord& record, const CapturedStreams& streams) const override;
   std::string summary(const FinishedRun& run) const override;
+  std::string summaryNote(const FinishedRun& run) const override;
+  ItemNotes itemNotes(const FinishedRun& run) const override;
   std::vector<std::string> notes(const FinishedRun& run) const override;
+  std::string scaleNote(const FinishedRun& run) const override;
   Advice advice(const std::string& message, const FinishedRun& run, CommandRunner& runner) const override;
   std::string silentCause(const FinishedRun& run) const override;
   std::unique_ptr<Composer> composer() const override;

@@ -1,0 +1,15 @@
+// Notes on a job's data that do not depend on its commands.
+
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "workbench/cli/job.h"
+#include "workbench/dataset/dataset.h"
+
+namespace workbench {
+
+std::vector<std::string> jobNotes(const Job& job, const Dataset& dataset);
+
+}  // namespace workbench
