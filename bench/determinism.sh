@@ -39,7 +39,7 @@ build g++ -O2 varmodel
 host=build/determinism-g++-O2
 for compiler in g++ clang++; do
   for level in -O0 -O2 -O3; do
-    build "$compiler" "$level" procedure
+    build "$compiler" "$level" varmodel_procedure
     rm -rf "$work/run"
     mkdir "$work/run"
     cp -r "$host"/{bin,lib,share} "$work/run"

@@ -21,7 +21,7 @@ using testing::HasSubstr;
 class CountCases final : public Command {
  public:
   std::string name() const override { return "COUNTCASES"; }
-  std::string library() const override { return VARMODEL_BINARY_DIR "/tests/count_cases.so"; }
+  std::string library() const override { return VARMODEL_BINARY_DIR "/tests/count_cases_procedure.so"; }
 };
 
 class Registry : public testing::Test {
