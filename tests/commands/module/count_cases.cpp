@@ -4,21 +4,15 @@
 #include "host/table_builder.h"
 
 PROCEDURE_EXPORT void COUNTCASES() {
-  ProcedureDataSource data;
-  const CommandDescriptor description("COUNTCASES");
   VEXA_TokenSequence tokens(true);
   CommandSpec given;
-  if (UniversalParser(tokens, given, description).getCommandSpecifications() != 0) return;
-  ACAVarValidSpecs none(true, true, true);
-  ACAInputAdapter adapter(&none, data);
-  double cases = 0;
-  for (ACAProcDataSourceIter rows(adapter, true); rows.HasMore(); rows.Next()) ++cases;
-  BpProcedure procedure("Cases", 1);
+  if (UniversalParser(tokens, given, CommandDescriptor("COUNTCASES")).getCommandSpecifications() != 0) return;
   StatJSONGenerator output("Cases", "");
   tablestatjson::TableBuilder table(output, "Cases");
   table.addColumnCategories({"N"});
   table.addRowCategories({"All"});
-  table.fillRow(0, {cases});
+  table.fillRow(0, {static_cast<double>(ProcedureDataSource().GetDataSource()->CaseCount())});
   table.build();
+  BpProcedure procedure("Cases", 10);
   StatJSONConverter(procedure).generateOutput(output.getProcedureStatJSON());
 }
