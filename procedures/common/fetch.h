@@ -21,7 +21,7 @@ struct FetchOutcome {
 };
 
 // A case with a missing value is dropped whole (listwise deletion), or kept with the value as the host delivered it.
-enum class IncompleteCases { dropped, kept };
+enum class CaseDeletion { listwise, none };
 
 // Completes the chain of one pass and returns its access object, or null.
 using ChainBuilder = std::function<AlgoDataAccess*(DataAccessChain&)>;
@@ -31,7 +31,7 @@ using ChainBuilder = std::function<AlgoDataAccess*(DataAccessChain&)>;
 // up no offset. Traces as `names.fetch` of `variableCount` variables. No exception leaves it; rows appended before a
 // failure stay.
 FetchOutcome fetchSeries(const OperationNames& names, std::size_t variableCount, const ChainBuilder& buildChain,
-                         SeriesMatrix& matrix, IncompleteCases incomplete = IncompleteCases::dropped);
+                         SeriesMatrix& matrix, CaseDeletion deletion = CaseDeletion::listwise);
 
 // A procedure's own fetch of the listed columns.
 using SeriesFetch = std::function<FetchOutcome(std::span<const std::int32_t> indexes, SeriesMatrix& matrix)>;

@@ -63,7 +63,7 @@ TEST(VarAlgo, SmallerLagKeepsMaxlagParametersAndUsesItsOwnResiduals) {
   EXPECT_THAT(run.trace, HasSubstr("\nWarning: VARAlgo::estimateVARWithLags - The selected lag 1 is below MAXLAG 3: "));
 }
 
-TEST(VarAlgo, FewObservations) {
+TEST(VarAlgo, ObservationsMustOutnumberRegressors) {
   // T = 20, MAXLAG = 4, K = 2: n = 16, and k = 9 + m. At n - k = 1 the two residual series are proportional.
   const std::vector<std::pair<std::size_t, std::vector<std::string>>> cases = {
       {5, {}}, {6, {"error: Covariance matrix is singular"}}, {7, {kInsufficient}}, {8, {kInsufficient}}};
@@ -123,7 +123,7 @@ TEST(VarAlgo, WhatCannotBeFittedFailsWithoutAMessage) {
   EXPECT_THAT(crossed.trace, HasSubstr("VARAlgo::start - EXCEPTION: Input vectors must not be empty.\n"));
 }
 
-TEST(VarAlgo, ForecastRequests) {
+TEST(VarAlgo, ForecastsNeedARequestAndAHorizonAndTheirLackIsToldOnce) {
   const struct {
     const char* what;
     bool tauto;
@@ -181,7 +181,7 @@ TEST(VarAlgo, ResidualAutocorrelationsServeFourRequests) {
   }
 }
 
-TEST(VarAlgo, LjungBoxDegreesOfFreedom) {
+TEST(VarAlgo, LjungBoxDegreesOfFreedomFollowTheTimeUnitAndLag) {
   const struct {
     const char* unit;
     std::int32_t lag;

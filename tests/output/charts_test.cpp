@@ -18,7 +18,7 @@ class ChartsTest : public OutputFixture {
   std::string line(const std::string& name, rapidjson::SizeType i) { return item(name)["vizl"][i].GetString(); }
 };
 
-TEST_F(ChartsTest, EveryChartAsItIsRequired) {
+TEST_F(ChartsTest, EveryChartHasItsColumnsAndSpecification) {
   requestCharts();
   EXPECT_EQ(jsonOf(item("Time Series -y")),
             R"x({"type":"chart","name":"Time Series -y",)x"

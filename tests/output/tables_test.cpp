@@ -14,7 +14,7 @@ class TablesTest : public OutputFixture {
   std::string member(const std::string& table, const char* name) { return jsonOf(item(table)[name]); }
 };
 
-TEST_F(TablesTest, EveryTableAsItIsRequired) {
+TEST_F(TablesTest, EveryTableHasItsLabelsCellsAndFormats) {
   requestEverything();
   settings.ciLevel = 97.5;
   algo.residualCovarianceDeterminant = 2.0 / 3.0;

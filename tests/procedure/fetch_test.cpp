@@ -21,11 +21,11 @@ class FetchTest : public varmodel::ProcedureTest {
     number("b", {10.0, kNan, 30.0, kInfinity, 5e-324, 0.0});
     number("unlisted", {kSystemMissing, 0, 0, 0, 0, 0});
   }
-  FetchOutcome fetch(IncompleteCases incomplete = IncompleteCases::dropped) {
+  FetchOutcome fetch(CaseDeletion deletion = CaseDeletion::listwise) {
     matrix.clear();
     const std::vector<std::int32_t> indexes = {1, 0};
     const auto build = [&](DataAccessChain& chain) { return buildDataAccessChain(chain, indexes, dataSource, {}); };
-    return fetchSeries(kNames, indexes.size(), build, matrix, incomplete);
+    return fetchSeries(kNames, indexes.size(), build, matrix, deletion);
   }
 
   ProcedureDataSource dataSource;
@@ -50,7 +50,7 @@ TEST_F(FetchTest, DropsEveryCaseWithAMissingValueInAListedVariableOnly) {
 }
 
 TEST_F(FetchTest, KeepsIncompleteCasesInTheirPlaceWhenAsked) {
-  EXPECT_THAT(fetch(IncompleteCases::kept).keptCaseOffsets, ElementsAre(0, 1, 2, 3, 4, 5));
+  EXPECT_THAT(fetch(CaseDeletion::none).keptCaseOffsets, ElementsAre(0, 1, 2, 3, 4, 5));
   EXPECT_EQ(matrix[1][2], kSystemMissing);
   EXPECT_EQ(matrix[0][2], 30.0);
 }

@@ -11,13 +11,13 @@
 namespace vardynamics {
 
 procedures::FetchOutcome fetchCases(ProcedureDataSource& dataSource, std::span<const std::int32_t> indexes,
-                                    UserMissing userMissing, procedures::IncompleteCases incomplete,
+                                    UserMissing userMissing, procedures::CaseDeletion deletion,
                                     procedures::SeriesMatrix& matrix) {
   const procedures::ChainBuilder build = [&](procedures::DataAccessChain& chain) {
     return procedures::buildDataAccessChain(chain, indexes, dataSource,
                                             {.excludeUserMissing = userMissing == UserMissing::excluded});
   };
-  return procedures::fetchSeries(kOperations, indexes.size(), build, matrix, incomplete);
+  return procedures::fetchSeries(kOperations, indexes.size(), build, matrix, deletion);
 }
 
 CaseRows readRows(ProcedureDataSource& dataSource, std::span<const std::int32_t> endogenous,
@@ -25,7 +25,7 @@ CaseRows readRows(ProcedureDataSource& dataSource, std::span<const std::int32_t>
   std::vector<std::int32_t> indexes(endogenous.begin(), endogenous.end());
   indexes.insert(indexes.end(), exogenous.begin(), exogenous.end());
   procedures::SeriesMatrix columns;
-  const auto outcome = fetchCases(dataSource, indexes, userMissing, procedures::IncompleteCases::kept, columns);
+  const auto outcome = fetchCases(dataSource, indexes, userMissing, procedures::CaseDeletion::none, columns);
   if (!outcome.succeeded || columns.size() != indexes.size()) {
     fail("The variables could not be read from the active dataset. Check that it has cases.");
   }

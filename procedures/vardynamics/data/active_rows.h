@@ -20,7 +20,7 @@ enum class UserMissing { excluded, included };
 
 // procedures::fetchSeries over these columns.
 procedures::FetchOutcome fetchCases(ProcedureDataSource& dataSource, std::span<const std::int32_t> indexes,
-                                    UserMissing userMissing, procedures::IncompleteCases incomplete,
+                                    UserMissing userMissing, procedures::CaseDeletion deletion,
                                     procedures::SeriesMatrix& matrix);
 
 // Every case of the two lists, in one pass. Throws UserError when the dataset cannot be read.

@@ -21,7 +21,7 @@ std::vector<unsigned> componentsOf(const TSXDateSpec& specification, std::size_t
 
 Calendar::Calendar(ProcedureDataSource& dataSource) : dataSource_(dataSource) {
   const procedures::SeriesFetch fetch = [&](std::span<const std::int32_t> indexes, procedures::SeriesMatrix& matrix) {
-    return fetchCases(dataSource, indexes, UserMissing::excluded, procedures::IncompleteCases::dropped, matrix);
+    return fetchCases(dataSource, indexes, UserMissing::excluded, procedures::CaseDeletion::listwise, matrix);
   };
   if (!procedures::readPredictRequest(kOperations, dataSource, fetch, axis_)) {
     fail("The dates of the active dataset could not be read. Define them anew.");

@@ -55,8 +55,8 @@ struct EquationResult {
 
 // The one inner series of a result field; empty while the field is not filled.
 inline const std::vector<double>& onlySeries(const std::vector<std::vector<double>>& field) {
-  static const std::vector<double> none;
-  return field.empty() ? none : field.front();
+  static const std::vector<double> kNone;
+  return field.empty() ? kNone : field.front();
 }
 
 }  // namespace varmodel
