@@ -3,7 +3,7 @@
 PRESET ?= release
 PROGRAM = build/release/bin/varmodel
 
-.PHONY: demo test build setup bench determinism lint sanitize clean
+.PHONY: demo test build setup bench accuracy determinism lint sanitize clean
 
 build: setup
 	@cmake --preset $(PRESET) -Wno-dev >build-$(PRESET).log 2>&1 || { cat build-$(PRESET).log; exit 1; }
@@ -34,6 +34,12 @@ bench:
 	@scripts/setup.sh bench
 	$(MAKE) build PRESET=bench
 	bench/run.sh
+
+# The least digits of the engine over data that are hard on least squares.
+accuracy:
+	@scripts/setup.sh bench
+	$(MAKE) build PRESET=bench
+	build/bench/bin/accuracy 2>/dev/null
 
 # One SHA-256 of the example's document over compilers, optimisation levels and kernels.
 determinism:

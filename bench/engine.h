@@ -5,6 +5,7 @@
 #include <iostream>
 #include <optional>
 #include <sstream>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -15,12 +16,12 @@ namespace bench {
 
 using Series = std::vector<std::vector<double>>;
 
-// One engine with its settings; `run` is what is measured. The trace goes
-// nowhere.
+// One engine with its settings; `run` is what is measured. The trace goes nowhere.
 class Engine {
  public:
-  Engine(Series series, std::int32_t maxLag) {
+  Engine(Series series, std::int32_t maxLag, Series exogenous = {}) {
     settings_.endogenousSeries = std::move(series);
+    settings_.exogenousSeries = std::move(exogenous);
     settings_.minLag = 1;
     settings_.maxLag = maxLag;
     settings_.useBic = true;
@@ -36,6 +37,12 @@ class Engine {
   }
 
   const varmodel::VARAlgo& algo() const { return *algo_; }
+  const std::vector<varmodel::EquationResult>& results() const { return results_; }
+  std::vector<std::string> messages() const {
+    std::vector<std::string> texts;
+    for (const workbench::Message& message : session_.messages) texts.push_back(message.text);
+    return texts;
+  }
 
  private:
   workbench::Session session_;

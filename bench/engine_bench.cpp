@@ -111,7 +111,7 @@ int main(int argc, char** argv) {
     bench::grow();
     return 0;
   }
-  std::printf("kernels: %s\n", varmodel::activeKernels().name);
+  std::printf("kernels: %s\n", engine::activeKernels().name);
   for (const bench::Workload& workload : bench::workloads()) {
     const bool wanted =
         argc < 3 || std::any_of(argv + 2, argv + argc, [&](const char* name) { return name == workload.name; });

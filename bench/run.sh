@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# All measurements of docs/performance.md, on one core. Needs: make bench, which installs and builds what this uses.
+# All measurements of docs/performance.md and docs/accuracy.md, on one core. Needs: make bench, which installs and
+# builds what this uses.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bin=build/bench/bin
@@ -12,7 +13,7 @@ $core $bin/engine_bench compare 2>/dev/null
 echo "== memory of the engine"
 for workload in w1 w2 w3 w3x w4; do $core $bin/engine_memory $workload 2>/dev/null; done
 echo "== accuracy"
-$bin/accuracy_cases 2>/dev/null | bench/accuracy.py
+$bin/accuracy 2>/dev/null
 echo "== whole processes"
 $core bench/process_bench.py $bin
 echo "== the example, beside gretl"

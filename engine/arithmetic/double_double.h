@@ -2,6 +2,11 @@
 //
 // The error-free sum is Knuth's, the error-free product Dekker's (1971), so that no fused multiply-add is needed and
 // every machine gives the same bits. The templates work on double and on vectors of doubles, lane by lane.
+//
+// With u = 2^-53, and as long as nothing overflows or falls below the normal range, the error is at most
+//   3 u^2 (|a| + |b|)   of a + b: relative to the operands, not to the sum, since the low parts are added in doubles,
+//   5 u^2 |a b|         of a b: u^2 for the product of the low parts that is left out, and four roundings
+// (Joldes, Muller & Popescu, ACM Trans. Math. Softw. 44, 2017, algorithms 5 and 10).
 
 #pragma once
 
@@ -37,6 +42,10 @@ template <class Lanes>
 
 // The value is hi + lo, where lo is at most half a unit in the last place of hi.
 struct DoubleDouble {
+  static constexpr double kUnitRoundoff = 0x1p-106;  // u^2
+  static constexpr double kSumError = 3.0 * kUnitRoundoff;
+  static constexpr double kProductError = 5.0 * kUnitRoundoff;
+
   DoubleDouble() = default;
   explicit DoubleDouble(double value) : hi(value) {}
   DoubleDouble(double high, double low) { exactSum(high, low, hi, lo); }
@@ -107,16 +116,20 @@ inline double rounded(DoubleDouble a) {
   return a.hi;
 }
 
-// a - b in the precision of Real: rounded, or exact.
+// (a - b) times a power of two, in the precision of Real: a - b rounded, or exact.
 template <class Real>
-Real differenceOf(double a, double b);
+Real scaledDifference(double a, double b, double power);
 template <>
-inline double differenceOf<double>(double a, double b) {
-  return a - b;
+inline double scaledDifference<double>(double a, double b, double power) {
+  return (a - b) * power;
 }
 template <>
-inline DoubleDouble differenceOf<DoubleDouble>(double a, double b) {
-  return DoubleDouble(a) - DoubleDouble(b);
+inline DoubleDouble scaledDifference<DoubleDouble>(double a, double b, double power) {
+  DoubleDouble result;
+  exactSum(a, -b, result.hi, result.lo);
+  result.hi *= power;
+  result.lo *= power;
+  return result;
 }
 
 }  // namespace engine

@@ -85,12 +85,9 @@ bool invertMatrix(const Matrix& a, Matrix& result) {
   return true;
 }
 
-bool invertCrossProduct(const Matrix& x, Matrix& result, Matrix* crossProducts) {
+bool invertCrossProduct(const Matrix& x, Matrix& result) {
   if (x.rows == 0 || x.columns == 0 || x.rows < x.columns) return false;
-  Matrix formed = crossProduct(x);
-  const bool inverted = invertMatrix(formed, result);
-  if (crossProducts != nullptr) *crossProducts = std::move(formed);
-  return inverted;
+  return invertMatrix(crossProduct(x), result);
 }
 
 double determinant(const std::vector<std::vector<double>>& rows) {

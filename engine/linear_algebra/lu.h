@@ -26,8 +26,7 @@ LuFactors factorizeLu(Matrix a);
 bool invertMatrix(const Matrix& a, Matrix& result);
 
 // The inverse of X'X, for X of n x k. False, with `result` untouched, when n or k is 0, n < k, or X'X is singular.
-// `crossProducts`, when given, receives X'X itself as soon as it was formed.
-bool invertCrossProduct(const Matrix& x, Matrix& result, Matrix* crossProducts = nullptr);
+bool invertCrossProduct(const Matrix& x, Matrix& result);
 
 // The determinant of a matrix given by its row vectors; 0 when it is empty or not square. det [[0, 1], [1, 0]] = -1.
 double determinant(const std::vector<std::vector<double>>& rows);

@@ -1,6 +1,7 @@
 #include "engine/regression/lag_cross_products.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "engine/arithmetic/tile_products.h"
 
@@ -8,17 +9,16 @@ namespace engine {
 namespace {
 
 constexpr std::size_t kBlockRows = kSummedRows;
-// Sums of squares that shrink by more than this lost over three digits to the end terms.
-constexpr double kSmallestShare = 1e-3;
 
 // The products of the unlagged columns [series, exogenous, constant] with the series at lags 0..MAXLAG (`lagged`) and
-// with [exogenous, constant] (`fixed`).
+// with [exogenous, constant] (`fixed`); `core` is what `lagged` holds of the first T - firstRow - MAXLAG rows.
 template <class Real>
 struct FirstRow {
   explicit FirstRow(const LagData& data)
-      : lagged(data.seriesCount() + data.exogenousCount() + 1, (data.maxLag() + 1) * data.seriesCount()),
-        fixed(data.exogenousCount() + 1, data.exogenousCount() + 1) {}
+      : lagged(data.seriesCount() + data.fixedCount(), (data.maxLag() + 1) * data.seriesCount()),
+        fixed(data.fixedCount(), data.fixedCount()) {}
   Planes<Real> lagged;
+  Planes<Real> core;
   Planes<Real> fixed;
 };
 
@@ -31,7 +31,7 @@ void packUnlagged(const LagData& data, std::size_t first, std::size_t last, Plan
     for (std::size_t i = 0; i < data.exogenousCount(); ++i) {
       rows.set(t - first, count + i, data.centeredExogenous<Real>(i, t));
     }
-    rows.set(t - first, count + data.exogenousCount(), Real(1.0));
+    if (data.hasConstant()) rows.set(t - first, count + data.exogenousCount(), Real(1.0));
   }
 }
 
@@ -47,79 +47,91 @@ void packWindows(const LagData& data, std::size_t first, std::size_t last, Plane
 }
 
 template <class Real>
-FirstRow<Real> sumFirstRow(const LagData& data) {
-  const std::size_t count = data.seriesCount();
-  const std::size_t fixedCount = data.exogenousCount() + 1;
-  const std::size_t width = (data.maxLag() + 1) * count;
-  FirstRow<Real> sums(data);
-  Planes<Real> unlagged(kBlockRows + 1,
-                        count + fixedCount);  // tiles of `fixed` read past the end of a row
-  Planes<Real> line(1, (kBlockRows + data.maxLag()) * count + kTileColumns);
-  RowTable fixedRows;
-  for (std::size_t r = 0; r < kBlockRows; ++r) fixedRows.addRow(unlagged, r, count);
-  for (std::size_t first = data.maxLag(); first < data.length(); first += kBlockRows) {
-    const std::size_t last = std::min(first + kBlockRows, data.length());
-    packUnlagged(data, first, last, unlagged);
-    packWindows(data, first, last, line);
-    RowTable windows;
-    for (std::size_t t = first; t < last; ++t) windows.addRow(line, 0, (last - 1 - t) * count);
-    addTileProducts({.steps = last - first, .factorCount = count + fixedCount, .last = width}, unlagged, windows,
-                    sums.lagged, 0, 0);
-    addTileProducts({.steps = last - first, .factor = count, .factorCount = fixedCount, .last = fixedCount}, unlagged,
-                    fixedRows, sums.fixed, 0, 0);
+class FirstRowSum {
+ public:
+  explicit FirstRowSum(const LagData& data)
+      : data_(data),
+        sums_(data),
+        unlagged_(kBlockRows + 1, data.seriesCount() + data.fixedCount()),  // tiles of `fixed` read past a row's end
+        line_(1, (kBlockRows + data.maxLag()) * data.seriesCount() + kTileColumns) {
+    for (std::size_t r = 0; r < kBlockRows; ++r) fixedRows_.addRow(unlagged_, r, data.seriesCount());
   }
-  return sums;
-}
 
-void assign(DoubleDouble source, double& target) {
-  target = source.hi;
-}
-void assign(DoubleDouble source, DoubleDouble& target) {
-  target = source;
+  // Adds the rows first .. last - 1.
+  void add(std::size_t first, std::size_t last) {
+    for (; first < last; first += kBlockRows) addBlock(first, std::min(first + kBlockRows, last));
+  }
+  void keepCore() { sums_.core = sums_.lagged; }
+  FirstRow<Real> take() { return std::move(sums_); }
+
+ private:
+  void addBlock(std::size_t first, std::size_t last) {
+    const std::size_t count = data_.seriesCount();
+    const std::size_t fixed = data_.fixedCount();
+    packUnlagged(data_, first, last, unlagged_);
+    packWindows(data_, first, last, line_);
+    RowTable windows;
+    for (std::size_t t = first; t < last; ++t) windows.addRow(line_, 0, (last - 1 - t) * count);
+    addTileProducts({.steps = last - first, .factorCount = count + fixed, .last = (data_.maxLag() + 1) * count},
+                    unlagged_, windows, sums_.lagged, 0, 0);
+    addTileProducts({.steps = last - first, .factor = count, .factorCount = fixed, .last = fixed}, unlagged_,
+                    fixedRows_, sums_.fixed, 0, 0);
+  }
+
+  const LagData& data_;
+  FirstRow<Real> sums_;
+  Planes<Real> unlagged_;
+  Planes<Real> line_;
+  RowTable fixedRows_;
+};
+
+template <class Real>
+FirstRow<Real> sumFirstRow(const LagData& data) {
+  FirstRowSum<Real> sum(data);
+  const std::size_t shared = data.length() - data.maxLag();
+  sum.add(data.firstRow(), shared);
+  sum.keepCore();
+  sum.add(shared, data.length());
+  return sum.take();
 }
 
 // From the columns of the exogenous series and the constant, whose order in the result is constant first.
 template <class Real>
 void placeFixed(const LagData& data, const FirstRow<Real>& sums, LagCrossProducts<Real>& result) {
   const std::size_t count = data.seriesCount();
-  const std::size_t exogenous = data.exogenousCount();
-  const auto source = [&](std::size_t i) { return i == 0 ? exogenous : i - 1; };
-  for (std::size_t i = 0; i <= exogenous; ++i) {
-    for (std::size_t j = i; j <= exogenous; ++j) result.products.set(i, j, sums.fixed.at(source(i), source(j)));
+  const std::size_t fixed = data.fixedCount();
+  const auto source = [&](std::size_t i) { return data.hasConstant() ? (i == 0 ? data.exogenousCount() : i - 1) : i; };
+  for (std::size_t i = 0; i < fixed; ++i) {
+    for (std::size_t j = i; j < fixed; ++j) result.products.set(i, j, sums.fixed.at(source(i), source(j)));
     for (std::size_t j = 0; j < count; ++j) {
       result.products.set(i, result.targetColumn + j, sums.lagged.at(count + source(i), j));
     }
     for (std::size_t j = count; j < (data.maxLag() + 1) * count; ++j) {
-      result.products.set(i, exogenous + 1 + j - count, sums.lagged.at(count + source(i), j));
+      result.products.set(i, fixed + j - count, sums.lagged.at(count + source(i), j));
     }
   }
 }
 
-// The products of lag l of series i with lag l + distance of series j, for l = 1, 2, ..: down one block diagonal.
+// The products of lag l of series i with lag l + distance of series j, for l = 1, 2, ..: down one block diagonal. At
+// lag l series i runs over the times firstRow - l .. T - 1 - l: those before firstRow, the ones that all share, and
+// those from T - MAXLAG on.
 template <class Real>
-void placeDiagonal(const LagData& data, std::size_t distance, std::size_t i, std::size_t j, DoubleDouble sum,
+void placeDiagonal(const LagData& data, std::size_t distance, std::size_t i, std::size_t j, Real sum,
                    Planes<Real>& products) {
-  const std::size_t maxLag = data.maxLag();
-  const std::size_t length = data.length();
-  for (std::size_t l = 1; l + distance <= maxLag; ++l) {
-    const std::size_t m = l + distance;
-    sum = sum + inTwice(data.centered<Real>(i, maxLag - l)) * inTwice(data.centered<Real>(j, maxLag - m));
-    sum = sum - inTwice(data.centered<Real>(i, length - l)) * inTwice(data.centered<Real>(j, length - m));
-    Real value{};
-    assign(sum, value);
-    products.set(data.regressorCount(l - 1) + i, data.regressorCount(m - 1) + j, value);
+  const auto term = [&](std::size_t t) { return data.centered<Real>(i, t) * data.centered<Real>(j, t - distance); };
+  const auto row = [&](std::size_t l) { return data.regressorCount(l - 1) + i; };
+  const auto column = [&](std::size_t l) { return data.regressorCount(l + distance - 1) + j; };
+  const std::size_t last = data.maxLag() - distance;
+  for (std::size_t t = data.length() - data.maxLag(); t < data.length() - last; ++t) sum = sum + term(t);
+  for (std::size_t l = last; l > 0; --l) {
+    products.set(row(l), column(l), sum);
+    sum = sum + term(data.length() - l);
   }
-}
-
-template <class Real>
-bool keptDigits(const LagData& data, const FirstRow<Real>& sums, const Planes<Real>& products) {
-  for (std::size_t l = 0; l < data.maxLag(); ++l) {
-    for (std::size_t i = 0; i < data.seriesCount(); ++i) {
-      const std::size_t j = data.regressorCount(l) + i;
-      if (!(rounded(products.at(j, j)) >= kSmallestShare * rounded(sums.lagged.at(i, i)))) return false;
-    }
+  Real before(0.0);
+  for (std::size_t l = 1; l <= last; ++l) {
+    before = before + term(data.firstRow() - l);
+    products.set(row(l), column(l), products.at(row(l), column(l)) + before);
   }
-  return true;
 }
 
 }  // namespace
@@ -136,13 +148,14 @@ LagCrossProducts<Real> lagCrossProducts(const LagData& data) {
   for (std::size_t m = 0; m <= data.maxLag(); ++m) {
     for (std::size_t i = 0; i < count; ++i) {
       for (std::size_t j = 0; j < count; ++j) {
-        const Real sum = sums.lagged.at(i, m * count + j);
-        if (m > 0) result.products.set(data.regressorCount(m - 1) + j, result.targetColumn + i, sum);
-        placeDiagonal(data, m, i, j, inTwice(sum), result.products);
+        const std::size_t place = m * count + j;
+        if (m > 0) {
+          result.products.set(data.regressorCount(m - 1) + j, result.targetColumn + i, sums.lagged.at(i, place));
+        }
+        placeDiagonal(data, m, i, j, sums.core.at(i, place), result.products);
       }
     }
   }
-  result.digitsKept = keptDigits(data, sums, result.products);
   return result;
 }
 

@@ -16,14 +16,12 @@ template <class Real>
 struct LagCrossProducts {
   Planes<Real> products;
   std::size_t targetColumn = 0;
-  // False when some lagged sum of squares is so much smaller than that of its series that subtracting end terms cost it
-  // digits: an outlier in the last rows does that.
-  bool digitsKept = true;
 };
 
-// Sums over the rows t = MAXLAG .. T - 1: in blocks of 256 rows, each block from zero in ascending order, then block
-// after block. Only the products with the unlagged series are summed; the products of lags l + 1 and m + 1 are those of
-// l and m plus the terms of the row that enters less those of the row that leaves, in twice the precision.
+// Sums over the rows t = firstRow .. T - 1: in blocks of 256 rows, each block from zero in ascending order, then block
+// after block. Of the products of two lags only the rows that all pairs of lags of the same distance share are summed
+// once; each pair adds the few rows at either end that are its own. Nothing is ever subtracted, so that no value costs
+// digits of a sum that it is not part of.
 template <class Real>
 LagCrossProducts<Real> lagCrossProducts(const LagData& data);
 

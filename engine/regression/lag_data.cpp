@@ -1,45 +1,93 @@
 #include "engine/regression/lag_data.h"
 
+#include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace engine {
 namespace {
 
-constexpr int kCenterBits = 24;
+// Odd, so that the median is a value of the sample, and prime, so that no season hits the same place every time.
+constexpr std::size_t kSampleSize = 127;
+// 2^-1000 and 2^1000 are doubles with room on both sides.
+constexpr int kLargestExponent = 1000;
 
-// The mean with few bits; of four interleaved sums, since its last digits do not matter.
-double centerOf(const std::vector<double>& x) {
-  double sums[4] = {};
-  const std::size_t whole = x.size() / 4 * 4;
-  for (std::size_t t = 0; t < whole; t += 4) {
-    for (std::size_t lane = 0; lane < 4; ++lane) sums[lane] += x[t + lane];
+// Of the finite values of the sample; 0 when there is none.
+double medianOfSample(std::span<const double> x) {
+  std::vector<double> sample;
+  const std::size_t count = std::min(x.size(), kSampleSize);
+  for (std::size_t i = 0; i < count; ++i) {
+    const double value = x[i * x.size() / count];
+    if (std::isfinite(value)) sample.push_back(value);
   }
-  for (std::size_t t = whole; t < x.size(); ++t) sums[0] += x[t];
-  int exponent = 0;
-  const double mean = (sums[0] + sums[1] + sums[2] + sums[3]) / static_cast<double>(x.size());
-  const double fraction = std::frexp(mean, &exponent);
-  return std::ldexp(std::round(std::ldexp(fraction, kCenterBits)), exponent - kCenterBits);
+  if (sample.empty()) return 0.0;
+  const auto middle = sample.begin() + std::ssize(sample) / 2;
+  std::ranges::nth_element(sample, middle);
+  return *middle;
 }
 
-std::vector<double> centersOf(const LagData::SeriesList& series) {
-  std::vector<double> centers;
-  for (const std::vector<double>& x : series) centers.push_back(centerOf(x));
-  return centers;
+// The largest |x - c|, of four interleaved maxima; infinite when some x - c is not finite.
+double largestDistance(std::span<const double> x, double center) {
+  double largest[4] = {};
+  bool finite[4] = {true, true, true, true};
+  const std::size_t whole = x.size() / 4 * 4;
+  const auto take = [&](std::size_t t, std::size_t lane) {
+    const double distance = std::abs(x[t] - center);
+    finite[lane] &= distance <= std::numeric_limits<double>::max();
+    largest[lane] = largest[lane] < distance ? distance : largest[lane];
+  };
+  for (std::size_t t = 0; t < whole; t += 4) {
+    for (std::size_t lane = 0; lane < 4; ++lane) take(t + lane, lane);
+  }
+  for (std::size_t t = whole; t < x.size(); ++t) take(t, 0);
+  if (!(finite[0] && finite[1] && finite[2] && finite[3])) return std::numeric_limits<double>::infinity();
+  return std::max({largest[0], largest[1], largest[2], largest[3]});
+}
+
+std::vector<double> powersOf(std::span<const Placement> placements) {
+  std::vector<double> powers;
+  for (const Placement& placement : placements) powers.push_back(std::ldexp(1.0, -placement.exponent));
+  return powers;
 }
 
 }  // namespace
 
-LagData::LagData(const SeriesList& endogenous, const SeriesList& exogenous, std::int32_t maxLag)
-    : endogenous_(&endogenous),
-      exogenous_(&exogenous),
-      maxLag_(static_cast<std::size_t>(maxLag)),
-      endogenousCenters_(centersOf(endogenous)),
-      exogenousCenters_(centersOf(exogenous)) {}
+Placement placementOf(std::span<const double> values, bool centred) {
+  Placement result;
+  if (centred) result.center = medianOfSample(values);
+  const double distance = largestDistance(values, result.center);
+  result.finite = std::isfinite(distance);
+  if (distance > 0.0 && result.finite) std::frexp(distance, &result.exponent);
+  result.exponent = std::clamp(result.exponent, -kLargestExponent, kLargestExponent);
+  return result;
+}
 
-double LagData::regressorCenter(std::size_t j) const {
-  if (j == 0) return 0.0;
-  if (j <= exogenousCount()) return exogenousCenters_[j - 1];
-  return endogenousCenters_[(j - 1 - exogenousCount()) % seriesCount()];
+LagData::LagData(const SeriesList& endogenous, const SeriesList& exogenous, const LagShape& shape)
+    : endogenous_(&endogenous), exogenous_(&exogenous), shape_(shape) {
+  if (shape.constant) fixedPlacements_.emplace_back();
+  for (const std::vector<double>& x : endogenous) {
+    const std::span<const double> used = std::span(x).subspan(shape.firstRow - shape.maxLag);
+    endogenousPlacements_.push_back(placementOf(used, shape.constant));
+  }
+  for (const std::vector<double>& x : exogenous) {
+    fixedPlacements_.push_back(placementOf(std::span(x).subspan(shape.firstRow), shape.constant));
+  }
+  endogenousPowers_ = powersOf(endogenousPlacements_);
+  exogenousPowers_ = powersOf(std::span(fixedPlacements_).subspan(shape.constant ? 1 : 0));
+}
+
+bool LagData::isFinite() const {
+  const auto finite = [](const Placement& placement) { return placement.finite; };
+  return std::ranges::all_of(endogenousPlacements_, finite) && std::ranges::all_of(fixedPlacements_, finite);
+}
+
+const Placement& LagData::placement(std::size_t j) const {
+  return j < fixedCount() ? fixedPlacements_[j] : endogenousPlacements_[(j - fixedCount()) % seriesCount()];
+}
+
+std::size_t LagData::coefficientIndex(std::size_t lag, std::size_t j) const {
+  if (shape_.constant && j == 0) return 0;
+  return j < fixedCount() ? lag * seriesCount() + j : j - exogenousCount();
 }
 
 }  // namespace engine

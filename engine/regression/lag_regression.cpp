@@ -1,20 +1,13 @@
 #include "engine/regression/lag_regression.h"
 
+#include <algorithm>
+#include <cmath>
 #include <utility>
 
-#include "engine/linear_algebra/condition.h"
-#include "engine/linear_algebra/lu.h"
+#include "engine/regression/precision_limits.h"
 
 namespace engine {
 namespace {
-
-// Centred regressors: below this, a computation in doubles leaves fewer than about 12 digits.
-constexpr double kEnoughDigits = 1e-4;
-// Terms in the first block row of cross-products: up to here twice the precision costs a few milliseconds at most, and
-// every digit is had for that.
-constexpr double kSmallWork = 3e5;
-// Original regressors: below this, the pivots and the condition number of X'X itself are looked at.
-constexpr double kSuspicious = 1e-10;
 
 bool isSmall(const LagData& data) {
   return static_cast<double>(data.rowCount()) * static_cast<double>(data.seriesCount()) *
@@ -22,45 +15,23 @@ bool isSmall(const LagData& data) {
          kSmallWork;
 }
 
-// Where regressor j of LagData's order stands among the coefficients of an equation.
-std::size_t coefficientIndex(const LagData& data, std::size_t lag, std::size_t j) {
-  if (j == 0) return 0;
-  const std::size_t exogenous = data.exogenousCount();
-  return j <= exogenous ? lag * data.seriesCount() + j : j - exogenous;
-}
-
-// X'X of the original regressors in the order of the coefficients.
-Matrix originalCrossProducts(const LagData& data, const Planes<DoubleDouble>& centered, std::size_t lag) {
-  const std::size_t count = data.regressorCount(lag);
-  Matrix result(count, count);
-  for (std::size_t i = 0; i < count; ++i) {
-    for (std::size_t j = i; j < count; ++j) {
-      const std::size_t row = coefficientIndex(data, lag, i);
-      const std::size_t column = coefficientIndex(data, lag, j);
-      result(row, column) = result(column, row) = rounded(originalCrossProduct(data, centered, i, j));
+// Whether residuals computed in doubles keep their digits. Placed values are at most 1, so that the coefficients are
+// bounds of the terms.
+template <class Real>
+bool residualsKeepDigits(const LagData& data, const Planes<Real>& coefficients, std::size_t count,
+                         const ResidualMoments& moments) {
+  for (std::size_t i = 0; i < data.seriesCount(); ++i) {
+    double terms = 1.0;
+    for (std::size_t j = 0; j < count; ++j) terms += std::abs(rounded(coefficients.at(j, i)));
+    const double deviation = std::sqrt(moments.products(i, i) / static_cast<double>(moments.count));
+    if (!(std::ldexp(deviation, -data.endogenousPlacement(i).exponent) >= kLeastResidualInDoubles * terms)) {
+      return false;
     }
   }
-  return result;
+  return true;
 }
 
-// From the coefficients of the centred regression: y - cy = b0 + sum of b(j) (x(j) - c(j)).
-template <class Real>
-std::vector<double> originalCoefficients(const LagData& data, std::size_t lag, std::size_t equation,
-                                         const Planes<Real>& centered) {
-  const std::size_t count = data.regressorCount(lag);
-  std::vector<double> result(count);
-  DoubleDouble constant = DoubleDouble(data.endogenousCenter(equation)) + inTwice(centered.at(0, equation));
-  for (std::size_t j = 1; j < count; ++j) {
-    const Real value = centered.at(j, equation);
-    constant = constant - inTwice(value) * DoubleDouble(data.regressorCenter(j));
-    result[coefficientIndex(data, lag, j)] = rounded(value);
-  }
-  result[0] = rounded(constant);
-  return result;
-}
-
-template <class Real>
-Planes<double> roundedPlanes(const Planes<Real>& source, std::size_t rows, std::size_t columns) {
+Planes<double> roundedPlanes(const Planes<DoubleDouble>& source, std::size_t rows, std::size_t columns) {
   Planes<double> result(rows, columns);
   for (std::size_t i = 0; i < rows; ++i) {
     for (std::size_t j = 0; j < columns; ++j) result.set(i, j, rounded(source.at(i, j)));
@@ -68,15 +39,26 @@ Planes<double> roundedPlanes(const Planes<Real>& source, std::size_t rows, std::
   return result;
 }
 
-template <class Real>
-std::vector<double> originalInverseDiagonal(const LagData& data, std::size_t lag,
-                                            const NestedRegression<Real>& regression) {
-  std::vector<double> diagonal(regression.regressorCount());
-  diagonal[0] = rounded(originalConstantRow(data, regression)[0]);
-  for (std::size_t j = 1; j < diagonal.size(); ++j) {
-    diagonal[coefficientIndex(data, lag, j)] = rounded(regression.inverse(j, j));
+// In doubles if these keep the digits: over long series that is much faster.
+LagResiduals residualsOf(const LagData& data, std::size_t lag, const Planes<DoubleDouble>& coefficients) {
+  if (!isSmall(data)) {
+    const std::size_t count = data.regressorCount(lag);
+    LagResiduals plain = lagResiduals(data, lag, roundedPlanes(coefficients, count, data.seriesCount()));
+    if (residualsKeepDigits(data, coefficients, count, plain.moments)) return plain;
   }
-  return diagonal;
+  return lagResiduals(data, lag, coefficients);
+}
+
+template <class Real>
+void putCoefficients(const LagData& data, std::size_t lag, const NestedRegression<Real>& regression, LagFit& fit) {
+  for (std::size_t i = 0; i < data.seriesCount(); ++i) {
+    fit.coefficients.push_back(originalCoefficients(data, lag, i, regression));
+  }
+}
+
+void putResiduals(LagResiduals residuals, LagFit& fit) {
+  fit.residuals = std::move(residuals.residuals);
+  fit.moments = std::move(residuals.moments);
 }
 
 }  // namespace
@@ -86,77 +68,53 @@ LagRegression::Sums<Real>::Sums(const LagData& data, LagCrossProducts<Real> cros
     : conditions(data, crossProducts.products),
       regression(std::move(crossProducts.products), crossProducts.targetColumn, data.seriesCount()) {}
 
-LagRegression::LagRegression(const SeriesList& endogenous, const SeriesList& exogenous, std::int32_t maxLag)
-    : data_(endogenous, exogenous, maxLag) {
-  if (!isSmall(data_)) {
-    LagCrossProducts<double> crossProducts = lagCrossProducts<double>(data_);
-    if (crossProducts.digitsKept) plain_ = std::make_unique<Sums<double>>(data_, std::move(crossProducts));
-  }
-  if (!plain_) startExtended();
+LagRegression::LagRegression(const SeriesList& endogenous, const SeriesList& exogenous, const LagShape& shape)
+    : data_(endogenous, exogenous, shape) {
+  if (!isSmall(data_)) plain_ = std::make_unique<Sums<double>>(data_, lagCrossProducts<double>(data_));
 }
 
-bool LagRegression::extendPlain(std::size_t lag) {
-  if (!plain_->regression.extendTo(data_.regressorCount(lag))) return false;
-  conditions_ = plain_->conditions.of(data_, plain_->regression);
-  return conditions_.centered >= kEnoughDigits;
-}
-
-void LagRegression::startExtended() {
+LagFit LagRegression::fit(std::size_t lag) {
+  lag_ = lag;
+  LagFit fit;
+  if (plain_ && fitPlain(lag, fit)) return fit;
   plain_.reset();
-  LagCrossProducts<DoubleDouble> crossProducts = lagCrossProducts<DoubleDouble>(data_);
-  extendedProducts_ = crossProducts.products;
-  extended_ = std::make_unique<Sums<DoubleDouble>>(data_, std::move(crossProducts));
+  return fitExtended(lag);
 }
 
-bool LagRegression::extendExtended(std::size_t lag) {
-  if (!extended_->regression.extendTo(data_.regressorCount(lag))) return false;
-  conditions_ = extended_->conditions.of(data_, extended_->regression);
+// False when doubles have too few digits.
+bool LagRegression::fitPlain(std::size_t lag, LagFit& fit) {
+  NestedRegression<double>& regression = plain_->regression;
+  if (!regression.extendTo(data_.regressorCount(lag))) return false;
+  const LagCondition condition = plain_->conditions.of(regression);
+  if (!(condition.reciprocal * condition.leftByMeans >= kLeastConditionInDoubles)) return false;
+  fit.reciprocalCondition = condition.reciprocal;
+  putResiduals(lagResiduals(data_, lag, regression.coefficients()), fit);
+  if (!residualsKeepDigits(data_, regression.coefficients(), data_.regressorCount(lag), fit.moments)) return false;
+  putCoefficients(data_, lag, regression, fit);
   return true;
 }
 
-// The reciprocal condition number from the LU factorisation of X'X, which rounds as doubles do; nothing for an exactly
-// zero pivot.
-std::optional<double> LagRegression::judgeByPivots(std::size_t lag) const {
-  const Matrix crossProducts =
-      originalCrossProducts(data_, extended_ ? extendedProducts_ : lagCrossProducts<DoubleDouble>(data_).products, lag);
-  Matrix inverse;
-  if (!invertMatrix(crossProducts, inverse)) return std::nullopt;
-  return reciprocalCondition(crossProducts, inverse);
-}
-
-std::optional<LagFit> LagRegression::fit(std::int32_t lag) {
-  lag_ = static_cast<std::size_t>(lag);
-  if (plain_ && !extendPlain(lag_)) startExtended();
-  const bool independent = plain_ || extendExtended(lag_);
-  if (independent && conditions_.original >= kSuspicious) return solution(lag_);
-  const std::optional<double> judged = judgeByPivots(lag_);
-  if (!judged) return std::nullopt;
-  conditions_.original = independent ? *judged : 0.0;
-  const bool singular = classifyCondition(conditions_.original, data_.regressorCount(lag_)) == Conditioning::singular;
-  if (singular)
-    return LagFit{.reciprocalCondition = conditions_.original, .coefficients = {}, .residuals = {}, .moments = {}};
-  return solution(lag_);
-}
-
-LagFit LagRegression::solution(std::size_t lag) const {
+LagFit LagRegression::fitExtended(std::size_t lag) {
+  if (!extended_) extended_ = std::make_unique<Sums<DoubleDouble>>(data_, lagCrossProducts<DoubleDouble>(data_));
+  NestedRegression<DoubleDouble>& regression = extended_->regression;
   LagFit fit;
-  fit.reciprocalCondition = conditions_.original;
-  const auto solve = [&](const auto& regression) {
-    for (std::size_t i = 0; i < data_.seriesCount(); ++i) {
-      fit.coefficients.push_back(originalCoefficients(data_, lag, i, regression.coefficients()));
-    }
-    return lagResiduals(data_, lag,
-                        roundedPlanes(regression.coefficients(), data_.regressorCount(lag), data_.seriesCount()));
-  };
-  LagResiduals computed = plain_ ? solve(plain_->regression) : solve(extended_->regression);
-  fit.residuals = std::move(computed.residuals);
-  fit.moments = std::move(computed.moments);
+  const bool independent = regression.extendTo(data_.regressorCount(lag));
+  fit.reciprocalCondition = independent ? extended_->conditions.of(regression).reciprocal : 0.0;
+  fit.singular = isSingularCondition(fit.reciprocalCondition, data_.regressorCount(lag));
+  if (fit.singular) return fit;
+  putResiduals(residualsOf(data_, lag, regression.coefficients()), fit);
+  putCoefficients(data_, lag, regression, fit);
   return fit;
 }
 
-std::vector<double> LagRegression::inverseDiagonal() const {
+InverseDiagonal LagRegression::inverseDiagonal() const {
   return plain_ ? originalInverseDiagonal(data_, lag_, plain_->regression)
                 : originalInverseDiagonal(data_, lag_, extended_->regression);
+}
+
+Matrix LagRegression::inverse() const {
+  return plain_ ? originalInverse(data_, lag_, plain_->regression)
+                : originalInverse(data_, lag_, extended_->regression);
 }
 
 }  // namespace engine

@@ -2,9 +2,8 @@
 
 #pragma once
 
-#include <cstdint>
+#include <cstddef>
 #include <memory>
-#include <optional>
 #include <vector>
 
 #include "engine/regression/lag_condition.h"
@@ -12,35 +11,37 @@
 #include "engine/regression/lag_data.h"
 #include "engine/regression/lag_residuals.h"
 #include "engine/regression/nested_regression.h"
+#include "engine/regression/original_units.h"
 
 namespace engine {
 
 // k coefficients an equation, in the order: constant, lag 1 of series 1..K, .., lag p of series 1..K, exogenous series.
 struct LagFit {
-  double reciprocalCondition = 0.0;               // of X'X scaled to unit diagonal, see condition.h
-  std::vector<std::vector<double>> coefficients;  // per equation
-  std::vector<std::vector<double>> residuals;     // per equation, n = T - maxLag values: actual minus fitted
+  bool singular = false;  // the regressors are collinear, see lag_condition.h: all but the next is empty
+  double reciprocalCondition = 1.0;
+  SeriesList coefficients;  // per equation
+  SeriesList residuals;     // per equation, n values: actual minus fitted
   ResidualMoments moments;
 };
 
-// All orders are fitted on the rows t = MAXLAG .. T - 1, so that the cross-products of one order are a corner of those
-// of the next: they are summed once, and factored once, in rising order. Where the regressors are so nearly collinear
-// that fewer than about 12 digits would be left, the same steps are done again in twice the precision, and for small
-// data they are done so from the start.
+// All orders are fitted on the rows t = firstRow .. T - 1, so that the cross-products of one order are a corner of
+// those of the next: they are summed once, and factored once, in rising order. Where that leaves fewer than about 12
+// digits of the coefficients or the residuals, because regressors are nearly collinear or residuals small, the same
+// steps are done again in twice the precision; for small data they are done so from the start.
 class LagRegression {
  public:
-  using SeriesList = LagData::SeriesList;
+  // Refers to the aligned series, which must outlive it; T - firstRow must exceed the number of regressors of maxLag.
+  LagRegression(const SeriesList& endogenous, const SeriesList& exogenous, const LagShape& shape);
 
-  // Refers to the aligned series, which must outlive it.
-  LagRegression(const SeriesList& endogenous, const SeriesList& exogenous, std::int32_t maxLag);
+  const LagData& data() const { return data_; }
+  bool inTwicePrecision() const { return plain_ == nullptr; }
 
-  // `lag` must not be smaller than in the call before, and T - maxLag must exceed the number of regressors. Nothing
-  // when X'X has an exactly zero pivot; coefficients and residuals are left out when the condition is that of singular
-  // regressors.
-  std::optional<LagFit> fit(std::int32_t lag);
+  // `lag` must not be smaller than in the call before.
+  LagFit fit(std::size_t lag);
 
-  // The diagonal of (X'X)^-1 of the order fitted last, in the order of the coefficients.
-  std::vector<double> inverseDiagonal() const;
+  // (Z'Z)^-1 of the order fitted last, in the order of the coefficients.
+  InverseDiagonal inverseDiagonal() const;
+  Matrix inverse() const;
 
  private:
   template <class Real>
@@ -50,18 +51,13 @@ class LagRegression {
     NestedRegression<Real> regression;
   };
 
-  bool extendPlain(std::size_t lag);
-  void startExtended();
-  bool extendExtended(std::size_t lag);
-  std::optional<double> judgeByPivots(std::size_t lag) const;
-  LagFit solution(std::size_t lag) const;
+  bool fitPlain(std::size_t lag, LagFit& fit);
+  LagFit fitExtended(std::size_t lag);
 
   LagData data_;
   std::size_t lag_ = 0;
-  LagConditions conditions_;
   std::unique_ptr<Sums<double>> plain_;           // until digits are missing
   std::unique_ptr<Sums<DoubleDouble>> extended_;  // from then on
-  Planes<DoubleDouble> extendedProducts_;         // the factorisation overwrites its own copy
 };
 
 }  // namespace engine

@@ -1,6 +1,7 @@
 #include "engine/regression/lag_residuals.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "engine/arithmetic/tile_products.h"
 
@@ -10,15 +11,16 @@ namespace {
 constexpr std::size_t kBlockRows = 96;  // whole tiles; one block of the windows stays in the first cache levels
 
 // The rows first .. first + count - 1 of all series, one line a series: endogenous with their lags before them.
+template <class Real>
 class WindowBlock {
  public:
   WindowBlock(const LagData& data, std::size_t lag)
       : data_(data),
         lag_(lag),
         endogenous_(data.seriesCount(), kBlockRows + lag),
-        others_(data.exogenousCount() + 1, kBlockRows) {
-    std::fill_n(others_.high(0), kBlockRows, 1.0);
-    for (std::size_t i = 0; i <= data.exogenousCount(); ++i) regressors_.addRow(others_, i);
+        fixed_(data.fixedCount(), kBlockRows) {
+    if (data.hasConstant()) std::fill_n(fixed_.high(0), kBlockRows, 1.0);
+    for (std::size_t i = 0; i < data.fixedCount(); ++i) regressors_.addRow(fixed_, i);
     for (std::size_t l = 1; l <= lag; ++l) {
       for (std::size_t i = 0; i < data.seriesCount(); ++i) regressors_.addRow(endogenous_, i, lag - l);
     }
@@ -26,26 +28,26 @@ class WindowBlock {
 
   void fill(std::size_t firstTime, std::size_t count) {
     for (std::size_t i = 0; i < data_.seriesCount(); ++i) {
-      const double* source = data_.endogenous(i).data() + firstTime - lag_;
-      subtract(source, data_.endogenousCenter(i), count + lag_, endogenous_.high(i));
+      for (std::size_t t = 0; t < count + lag_; ++t) {
+        endogenous_.set(i, t, data_.centered<Real>(i, firstTime - lag_ + t));
+      }
     }
+    const std::size_t constants = data_.fixedCount() - data_.exogenousCount();
     for (std::size_t i = 0; i < data_.exogenousCount(); ++i) {
-      subtract(data_.exogenous(i).data() + firstTime, data_.exogenousCenter(i), count, others_.high(i + 1));
+      for (std::size_t t = 0; t < count; ++t) {
+        fixed_.set(constants + i, t, data_.centeredExogenous<Real>(i, firstTime + t));
+      }
     }
   }
 
   const RowTable& regressors() const { return regressors_; }
-  const double* targets(std::size_t i) const { return endogenous_.high(i) + lag_; }
+  Real target(std::size_t i, std::size_t r) const { return endogenous_.at(i, lag_ + r); }
 
  private:
-  static void subtract(const double* source, double center, std::size_t count, double* target) {
-    for (std::size_t t = 0; t < count; ++t) target[t] = source[t] - center;
-  }
-
   const LagData& data_;
   std::size_t lag_;
-  Planes<double> endogenous_;
-  Planes<double> others_;  // the constant 1, then the exogenous series
+  Planes<Real> endogenous_;
+  Planes<Real> fixed_;  // the constant 1, then the exogenous series
   RowTable regressors_;
 };
 
@@ -89,30 +91,35 @@ class MomentSums {
 
 }  // namespace
 
-LagResiduals lagResiduals(const LagData& data, std::size_t lag, const Planes<double>& coefficients) {
+template <class Real>
+LagResiduals lagResiduals(const LagData& data, std::size_t lag, const Planes<Real>& coefficients) {
   const std::size_t equations = data.seriesCount();
   LagResiduals result{std::vector<std::vector<double>>(equations), {}};
   for (std::vector<double>& series : result.residuals) series.reserve(data.rowCount());
-  WindowBlock windows(data, lag);
+  WindowBlock<Real> windows(data, lag);
   MomentSums moments(equations);
-  Planes<double> values(equations, kBlockRows);
-  for (std::size_t first = data.maxLag(); first < data.length(); first += kBlockRows) {
+  Planes<Real> values(equations, kBlockRows);
+  double residuals[kBlockRows];
+  for (std::size_t first = data.firstRow(); first < data.length(); first += kBlockRows) {
     const std::size_t count = std::min(kBlockRows, data.length() - first);
     windows.fill(first, count);
     values.setZero();
     addTileProducts({.steps = data.regressorCount(lag), .factorCount = equations, .last = count}, coefficients,
                     windows.regressors(), values, 0, 0);
     for (std::size_t i = 0; i < equations; ++i) {
-      double* residuals = values.high(i);
-      const double* targets = windows.targets(i);
-      for (std::size_t r = 0; r < count; ++r) residuals[r] = targets[r] - residuals[r];
+      const double unit = std::ldexp(1.0, data.endogenousPlacement(i).exponent);
+      for (std::size_t r = 0; r < count; ++r) residuals[r] = rounded(windows.target(i, r) - values.at(i, r)) * unit;
       result.residuals[i].insert(result.residuals[i].end(), residuals, residuals + count);
       moments.setSeries(i, residuals, count);
     }
     moments.addBlock(count);
   }
   result.moments = moments.finish(data.rowCount());
+  if (!data.hasConstant()) std::ranges::fill(result.moments.sums, 0.0);
   return result;
 }
+
+template LagResiduals lagResiduals(const LagData&, std::size_t, const Planes<double>&);
+template LagResiduals lagResiduals(const LagData&, std::size_t, const Planes<DoubleDouble>&);
 
 }  // namespace engine

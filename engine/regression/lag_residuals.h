@@ -15,8 +15,13 @@ struct LagResiduals {
   ResidualMoments moments;
 };
 
-// `coefficients`: k x K for the centred data and the regressors of `lag` in LagData's order. Every residual is the
-// centred target minus one sum over the k terms in that order. The moments are summed in blocks of 96 rows.
-LagResiduals lagResiduals(const LagData& data, std::size_t lag, const Planes<double>& coefficients);
+// `coefficients`: k x K for the placed data and the regressors of `lag` in LagData's order. Every residual is the
+// placed target minus one sum over the k terms in that order, in the precision of Real, rounded and put back into the
+// unit of the series. The moments are summed in blocks of 96 rows.
+template <class Real>
+LagResiduals lagResiduals(const LagData& data, std::size_t lag, const Planes<Real>& coefficients);
+
+extern template LagResiduals lagResiduals(const LagData&, std::size_t, const Planes<double>&);
+extern template LagResiduals lagResiduals(const LagData&, std::size_t, const Planes<DoubleDouble>&);
 
 }  // namespace engine

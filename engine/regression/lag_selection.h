@@ -2,43 +2,54 @@
 
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <span>
+#include <string_view>
 
 namespace engine {
 
-struct InformationCriteria {
-  double logLikelihood = 0.0;
-  double aic = 0.0;
-  double bic = 0.0;
-  double hqic = 0.0;
+// What the criteria are made of: a model of K equations with m regressors each on n rows. `parameters` is the count of
+// coefficients that the penalty is for; which of them it counts is the caller's.
+struct ModelSize {
+  std::int64_t equations = 0;
+  std::int64_t rows = 0;
+  std::int64_t regressors = 0;
+  double parameters = 0.0;
 };
 
-// Of a VAR(lag) with K equations on n rows, from the determinant of its residual covariance (divisor n). The Gaussian
-// log-likelihood is -n/2 (ln det + K (ln 2 pi + 1)), minus infinity unless det > 0. Akaike 1974, Schwarz 1978, Hannan &
-// Quinn 1979, each divided by n, with lag K^2 + K parameters: exogenous regressors are not counted. HQIC is infinite
-// for n < 3; all three are when K or n is 0.
-InformationCriteria informationCriteria(double determinant, std::size_t equationCount, std::int64_t n,
-                                        std::int32_t lag);
+// Gaussian: -n/2 (ln det + K (ln 2 pi + 1)), from the logarithm of the determinant of the residual covariance (divisor
+// n); 0 when K or n is 0.
+double logLikelihood(double logDeterminant, const ModelSize& size);
 
-struct CriterionSwitches {
-  bool aic = false;
-  bool bic = false;
-  bool hqic = false;
+enum class Criterion { aic, bic, hqic, fpe };
+inline constexpr std::size_t kCriterionCount = 4;
+using CriterionValues = std::array<double, kCriterionCount>;
+
+// One criterion: smaller is better. The value of FPE is its logarithm, since itself leaves the range of doubles in
+// large or small units.
+struct CriterionRow {
+  Criterion criterion;
+  std::string_view name;
+  double (*value)(double logLikelihood, double logDeterminant, const ModelSize& size);
+  bool logarithmic;
 };
 
-struct LagChoice {
-  std::int32_t aic = 0;
-  std::int32_t bic = 0;
-  std::int32_t hqic = 0;
-  std::int32_t overall = 0;
-};
+// Akaike 1974, Schwarz 1978, Hannan & Quinn 1979 as (-2 logL + c parameters) / n, with c = 2, ln n, 2 ln ln n; Akaike's
+// final prediction error ((n + m) / (n - m))^K det V (1971). In the order of the enumeration.
+const std::array<CriterionRow, kCriterionCount>& criterionTable();
 
-// Parallel lists, one entry a fitted lag, ascending. Each criterion chooses the lag of its smallest value, the first
-// among equals. Overall: the only enabled criterion's lag; else the lag on which two enabled ones agree (AIC with BIC,
-// AIC with HQIC, BIC with HQIC, in this order); else the lag of the largest log-likelihood. Throws
-// std::invalid_argument when one of the first four lists is empty or they differ in length.
-LagChoice chooseLag(std::span<const std::int32_t> lags, std::span<const double> aic, std::span<const double> bic,
-                    std::span<const double> hqic, std::span<const double> logLikelihoods, CriterionSwitches enabled);
+// All of them; infinite when K or n is 0. HQIC is infinite for n < 3, FPE for n <= m.
+CriterionValues criterionValues(double logLikelihood, double logDeterminant, const ModelSize& size);
+
+inline double valueOf(Criterion criterion, const CriterionValues& values) {
+  return values[static_cast<std::size_t>(criterion)];
+}
+
+// The place of the first smallest value of a list that is not empty: a candidate gives way only to a strictly smaller
+// one.
+std::size_t placeOfSmallest(std::span<const double> values);
 
 }  // namespace engine

@@ -2,13 +2,18 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <stdexcept>
+
+#include "engine/linear_algebra/lu.h"
+#include "engine/regression/precision_limits.h"
 
 namespace engine {
 namespace {
 
 constexpr double kSingularDeterminant = 1e-12;
 constexpr double kSmallestScale = 1e-12;
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 // The sum of (e(i) - mean(i)) (e(j) - mean(j)).
 double centeredProduct(const ResidualMoments& moments, std::size_t i, std::size_t j) {
@@ -17,6 +22,27 @@ double centeredProduct(const ResidualMoments& moments, std::size_t i, std::size_
 
 bool isSquare(const std::vector<std::vector<double>>& matrix) {
   return std::ranges::all_of(matrix, [&](const auto& row) { return row.size() == matrix.size(); });
+}
+
+// Not a number where a variance is 0.
+std::vector<std::vector<double>> scaledToUnitDiagonal(std::vector<std::vector<double>> covariance) {
+  std::vector<double> roots;
+  for (std::size_t i = 0; i < covariance.size(); ++i) roots.push_back(std::sqrt(covariance[i][i]));
+  for (std::size_t i = 0; i < covariance.size(); ++i) {
+    for (std::size_t j = 0; j < covariance.size(); ++j) covariance[i][j] = covariance[i][j] / roots[i] / roots[j];
+  }
+  return covariance;
+}
+
+// Not a number when some element is not.
+double oneNorm(const Matrix& symmetric) {
+  double largest = 0.0;
+  for (std::size_t i = 0; i < symmetric.rows; ++i) {
+    double sum = 0.0;
+    for (const double value : symmetric.row(i)) sum += std::abs(value);
+    largest = sum <= largest ? largest : sum;
+  }
+  return largest;
 }
 
 double correlation(double covariance, double scale) {
@@ -43,6 +69,25 @@ double residualVariance(const ResidualMoments& moments, std::size_t i, std::int6
   const std::int64_t degreesOfFreedom = static_cast<std::int64_t>(moments.count) - k;
   if (moments.count == 0 || degreesOfFreedom == 0) return 0.0;
   return centeredProduct(moments, i, i) / static_cast<double>(degreesOfFreedom);
+}
+
+// Out of range, ln det V = ln det R + sum of ln V(i,i), with the correlations R.
+CovarianceDeterminant covarianceDeterminant(const std::vector<std::vector<double>>& covariance) {
+  const double value = determinant(covariance);
+  if (std::isnormal(value)) return {value, value > 0.0 ? std::log(value) : kInfinity};
+  double logarithm = 0.0;
+  for (std::size_t i = 0; i < covariance.size(); ++i) logarithm += std::log(covariance[i][i]);
+  const double scaledValue = determinant(scaledToUnitDiagonal(covariance));
+  return {value, scaledValue > 0.0 ? logarithm + std::log(scaledValue) : kInfinity};
+}
+
+bool isSingularCovariance(const std::vector<std::vector<double>>& covariance) {
+  const std::vector<std::vector<double>> rows = scaledToUnitDiagonal(covariance);
+  Matrix scaled(rows.size(), rows.size());
+  for (std::size_t i = 0; i < rows.size(); ++i) std::ranges::copy(rows[i], scaled.row(i).begin());
+  Matrix inverse;
+  if (!invertMatrix(scaled, inverse)) return true;
+  return !(oneNorm(scaled) * oneNorm(inverse) <= 1.0 / (static_cast<double>(rows.size()) * kLeastCondition));
 }
 
 bool isSingularDeterminant(double determinant) {

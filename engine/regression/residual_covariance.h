@@ -13,7 +13,7 @@ namespace engine {
 // Sums over the n residuals of each of K equations.
 struct ResidualMoments {
   Matrix products;           // K x K: of e(i) e(j)
-  std::vector<double> sums;  // of e(i)
+  std::vector<double> sums;  // of e(i); 0 without a constant in the regression, so that no mean is subtracted
   std::size_t count = 0;     // n
 };
 
@@ -24,6 +24,17 @@ std::vector<std::vector<double>> residualCovarianceMatrix(const ResidualMoments&
 
 // Sum of squared deviations of equation i's residuals from their mean, over n - k; 0 when there are none or n = k.
 double residualVariance(const ResidualMoments& moments, std::size_t i, std::int64_t k);
+
+struct CovarianceDeterminant {
+  double value = 0.0;      // as computed: 0 or infinite where it leaves the range of doubles
+  double logarithm = 0.0;  // right in any units; infinite where V is not positive definite in doubles
+};
+
+CovarianceDeterminant covarianceDeterminant(const std::vector<std::vector<double>>& covariance);
+
+// True when the correlations of V, K x K, have a reciprocal 1-norm condition below K * 2.2e-16, or a variance is 0:
+// in any units some series is predicted from the others without error.
+bool isSingularCovariance(const std::vector<std::vector<double>>& covariance);
 
 // True when a covariance determinant is too small to take logarithms of: the bound 1e-12 is absolute, in the product of
 // the squared units of the series.

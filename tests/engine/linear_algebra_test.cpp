@@ -1,13 +1,11 @@
 #include <gtest/gtest.h>
 
 #include "engine/linear_algebra/cholesky.h"
-#include "engine/linear_algebra/condition.h"
 #include "engine/linear_algebra/dense_algebra.h"
 #include "engine/linear_algebra/lu.h"
 #include "engine/linear_algebra/orthonormal_basis.h"
 #include "engine/linear_algebra/symmetric_eigen.h"
 #include "tests/engine/numeric_support.h"
-#include "tests/engine/plain_least_squares.h"
 
 namespace engine {
 namespace {
@@ -46,37 +44,18 @@ TEST(InvertMatrix, TimesTheMatrixIsTheIdentity) {
   Matrix identity(30, 30);
   for (std::size_t i = 0; i < 30; ++i) identity(i, i) = 1.0;
   // The condition number of this matrix is some hundreds.
-  EXPECT_THAT(product(a, inverse).values, elementsNear(identity.values, 1e-11));
+  EXPECT_THAT(multiply(a, inverse).values, elementsNear(identity.values, 1e-11));
 }
 
 TEST(InvertMatrix, RefusesSingularAndOblongLeavingTheResult) {
   Matrix result = matrixOf({{7}});
   EXPECT_FALSE(invertMatrix(matrixOf({{1, 2}, {1, 2}}), result));
   EXPECT_FALSE(invertMatrix(matrixOf({{1, 2}}), result));
+  EXPECT_FALSE(invertCrossProduct(matrixOf({{1, 2}}), result));
   EXPECT_THAT(result.values, ElementsAre(7));
-}
-
-double conditionOf(const Matrix& x) {
-  Matrix inverse;
-  Matrix gram;
-  EXPECT_TRUE(invertCrossProduct(x, inverse, &gram));
-  return reciprocalCondition(gram, inverse);
-}
-
-TEST(ReciprocalCondition, IsOneForOrthogonalRegressorsInAnyUnits) {
-  EXPECT_NEAR(conditionOf(matrixOf({{1, 1e6}, {1, -1e6}})), 1.0, kRounding);
-  // Correlation c between two regressors: ((1 - c) / (1 + c)); here c = 3 / sqrt(15).
-  const double c = 3.0 / std::sqrt(15.0);
-  EXPECT_NEAR(conditionOf(matrixOf({{1, 0}, {1, 1}, {1, 2}})), (1 - c) / (1 + c), kRounding);
-  EXPECT_NEAR(conditionOf(matrixOf({{1, 0}, {1, 1e-7}, {1, 2e-7}})), (1 - c) / (1 + c), kRounding);
-}
-
-TEST(ClassifyCondition, Bounds) {
-  EXPECT_EQ(classifyCondition(1e-12, 10), Conditioning::sound);
-  EXPECT_EQ(classifyCondition(0.99e-12, 10), Conditioning::poor);
-  EXPECT_EQ(classifyCondition(2.3e-15, 10), Conditioning::poor);
-  EXPECT_EQ(classifyCondition(2.1e-15, 10), Conditioning::singular);
-  EXPECT_EQ(classifyCondition(std::nan(""), 10), Conditioning::poor);
+  // X'X = (2 3; 3 5).
+  ASSERT_TRUE(invertCrossProduct(matrixOf({{1, 1}, {1, 2}}), result));
+  EXPECT_THAT(result.values, elementsNear({5, -3, -3, 2}, kRounding));
 }
 
 TEST(Cholesky, TextbookFactorInAnyUnitsAndRefusals) {

@@ -1,19 +1,16 @@
 #include "procedures/varmodel/algo/var_algo.h"
 
+#include <algorithm>
+#include <cmath>
 #include <exception>
 #include <iostream>
-#include <optional>
 #include <set>
 #include <span>
 #include <sstream>
 #include <utility>
 
-#include "engine/linear_algebra/condition.h"
-#include "engine/linear_algebra/lu.h"
-#include "engine/regression/inference.h"
-#include "engine/regression/lag_selection.h"
-#include "engine/regression/regression_rows.h"
 #include "engine/regression/residual_covariance.h"
+#include "procedures/varmodel/algo/overall_lag.h"
 #include "procedures/varmodel/syntax/command_identity.h"
 
 namespace varmodel {
@@ -25,6 +22,9 @@ constexpr const char* kSingularRegressors =
 constexpr const char* kInsufficientObservations =
     "Insufficient observations: The number of effective observations must exceed the number of parameters";
 
+constexpr const char* kOutOfRange =
+    "The model cannot be computed: some values are too large or too small. Rescale the series that hold them.";
+
 // One line that tells which outputs belong to which lag; without it the tables of such a run mislead.
 void warnOfSmallerLag(std::int32_t selected, std::int32_t maxLag) {
   std::cerr << "Warning: VARAlgo::estimateVARWithLags - The selected lag " << selected << " is below MAXLAG " << maxLag
@@ -34,7 +34,7 @@ void warnOfSmallerLag(std::int32_t selected, std::int32_t maxLag) {
 }
 
 // Two or three criteria that all choose another lag leave the decision to the log-likelihood, which no table tells.
-void warnOfDisagreement(const engine::LagChoice& choice, engine::CriterionSwitches enabled) {
+void warnOfDisagreement(const LagChoice& choice, CriterionSwitches enabled) {
   std::ostringstream chosen;
   std::set<std::int32_t> lags;
   int criteria = 0;
@@ -108,15 +108,17 @@ bool VARAlgo::estimateVARWithLags() {
   for (std::size_t i = 0; i < equationResults.size() && i < settings.endogenousNames.size(); ++i) {
     equationResults[i].equationName = settings.endogenousNames[i];
   }
-  regression_.reset();
+  estimation_ = engine::estimateVar(
+      {settings.endogenousSeries, settings.exogenousSeries},
+      {.minLag = settings.minLag, .maxLag = settings.maxLag, .countExogenous = false, .allowSingularCovariance = true});
   for (std::int32_t lag = settings.minLag; lag <= settings.maxLag; ++lag) {
-    engine::InformationCriteria criteria;
-    if (!estimateForLag(lag, criteria.logLikelihood, criteria.aic, criteria.bic, criteria.hqic)) return false;
+    double logLikelihood = 0.0, aic = 0.0, bic = 0.0, hqic = 0.0;
+    if (!estimateForLag(lag, logLikelihood, aic, bic, hqic)) return false;
     lagOrders.push_back(lag);
-    logLikelihoods.push_back(criteria.logLikelihood);
-    aicValues.push_back(criteria.aic);
-    bicValues.push_back(criteria.bic);
-    hqicValues.push_back(criteria.hqic);
+    logLikelihoods.push_back(logLikelihood);
+    aicValues.push_back(aic);
+    bicValues.push_back(bic);
+    hqicValues.push_back(hqic);
   }
   optimalLag = forecastLag = selectOptimalLag(lagOrders, aicValues, bicValues, hqicValues);
   if (optimalLag < settings.maxLag) warnOfSmallerLag(optimalLag, settings.maxLag);
@@ -124,70 +126,48 @@ bool VARAlgo::estimateVARWithLags() {
 }
 
 bool VARAlgo::estimateForLag(std::int32_t lag, double& logLikelihood, double& aic, double& bic, double& hqic) {
-  const SeriesList& endogenous = settings.endogenousSeries;
-  const SeriesList& exogenous = settings.exogenousSeries;
-  const std::int64_t k = engine::regressorCount(endogenous.size(), exogenous.size(), lag);
-  if (std::ssize(endogenous.front()) - settings.maxLag <= k) {
-    parserMessage.GenericError(kInsufficientObservations);
+  const auto found = std::ranges::find(estimation_.lags, lag, &engine::LagEstimate::lag);
+  if (found == estimation_.lags.end()) {
+    reportError(estimation_.error->reason);
     return false;
   }
-  if (!engine::seriesAreAligned(endogenous, exogenous, endogenous.front().size())) return false;
-  if (!regression_) regression_.emplace(endogenous, exogenous, settings.maxLag);
-  std::optional<engine::LagFit> fit = regression_->fit(lag);
-  if (!fit) {
-    parserMessage.GenericError(kSingularRegressors);
-    return false;
-  }
-  if (!regressorsAreUsable(fit->reciprocalCondition, lag, k)) return false;
-  residualsByLag[lag] = std::move(fit->residuals);
-  coefficientsByLag[lag] = std::move(fit->coefficients);
-  covarianceByLag_[lag] = engine::residualCovarianceMatrix(fit->moments);
-  if (!computeCriteria(lag, logLikelihood, aic, bic, hqic)) return false;
-  if (lag == settings.maxLag) storeEquationResults(fit->moments);
+  residualsByLag[lag] = std::move(found->residuals);
+  coefficientsByLag[lag] = std::move(found->coefficients);
+  if (!covarianceIsUsable(found->determinant)) return false;
+  logLikelihood = found->logLikelihood;
+  aic = valueOf(engine::Criterion::aic, found->criteria);
+  bic = valueOf(engine::Criterion::bic, found->criteria);
+  hqic = valueOf(engine::Criterion::hqic, found->criteria);
+  if (lag == settings.maxLag) storeEquationResults(*found);
   return true;
 }
 
-bool VARAlgo::regressorsAreUsable(double reciprocalCondition, std::int32_t lag, std::int64_t k) {
-  const engine::Conditioning conditioning = engine::classifyCondition(reciprocalCondition, static_cast<std::size_t>(k));
-  if (conditioning == engine::Conditioning::singular) {
-    parserMessage.GenericError(kSingularRegressors);
-    return false;
-  }
-  if (conditioning == engine::Conditioning::poor) {
-    std::cerr << "Warning: VARAlgo::estimateForLag - The regressors of lag " << lag
-              << " are nearly collinear (reciprocal condition " << reciprocalCondition
-              << "): few digits of the coefficients and standard errors can be trusted.\n";
-  }
-  return true;
+// Nothing is said of series of different lengths.
+void VARAlgo::reportError(engine::FitError::Reason reason) {
+  using enum engine::FitError::Reason;
+  if (reason == insufficientObservations) parserMessage.GenericError(kInsufficientObservations);
+  if (reason == singularRegressors) parserMessage.GenericError(kSingularRegressors);
+  if (reason == singularCovariance) parserMessage.GenericError(kSingularCovariance);
+  if (reason == outOfRange) parserMessage.GenericError(kOutOfRange);
 }
 
-bool VARAlgo::computeCriteria(std::int32_t lag, double& logLikelihood, double& aic, double& bic, double& hqic) {
-  const SeriesList& residuals = residualsByLag[lag];
-  const double determinantOfLag = engine::determinant(covarianceByLag_[lag]);
-  if (engine::isSingularDeterminant(determinantOfLag)) {
-    parserMessage.GenericError(kSingularCovariance);
-    return false;
-  }
-  const engine::InformationCriteria criteria =
-      engine::informationCriteria(determinantOfLag, residuals.size(), std::ssize(residuals.front()), lag);
-  logLikelihood = criteria.logLikelihood;
-  aic = criteria.aic;
-  bic = criteria.bic;
-  hqic = criteria.hqic;
-  return true;
+bool VARAlgo::covarianceIsUsable(double determinant) {
+  using enum engine::FitError::Reason;
+  if (std::isfinite(determinant) && !engine::isSingularDeterminant(determinant)) return true;
+  reportError(std::isfinite(determinant) ? singularCovariance : outOfRange);
+  return false;
 }
 
-void VARAlgo::storeEquationResults(const engine::ResidualMoments& moments) {
+void VARAlgo::storeEquationResults(const engine::LagEstimate& estimate) {
   const SeriesList& coefficients = coefficientsByLag[settings.maxLag];
   const SeriesList& residuals = residualsByLag[settings.maxLag];
-  const std::vector<double> inverseDiagonal = regression_->inverseDiagonal();
-  regression_.reset();  // MAXLAG is the last lag; its matrices make room for the results
   for (std::size_t i = 0; i < equationResults.size(); ++i) {
     EquationResult& result = equationResults[i];
     const std::int64_t k = std::ssize(coefficients[i]);
-    result.residualVariance = engine::residualVariance(moments, i, k);
-    engine::CoefficientInference inference = engine::inferCoefficients(
-        coefficients[i], result.residualVariance, inverseDiagonal, std::ssize(residuals[i]) - k, settings.ciLevel);
+    result.residualVariance = engine::residualVariance(estimate.moments, i, k);
+    engine::CoefficientInference inference =
+        engine::inferCoefficients(coefficients[i], result.residualVariance, estimate.inverseDiagonal,
+                                  estimation_.rows - k, settings.ciLevel, engine::LimitQuantile::normal);
     result.coefficients.assign(1, coefficients[i]);
     setOnlySeries(result.standardErrors, std::move(inference.standardErrors));
     setOnlySeries(result.tStatistics, std::move(inference.tStatistics));
@@ -202,8 +182,8 @@ void VARAlgo::storeEquationResults(const engine::ResidualMoments& moments) {
 
 std::int32_t VARAlgo::selectOptimalLag(const std::vector<std::int32_t>& lags, const std::vector<double>& aic,
                                        const std::vector<double>& bic, const std::vector<double>& hqic) {
-  const engine::CriterionSwitches enabled{.aic = settings.useAic, .bic = settings.useBic, .hqic = settings.useHqic};
-  const engine::LagChoice choice = engine::chooseLag(lags, aic, bic, hqic, logLikelihoods, enabled);
+  const CriterionSwitches enabled{.aic = settings.useAic, .bic = settings.useBic, .hqic = settings.useHqic};
+  const LagChoice choice = chooseLag(lags, aic, bic, hqic, logLikelihoods, enabled);
   warnOfDisagreement(choice, enabled);
   aicLag = choice.aic;
   bicLag = choice.bic;
@@ -212,12 +192,11 @@ std::int32_t VARAlgo::selectOptimalLag(const std::vector<std::int32_t>& lags, co
 }
 
 bool VARAlgo::computeSelectedCovariance() {
-  if (!residualsByLag.contains(optimalLag)) return true;
-  residualCovariance = covarianceByLag_[optimalLag];
-  residualCovarianceDeterminant = engine::determinant(residualCovariance);
-  if (!engine::isSingularDeterminant(residualCovarianceDeterminant)) return true;
-  parserMessage.GenericError(kSingularCovariance);
-  return false;
+  const engine::LagEstimate* selected = engine::findLag(estimation_, optimalLag);
+  if (selected == nullptr) return true;
+  residualCovariance = selected->covariance;
+  residualCovarianceDeterminant = selected->determinant;
+  return covarianceIsUsable(residualCovarianceDeterminant);
 }
 
 }  // namespace varmodel

@@ -4,11 +4,10 @@
 
 #include <cstdint>
 #include <map>
-#include <optional>
 #include <string>
 #include <vector>
 
-#include "engine/regression/lag_regression.h"
+#include "engine/regression/var_estimation.h"
 #include "host/parser_message.h"
 #include "procedures/varmodel/algo/equation_result.h"
 #include "procedures/varmodel/syntax/input_settings.h"
@@ -51,19 +50,18 @@ class VARAlgo {
 
  private:
   std::int32_t runSteps();
-  // Fits one lag order and keeps its residuals and coefficients; false after a reported failure.
+  // Takes over what was fitted for one lag order; false after a reported failure.
   bool estimateForLag(std::int32_t lag, double& logLikelihood, double& aic, double& bic, double& hqic);
-  bool regressorsAreUsable(double reciprocalCondition, std::int32_t lag, std::int64_t k);
-  bool computeCriteria(std::int32_t lag, double& logLikelihood, double& aic, double& bic, double& hqic);
+  void reportError(engine::FitError::Reason reason);
+  bool covarianceIsUsable(double determinant);
   // Fills the per-equation fields of the MAXLAG model.
-  void storeEquationResults(const engine::ResidualMoments& moments);
+  void storeEquationResults(const engine::LagEstimate& estimate);
   // Sets the lag of each criterion and returns the overall one; throws std::invalid_argument for empty or uneven lists.
   std::int32_t selectOptimalLag(const std::vector<std::int32_t>& lags, const std::vector<double>& aic,
                                 const std::vector<double>& bic, const std::vector<double>& hqic);
   bool computeSelectedCovariance();
 
-  std::optional<engine::LagRegression> regression_;  // while lags are fitted
-  std::map<std::int32_t, SeriesList> covarianceByLag_;
+  engine::VarEstimation estimation_;  // residuals and coefficients are moved into the two maps
 };
 
 }  // namespace varmodel
