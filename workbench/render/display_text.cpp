@@ -34,11 +34,6 @@ std::vector<Cluster> clusters(std::string_view text) {
   return found;
 }
 
-bool acts(char32_t character) {
-  return (character >= 0x80 && character <= 0x9f) || (character >= 0x2028 && character <= 0x202e) ||
-         (character >= 0x2066 && character <= 0x2069);
-}
-
 // A blank run and the word after it.
 struct Word {
   std::string_view blanks;
@@ -92,22 +87,6 @@ class Wrapper {
 };
 
 }  // namespace
-
-std::string visibleText(std::string_view text) {
-  std::string visible;
-  for (std::size_t at = 0; at < text.size();) {
-    const CodePoint next = firstCodePoint(text.substr(at));
-    if (next.value < 0x20 || next.value == 0x7f) {
-      visible += {'^', static_cast<char>(next.value ^ 0x40U)};
-    } else if (!next.valid || acts(next.value)) {
-      visible += kReplacementText;
-    } else {
-      visible += text.substr(at, next.bytes);
-    }
-    at += next.bytes;
-  }
-  return visible;
-}
 
 int displayWidth(std::string_view text) {
   int width = 0;

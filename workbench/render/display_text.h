@@ -1,5 +1,5 @@
-// Texts of unknown origin on a character grid. Widths count terminal cells: a combining mark has 0, an East Asian or
-// emoji character 2.
+// Visible text (visible_text.h) on a character grid. Widths count terminal cells: a combining mark has 0, an East Asian
+// or emoji character 2.
 
 #pragma once
 
@@ -7,14 +7,9 @@
 #include <string_view>
 #include <vector>
 
+#include "workbench/base/visible_text.h"
+
 namespace workbench {
-
-// Valid UTF-8 in which nothing acts: C0 controls and DEL in caret notation (^[), and U+FFFD for C1 controls, line and
-// paragraph separators, bidirectional overrides and isolates, and bytes that are no UTF-8. Everything else,
-// right-to-left names included, is kept.
-std::string visibleText(std::string_view text);
-
-// The functions below expect such text.
 
 int displayWidth(std::string_view text);
 int longestWord(std::string_view text);  // width of the widest part without a blank

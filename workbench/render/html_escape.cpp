@@ -3,7 +3,7 @@
 #include <stdexcept>
 
 #include "workbench/base/utf8.h"
-#include "workbench/render/display_text.h"
+#include "workbench/base/visible_text.h"
 
 namespace workbench {
 
