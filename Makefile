@@ -17,8 +17,9 @@ test: build
 	scripts/check_includes.py
 	ctest --test-dir build/$(PRESET) --output-on-failure --parallel 2
 	@scripts/setup.sh browser
-	VARMODEL_PROGRAM=build/$(PRESET)/bin/varmodel VARMODEL_REPORT_PAGE=build/$(PRESET)/tests/report_page \
-	  node tests/browser/report_test.mjs
+	for test in report chart; do \
+	  VARMODEL_PROGRAM=build/$(PRESET)/bin/varmodel VARMODEL_REPORT_PAGE=build/$(PRESET)/tests/report_page \
+	    node tests/browser/$${test}_test.mjs || exit 1; done
 
 setup:
 	@scripts/setup.sh

@@ -14,10 +14,11 @@ varmodel_folder(workbench/language LINKS workbench_session)
 varmodel_folder(workbench/dataset LINKS workbench_session workbench_language DuckDB::duckdb)
 varmodel_folder(workbench/dates LINKS workbench_session workbench_dataset)
 varmodel_folder(workbench/document LINKS workbench_session)
-varmodel_folder(workbench/render LINKS workbench_session fmt::fmt-header-only utf8proc::utf8proc)
+varmodel_folder(workbench/charts LINKS workbench_base rapidjson fmt::fmt-header-only)
+varmodel_folder(workbench/render LINKS workbench_session workbench_charts fmt::fmt-header-only utf8proc::utf8proc)
 include(workbench/report/assets.cmake)
 varmodel_folder(workbench/report LINKS workbench_render)
-varmodel_folder(workbench/plots LINKS workbench_report)
+varmodel_folder(workbench/plots LINKS workbench_render)
 varmodel_folder(workbench/casefile LINKS workbench_session workbench_dataset DuckDB::duckdb)
 varmodel_folder(workbench/commands/common LINKS workbench_session workbench_dataset workbench_dates workbench_language
   workbench_render
@@ -31,7 +32,8 @@ foreach(source ${command_folders})
   list(APPEND command_libraries ${name})
 endforeach()
 varmodel_folder(workbench/commands LINKS ${command_libraries})
-varmodel_folder(workbench/cli LINKS workbench_commands workbench_casefile workbench_plots tomlplusplus::tomlplusplus)
+varmodel_folder(workbench/cli LINKS workbench_commands workbench_casefile workbench_report workbench_plots
+  tomlplusplus::tomlplusplus)
 target_compile_definitions(workbench_cli PRIVATE VARMODEL_VERSION="varmodel ${PROJECT_VERSION}")
 set(VARMODEL_HOST_PARTS workbench_base workbench_session workbench_language workbench_dataset workbench_dates workbench_document
   workbench_casefile)

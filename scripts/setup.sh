@@ -11,7 +11,7 @@ packages=(g++ cmake ninja-build ccache libboost-math-dev libeigen3-dev rapidjson
 for extra in "$@"; do
   case "$extra" in
     lint) packages+=(clang-format clang-tidy) ;;
-    browser) packages+=(chromium fonts-dejavu-core) ;;
+    browser) packages+=(chromium fonts-dejavu-core poppler-utils) ;;
     bench) packages+=(libopenblas-dev liblapacke-dev gretl hyperfine python3-statsmodels python3-matplotlib) ;;
     determinism) packages+=(clang) ;;
     *) echo "setup: unknown extra '$extra' (known: lint, bench, determinism, browser)" >&2; exit 2 ;;

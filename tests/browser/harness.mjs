@@ -112,6 +112,8 @@ export function look(frame) {
     const all = (selector, root = element) => [...root.querySelectorAll(selector)];
     const marks = (kind) => all(`.mark-${kind}.role-mark path`);
     const texts = (selector) => all(`${selector} text`).map((text) => text.textContent);
+    const legend = (selector) =>
+      [...element.closest('section').querySelectorAll(`.legend ${selector}`)].map((entry) => entry.textContent);
     const points = (path) =>
       (path.getAttribute('d') ?? '').match(/[ML][^ML]*/g).map((part) => part.slice(1).split(',').map(Number));
     const label = (text) => {
@@ -120,18 +122,27 @@ export function look(frame) {
     };
     return {
       lines: marks('line').map((path) => [getComputedStyle(path).stroke, points(path).length]),
+      widths: marks('line').map((path) => parseFloat(getComputedStyle(path).strokeWidth)),
       dashes: marks('line').map((path) => getComputedStyle(path).strokeDasharray !== 'none'),
       points: marks('line').map(points),
       bars: marks('rect').map((path) => getComputedStyle(path).fill),
       heights: marks('rect').map((path) => path.getBBox().height),
+      rects: marks('rect').map((path) => {
+        const { top, bottom } = path.getBoundingClientRect();
+        return { top, bottom };
+      }),
+      bands: marks('area').map((path) => {
+        const { x: left, height } = path.getBBox();
+        return { left, height };
+      }),
       areas: marks('area').map((path) => getComputedStyle(path).fill),
       dots: marks('symbol').map((path) => getComputedStyle(path).fill),
       axisTitles: texts('.role-axis-title').sort(),
       axes: all('.role-axis')
         .map((axis) => all('.role-axis-label text', axis).map(label))
         .map((labels) => labels.sort((a, b) => a.left - b.left || b.top - a.top)),
-      legend: texts('.role-legend-label'),
-      legendTitle: texts('.role-legend-title'),
+      legend: legend('li:not(.legend-title)'),
+      legendTitle: legend('.legend-title'),
     };
   });
 }

@@ -77,9 +77,9 @@ async function checkMarks(page) {
     [AREA, 'area: red', { areas: [red] }],
     [COMBINED, 'several series: the palette, the first on top', { lines: [[blue, 203], [red, 203]] }],
     [COMBINED, 'the legend of several series', { legend: ['realgdp', 'realcons'], legendTitle: ['Variable'] }],
-    [FIT, 'fit: Observed drawn above Fitted', { lines: [[blue, 203], [red, 203]], axisTitles: ['Date', 'realgdp'] }],
-    [FORECAST, 'forecast: mapped colours', { lines: [[blue, 3], [blue, 203], [red, 203]] }],
-    [FORECAST, 'forecast: dashes apart from Fitted', { dashes: [true, false, false] }],
+    [FIT, 'fit: Fitted drawn above Observed', { lines: [[red, 203], [blue, 203]], axisTitles: ['Date', 'realgdp'] }],
+    [FORECAST, 'forecast: mapped colours', { lines: [[red, 203], [blue, 4], [blue, 203]] }],
+    [FORECAST, 'forecast: dashes apart from Fitted', { dashes: [false, true, false] }],
     [FORECAST, 'forecast: dots', { dots: [blue, blue, blue] }],
     [FORECAST, 'the legend of a forecast', { legend: ['Observed', 'Fitted', 'Forecast'] }],
     [STRANGE, 'a chart that is understood in part is drawn', { lines: [[red, 203]] }],
@@ -101,7 +101,8 @@ async function checkMarks(page) {
     ok(axisTexts(bars).some((list) => list.join() === lags.join()), 'lags');
     ok(axisTexts(bars).some((list) => list[0]?.endsWith('1.0') && list.at(-1) === '1.0' && list.length > 2), 'scale');
     const { points } = await view(FORECAST);
-    ok(points[0][0][0] > points[2].at(-1)[0], 'forecasts follow the observations');
+    equal(points[1][0], points[0].at(-1), 'the forecast begins at the last observed value');
+    ok(points[1].at(-1)[0] > points[0].at(-1)[0], 'forecasts follow the observations');
   });
   await check('dates on the axis at 203, 5,000 and 50,000 points', async () => {
     checkDateLabels(await view(TIME), labels);
@@ -181,6 +182,7 @@ async function checkReading(page) {
     equal(await tip.locator('div').allTextContents(), ['2010Q2', 'Forecast13,200']);
     await page.keyboard.press('Home');
     equal(await tip.locator('div').allTextContents(), ['1959Q1', 'Observed2,710.349', 'Fitted2,710.349']);
+    await page.keyboard.press('End');
     const box = await frame.boundingBox();
     await page.mouse.move(box.x + box.width - 8, box.y + 120);
     ok((await tip.textContent()).startsWith('2010Q2'), 'pointer');
@@ -364,7 +366,7 @@ async function checkProgram(page) {
     ok((await page.locator('pre.command').textContent()).includes('MAXLAG=4'), 'command');
     ok((await page.locator('#facts dd').count()) > 2, 'facts');
     const { lines, dots } = await look(await drawn(page, 16));
-    equal([...lines.map(([, points]) => points), dots.length], [9, 199, 199, 9], 'the forecast chart');
+    equal([...lines.map(([, points]) => points), dots.length], [199, 10, 199, 9], 'the forecast chart');
   });
 }
 

@@ -12,21 +12,16 @@
 #include <cstdlib>
 #include <fstream>
 #include <limits>
-#include <numeric>
-#include <random>
 
-#include "tests/render/render_fixture.h"
-#include "workbench/plots/category_ticks.h"
+#include "tests/charts/chart_fixture.h"
 #include "workbench/plots/gnuplot.h"
 #include "workbench/plots/gnuplot_script.h"
-#include "workbench/plots/thinning.h"
 #include "workbench/render/display_text.h"
 
 namespace workbench {
 
 namespace {
 
-using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
 
@@ -34,12 +29,6 @@ constexpr double kGap = std::numeric_limits<double>::quiet_NaN();
 
 #define SKIP_WITHOUT_GNUPLOT() \
   if (!runGnuplot("")) GTEST_SKIP() << "gnuplot is not installed"
-
-std::vector<std::size_t> counting(std::size_t count) {
-  std::vector<std::size_t> places(count);
-  std::iota(places.begin(), places.end(), 0);
-  return places;
-}
 
 // Builds a document of charts: chart("Residuals").series("realgdp", {1, 2}).
 class ChartDocument {
@@ -69,6 +58,18 @@ class ChartDocument {
     return *this;
   }
 
+  // A chart from its statements, over columns declared in their order: the first of categories.
+  ChartDocument& drawing(const std::string& columns, const std::vector<std::string>& statements) {
+    rapidjson::Document item = parseJson(R"({"type": "chart", "name": "T", "vizl": [], "columns": )" + columns + "}");
+    std::vector<std::string> names;
+    for (const auto& column : item["columns"].GetObject()) names.emplace_back(column.name.GetString());
+    std::vector<std::string> lines = declared(names);
+    lines.insert(lines.end(), statements.begin(), statements.end());
+    for (const std::string& line : lines) item["vizl"].PushBack(rapidjson::Value(line, pool()), pool());
+    json_["items"].PushBack(rapidjson::Value(item, pool()), pool());
+    return *this;
+  }
+
   Plots plots(const Locale& locale = {}) const { return paintPlots(json_, {.width = 80}, locale); }
   std::string paint(const Locale& locale = {}) const { return plots(locale).text; }
 
@@ -77,48 +78,6 @@ class ChartDocument {
 
   rapidjson::Document json_ = parseJson(R"({"items": []})");
 };
-
-TEST(Thinning, KeepsExtremesInAtMostTwoPointsAColumn) {
-  constexpr std::size_t kPoints = 50000;
-  constexpr std::size_t kColumns = 80;
-  std::mt19937 random(1);
-  std::normal_distribution<double> normal;
-  std::vector<double> values(kPoints);
-  for (double& value : values) value = normal(random);
-  values[31234] = 40;
-  values[31235] = -40;
-  const auto kept = thinSeries(counting(kPoints), values, kPoints, kColumns);
-  EXPECT_LE(kept.size(), 2 * kColumns);
-  EXPECT_THAT(kept, testing::IsSupersetOf({PlotPoint{31234, 40}, PlotPoint{31235, -40}}));
-  EXPECT_TRUE(std::ranges::is_sorted(kept, {}, &PlotPoint::place));
-}
-
-TEST(Thinning, GapsOfAColumnStayAndFewPointsAreLeftAlone) {
-  const auto few = thinSeries({0, 1, 2}, {1, kGap, 3}, 3, 2);
-  ASSERT_EQ(few.size(), 3U);
-  EXPECT_TRUE(std::isnan(few[1].value));
-  const auto many = thinSeries(counting(9), {1, 2, 3, kGap, kGap, kGap, 5, kGap, 4}, 9, 3);
-  ASSERT_EQ(many.size(), 5U);
-  EXPECT_EQ(many[1], (PlotPoint{2, 3}));
-  EXPECT_TRUE(std::isnan(many[2].value));
-  EXPECT_EQ(many[3], (PlotPoint{6, 5}));
-}
-
-TEST(Ticks, StepsAreRoundInYears) {
-  std::vector<std::string> quarters;
-  std::vector<std::string> months;
-  std::vector<std::string> numbers;
-  for (int i = 0; i < 203; ++i) {
-    quarters.push_back(fmt::format("{}Q{}", 1959 + i / 4, i % 4 + 1));
-    months.push_back(fmt::format("{:02} {}", i % 12 + 1, 2001 + i / 12));
-    numbers.push_back(std::to_string(i + 1));
-  }
-  EXPECT_THAT(categoryTicks(quarters, 6), ElementsAre(0, 40, 80, 120, 160, 200));
-  EXPECT_THAT(categoryTicks(months, 6), ElementsAre(0, 60, 120, 180));
-  EXPECT_THAT(categoryTicks(numbers, 6), ElementsAre(0, 50, 100, 150, 200));
-  EXPECT_THAT(categoryTicks({"2001Q1", "2001Q2", "2001Q3", "2001Q4", "2002Q1"}, 3), ElementsAre(0, 2, 4));
-  EXPECT_THAT(categoryTicks({"only"}, 1), ElementsAre(0));
-}
 
 TEST(Script, TextsAreLiteralsThatEndWhereTheyShould) {
   EXPECT_EQ(gnuplotText("it's"), "'it''s'");
@@ -154,8 +113,8 @@ TEST(Plots, LinesFitTheWidthAndShowSeriesGapsAndDates) {
   ASSERT_GE(lines.size(), 10U);
   EXPECT_EQ(lines[0], "T");
   EXPECT_EQ(lines[1], "T by T, 1 to 60: * a  # b");
-  EXPECT_THAT(lines.back(), testing::MatchesRegex(" *1 +11 +21 +31 +41 +51"));
-  EXPECT_LE(lines.size(), static_cast<std::size_t>(kPlotHeight) + 2);
+  EXPECT_THAT(lines.back(), testing::MatchesRegex(" *10 +20 +30 +40 +50 +60"));
+  EXPECT_LE(lines.size(), 17U);
   EXPECT_THAT(lines[2], HasSubstr("#"));
   EXPECT_THAT(lines[lines.size() - 2], HasSubstr("+**"));  // the lowest values lie on the axis, not behind it
   std::size_t withGlyph = 0;
@@ -177,6 +136,80 @@ TEST(Plots, BarsStandOnTheZeroLineWithTheirValues) {
   EXPECT_THAT(text, HasSubstr("-0,50 "));
   EXPECT_THAT(lines[8], HasSubstr("0,06"));  // above the zero line
   EXPECT_THAT(lines[9], testing::MatchesRegex(" *0 [|+]-+[*]-+[*]-+[*]-+.*"));
+}
+
+std::size_t countOf(const std::vector<std::string>& lines, char glyph, std::size_t from, std::size_t to) {
+  std::size_t count = 0;
+  for (std::size_t row = 2; row + 2 < lines.size(); ++row) {
+    const std::string part = lines[row].substr(std::min(from, lines[row].size()), to - from);
+    count += static_cast<std::size_t>(std::ranges::count(part, glyph));
+  }
+  return count;
+}
+
+TEST(Plots, BandsLieAroundTheirLineAndJoinTheHistory) {
+  SKIP_WITHOUT_GNUPLOT();
+  const auto lines = linesOf(
+      ChartDocument()
+          .drawing(R"({"x": ["1", "2", "3", "4", "5"], "y": [5, 5, 5, 5, 5], "name": ["a", "a", "a", "b", "b"],
+                       "l": [null, null, null, 3, 1], "u": [null, null, null, 7, 9]})",
+                   {"ELEMENT: band(position(x*l*u), label(\"95%\"))", "ELEMENT: line(position(x*y), color(name))"})
+          .paint());
+  EXPECT_THAT(lines[1], HasSubstr(". 95%  * a  # b"));
+  EXPECT_EQ(countOf(lines, '.', 0, 40), 0U) << "before the band";
+  EXPECT_GT(countOf(lines, '.', 65, 80), countOf(lines, '.', 45, 60)) << "it widens from the last value on";
+  EXPECT_EQ(countOf(lines, '*', 45, 80), 0U) << "the history ends where the other series begins";
+}
+
+TEST(Plots, StacksFillWhatTheyStandFor) {
+  SKIP_WITHOUT_GNUPLOT();
+  const std::string columns = R"({"x": ["1", "2", "1", "2"], "y": [25, 25, 75, 75], "name": ["a", "a", "b", "b"]})";
+  const auto areas =
+      linesOf(ChartDocument().drawing(columns, {"ELEMENT: area(position(x*y), color(name), stack())"}).paint());
+  const double share = static_cast<double>(countOf(areas, '*', 0, 80)) /
+                       static_cast<double>(countOf(areas, '*', 0, 80) + countOf(areas, '#', 0, 80));
+  EXPECT_NEAR(share, 0.25, 0.08);  // a plot has but 13 rows
+  const auto bars = linesOf(ChartDocument()
+                                .drawing(R"({"x": ["1", "1"], "y": [4, -4], "name": ["a", "b"]})",
+                                         {"ELEMENT: interval(position(x*y), color(name), stack())"})
+                                .paint());
+  const auto rowsWith = [&](char glyph) {
+    std::vector<std::size_t> rows;
+    for (std::size_t row = 2; row < bars.size(); ++row)
+      if (bars[row].find(glyph) != std::string::npos) rows.push_back(row);
+    return rows;
+  };
+  ASSERT_FALSE(rowsWith('*').empty() || rowsWith('#').empty());
+  EXPECT_LE(rowsWith('*').back(), rowsWith('#').front()) << "negative values hang below zero";
+}
+
+TEST(Plots, EqualAxesMakeARoundCircleAndAPanelItsCellsSideBySide) {
+  SKIP_WITHOUT_GNUPLOT();
+  const auto roots = linesOf(ChartDocument()
+                                 .drawing(R"({"said": ["r"], "re": [0.9], "im": [0]})",
+                                          {"SCALE: equal(dim(1), dim(2))", "GUIDE: circle(at(0, 0), radius(1))",
+                                           "ELEMENT: point(position(re*im))"})
+                                 .paint());
+  std::size_t widest = 0;
+  std::size_t rows = 0;
+  for (const std::string& line : roots) {
+    const std::size_t first = line.find('.', 5);
+    if (first == std::string::npos || line.find('|') == std::string::npos) continue;
+    widest = std::max(widest, line.rfind('.') - first + 1);
+    ++rows;
+  }
+  EXPECT_NEAR(static_cast<double>(widest), 2.0 * static_cast<double>(rows), 4)
+      << "a character is twice as high as wide";
+
+  const auto panel =
+      linesOf(ChartDocument()
+                  .drawing(R"({"h": ["0", "1", "0", "1", "0", "1", "0", "1"], "y": [1, 2, 3, 4, 5, 6, 7, 8],
+                                              "r": ["a", "a", "a", "a", "b", "b", "b", "b"],
+                                              "s": ["a", "a", "b", "b", "a", "a", "b", "b"]})",
+                           {"PANEL: rows(r), columns(s)", "ELEMENT: line(position(h*y))"})
+                  .paint());
+  EXPECT_THAT(panel[2], testing::MatchesRegex("a / a {30,}a / b"));
+  for (const std::string& line : panel) EXPECT_LE(line.size(), 80U);
 }
 
 TEST(Plots, WhatCannotBeDrawnIsSaid) {

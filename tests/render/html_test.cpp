@@ -65,8 +65,11 @@ TEST(HtmlTable, WritesHeadersWithTheirScopesAndFullPrecisionValues) {
 
 TEST(HtmlTable, ATableWithoutTitleGroupsAndFootnotes) {
   const std::string plain = htmlTable(tableFromJson(R"({ "type": "table", "title": "\"Fit\"", "titleShown": false,
-    "columns": [ { "label": "N" } ], "rows": ["a"], "cells": [[3]], "cellFormat": { "decimals": 0 } })"));
-  EXPECT_THAT(plain, HasSubstr("<table class=\"pivot\" aria-label=\"&quot;Fit&quot;\">\n<colgroup>"));
+    "columns": [ { "label": "N" } ], "rows": ["a"], "cells": [[3]], "cellFormat": { "decimals": 0 },
+    "columnWidth": { "min": 100, "max": 300 } })"));
+  EXPECT_THAT(plain,
+              HasSubstr("<table class=\"pivot\" data-widest=\"300\" aria-label=\"&quot;Fit&quot;\">\n<colgroup>"));
+  EXPECT_THAT(plain, HasSubstr("<colgroup span=\"1\" width=\"100\">"));
   EXPECT_THAT(plain, HasSubstr("<tr><td class=\"corner\"></td><th scope=\"col\"><bdi>N</bdi></th></tr>"));
   EXPECT_THAT(plain, HasSubstr("<td data-value=\"3\">3</td>"));
   EXPECT_THAT(plain, Not(HasSubstr("tfoot")));

@@ -5,18 +5,23 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
-#include <span>
-#include <utility>
-#include <vector>
 
-#include "workbench/plots/category_ticks.h"
-#include "workbench/plots/thinning.h"
+#include "workbench/base/visible_text.h"
+#include "workbench/charts/continuation.h"
+#include "workbench/charts/thinning.h"
+#include "workbench/charts/ticks.h"
+#include "workbench/plots/character_fill.h"
+#include "workbench/plots/plot_frame.h"
 #include "workbench/render/display_text.h"
 
 namespace workbench {
 
 namespace {
 
+using Kind = ChartElement::Kind;
+
+constexpr std::string_view kGlyphs = "*#$%@&=";
+constexpr std::string_view kBandGlyphs = ".:+";
 constexpr int kLongestLabel = 16;
 constexpr int kColumnsPerDate = 13;  // six dates on 80 columns
 constexpr int kColumnsPerValue = 7;  // a bar with its value above it
@@ -24,19 +29,31 @@ constexpr int kAxisColumns = 8;      // about what the value axis takes
 
 class ScriptWriter {
  public:
-  ScriptWriter(const Chart& chart, int width, const Locale& locale)
-      : spec_(chart.spec),
+  ScriptWriter(const Chart& chart, const PlotSize& size, const Locale& locale)
+      : chart_(chart),
+        layout_(layOutChart(chart)),
+        spec_(chart.spec),
         data_(chart.data),
-        width_(width),
-        bars_(chart.spec.element == ChartSpec::Element::interval),
-        valuesShown_(bars_ && data_.series.size() == 1 && barsFit(kColumnsPerValue)),
-        drawn_(std::min(data_.series.size(), kGlyphs.size())),
-        locale_(locale) {}
+        size_(size),
+        bars_(!spec_.elements.empty() && spec_.elements[0].kind == Kind::interval),
+        locale_(locale) {
+    if (spec_.equalAxes) size_.width = std::min(size_.width, 2 * (size_.height - 1) + kAxisColumns + 2);
+    first_ = layout_.firstShown;
+    valuesShown_ = bars_ && !spec_.elements[0].stacked && data_.series.size() == 1 && barsFit(kColumnsPerValue);
+    frame_ = plotFrame(chart_, layout_, size_.width - kAxisColumns, size_.height - 2);
+  }
 
   std::string write() {
-    writeFrame();
-    writeTicks();
-    for (std::size_t i = 0; i < drawn_; ++i) writeData(i);
+    writeSettings();
+    spec_.numericX ? void() : writeTicks();
+    addGuides();
+    // What is plotted later covers what is there: fills first, and the first of the lines last.
+    const auto glyphs = seriesGlyphs(chart_, layout_);
+    for (const auto& [i, glyph] : glyphs)
+      if (isFilled(i)) addFill(i, glyph);
+    for (auto entry = glyphs.rbegin(); entry != glyphs.rend(); ++entry)
+      if (!isFilled(entry->first)) addSeries(entry->first, entry->second);
+    addGlimpses(glyphs);
     writePlot();
     return std::move(out_);
   }
@@ -48,14 +65,17 @@ class ScriptWriter {
     out_ += '\n';
   }
 
-  bool barsFit(int columns) const {
-    return static_cast<std::size_t>((width_ - kAxisColumns) / columns) >= categories();
-  }
   std::size_t categories() const { return data_.categories.size(); }
+  std::size_t shown() const { return categories() - first_; }
+  bool barsFit(int columns) const {
+    return static_cast<std::size_t>((size_.width - kAxisColumns) / columns) >= shown();
+  }
+  bool isFilled(std::size_t i) const { return !layout_.series[i].low.empty() || !data_.series[i].upper.empty(); }
+  const ChartElement& elementOf(std::size_t i) const { return spec_.elements[data_.series[i].element]; }
 
-  void writeFrame() {
+  void writeSettings() {
     line("reset");
-    line("set terminal dumb mono noenhanced size {},{}", width_, kPlotHeight);
+    line("set terminal dumb mono noenhanced size {},{}", size_.width, size_.height);
     line("set encoding utf8");
     line("set decimalsign {}", gnuplotText(locale_.decimalSeparator));
     line("set print '-'");
@@ -67,13 +87,9 @@ class ScriptWriter {
     line("set rmargin 1");
     line("set xzeroaxis");
     line("set format y '%.10g'");
-    line("set xrange [-0.5:{}.5]", categories() - 1);
+    line("set xrange [{}:{}]", frame_.from, frame_.to);
     line("set autoscale yfix");
-    if (spec_.yRange) {
-      line("set yrange [{}:{}]", spec_.yRange->min, spec_.yRange->max);
-    } else if (bars_) {
-      line("set yrange [*<0:0<*]");
-    }
+    if (frame_.low < frame_.high) line("set yrange [{}:{}]", frame_.low, frame_.high);
   }
 
   void writeTicks() {
@@ -84,28 +100,97 @@ class ScriptWriter {
       widest = std::max(widest, displayWidth(labels.back()));
     }
     const int columns = bars_ ? widest + 1 : std::max(widest + 2, kColumnsPerDate);
-    const int most = std::max((width_ - kAxisColumns) / columns + (bars_ ? 0 : 1), 1);
+    const int most = std::max((size_.width - kAxisColumns) / columns + (bars_ ? 0 : 1), 1);
+    const auto ladder = tickLadder(data_.categories);
     std::string ticks;
-    for (const std::size_t place : categoryTicks(labels, static_cast<std::size_t>(most))) {
+    for (const std::size_t place :
+         ticksWithin(chooseRung(ladder, static_cast<double>(shown()) / most), first_, categories())) {
       ticks += fmt::format("{}{} {}", ticks.empty() ? "" : ", ", gnuplotText(labels[place]), place);
     }
     line("set xtics ({})", ticks);
   }
 
-  // "PLACE VALUE" a line, with a bar's value as text; a line without a value interrupts what is drawn.
-  void writeData(std::size_t i) {
-    const ChartSeries& series = data_.series[i];
-    line("$series{} << EOD", i);
-    for (const PlotPoint& point : thinSeries(series.x, series.y, categories(), static_cast<std::size_t>(width_))) {
-      if (std::isnan(point.value)) {
-        line("");
-      } else if (valuesShown_) {
-        line("{} {} \"{}\"", point.place, point.value, barText(point.value));
-      } else {
-        line("{} {}", point.place, point.value);
-      }
-    }
+  // A data block of its own, and the part of the plot command that draws it.
+  template <class Write>
+  void addBlock(const std::string& style, Write writeRows) {
+    line("$block{} << EOD", blocks_);
+    writeRows();
     line("EOD");
+    elements_ += fmt::format("{}$block{} using {}", elements_.empty() ? "" : ", ", blocks_++, style);
+  }
+
+  void addPoints(const std::vector<GridPoint>& points, char glyph) {
+    addBlock(fmt::format("1:2 with points lt 1 pt '{}'", glyph), [&] {
+      for (const auto& [x, y] : points) line("{} {}", x, y);
+    });
+  }
+
+  void addGuides() {
+    for (const auto& guide : spec_.lines)
+      addPoints(guide.dimension == 1 ? verticalLine(guide.at, frame_) : horizontalLine(guide.at, frame_),
+                guide.dimension == 1 ? '|' : '-');
+    for (const auto& [x, y, radius] : spec_.circles) addPoints(circle(x, y, radius, frame_), '.');
+  }
+
+  void addFill(std::size_t i, char glyph) {
+    const ChartSeries& series = data_.series[i];
+    const SeriesLayout& look = layout_.series[i];
+    EdgeLines edges;
+    if (look.continues) {
+      const auto last = lastPoint(data_.series[*look.continues]);
+      edges = {{static_cast<double>(last->place)}, {last->value}, {last->value}};
+    }
+    for (std::size_t k = 0; k < series.x.size(); ++k) {
+      edges.x.push_back(static_cast<double>(series.x[k]));
+      edges.low.push_back(look.low.empty() ? series.y[k] : look.low[k]);
+      edges.high.push_back(look.low.empty() ? series.upper[k] : look.high[k]);
+    }
+    const bool bars = elementOf(i).kind == Kind::interval;
+    addPoints(bars ? fillBars(edges, 0.6, frame_) : fillBetween(edges, frame_), glyph);
+  }
+
+  // "PLACE VALUE" a line, with a bar's value as text; a line without a value interrupts what is drawn.
+  void writePoint(double place, double value) {
+    if (std::isnan(value)) {
+      line("");
+    } else if (valuesShown_) {
+      line("{} {} \"{}\"", place, value, barText(value));
+    } else {
+      line("{} {}", place, value);
+    }
+  }
+
+  void writeSeries(std::size_t i, std::size_t every) {
+    const ChartSeries& series = data_.series[i];
+    if (layout_.series[i].continues && every == 1) {
+      const auto last = lastPoint(data_.series[*layout_.series[i].continues]);
+      writePoint(static_cast<double>(last->place), last->value);
+    }
+    if (spec_.numericX) {
+      for (std::size_t k = 0; k < series.number.size(); ++k) writePoint(series.number[k], series.y[k]);
+      return;
+    }
+    std::size_t written = 0;
+    for (const std::size_t k : drawnPoints(series.x, series.y, {first_, shown()}, frame_.columns))
+      if (written++ % every == 0) writePoint(static_cast<double>(series.x[k]), series.y[k]);
+  }
+
+  // Lines show every point too: one between two gaps would have no line.
+  void addSeries(std::size_t i, char glyph) {
+    const std::size_t number = kGlyphs.find(glyph) + 1;
+    const std::string style = elementOf(i).kind == Kind::interval ? fmt::format("1:2 with impulses lt {}", number)
+                              : spec_.numericX ? fmt::format("1:2 with points lt {} pt '{}'", number, glyph)
+                                               : fmt::format("1:2 with linespoints lt {} pt '{}'", number, glyph);
+    addBlock(style, [&] { writeSeries(i, 1); });
+  }
+
+  // Characters of the lines that lie on one that is drawn below them.
+  void addGlimpses(const std::vector<std::pair<std::size_t, char>>& glyphs) {
+    const bool hides = std::ranges::any_of(layout_.series, &SeriesLayout::under);
+    for (const auto& [i, glyph] : glyphs) {
+      if (!hides || layout_.series[i].under || isFilled(i)) continue;
+      addBlock(fmt::format("1:2 with points lt 1 pt '{}'", glyph), [&] { writeSeries(i, 3); });
+    }
   }
 
   std::string barText(double value) const {
@@ -116,26 +201,25 @@ class ScriptWriter {
     return text;
   }
 
-  // Lines show every point too: one between two gaps would have no line.
   void writePlot() {
-    std::string elements;
-    for (std::size_t i = drawn_; i-- > 0;) {
-      elements += fmt::format("{}$series{} using 1:2 with ", elements.empty() ? "" : ", ", i);
-      elements +=
-          bars_ ? fmt::format("impulses lt {}", i + 1) : fmt::format("linespoints lt {} pt '{}'", i + 1, kGlyphs[i]);
-    }
     // The space above a negative bar's foot is free; below its tip there may be none.
-    if (valuesShown_) elements += ", $series0 using 1:($2 > 0 ? $2 : 0):3 with labels offset 0,1";
-    line("plot {}", elements);
+    if (valuesShown_)
+      elements_ += fmt::format(", $block{} using 1:($2 > 0 ? $2 : 0):3 with labels offset 0,1", blocks_ - 1);
+    line("plot {}", elements_);
     line("print \"\\{:03o}\"", static_cast<unsigned>(kPlotEnd));
   }
 
+  const Chart& chart_;
+  ChartLayout layout_;
   const ChartSpec& spec_;
   const ChartData& data_;
-  int width_;
+  PlotSize size_;
   bool bars_;
-  bool valuesShown_;
-  std::size_t drawn_;
+  bool valuesShown_ = false;
+  std::size_t first_ = 0;
+  GridFrame frame_;
+  std::size_t blocks_ = 0;
+  std::string elements_;  // of the plot command
   const Locale& locale_;
   std::string out_;
 };
@@ -148,15 +232,28 @@ std::string gnuplotText(std::string_view text) {
   return quoted + "'";
 }
 
-bool hasValues(const ChartData& data) {
-  const auto drawn = std::span(data.series).first(std::min(data.series.size(), kGlyphs.size()));
-  return std::ranges::any_of(drawn, [](const ChartSeries& series) {
-    return !std::ranges::all_of(series.y, [](double value) { return std::isnan(value); });
+std::vector<std::pair<std::size_t, char>> seriesGlyphs(const Chart& chart, const ChartLayout& layout) {
+  std::vector<std::pair<std::size_t, char>> glyphs;
+  std::size_t used = 0;
+  for (std::size_t i = 0; i < layout.series.size(); ++i) {
+    if (!chart.data.series[i].upper.empty()) {
+      glyphs.emplace_back(i, kBandGlyphs[std::min(layout.series[i].depth, kBandGlyphs.size() - 1)]);
+    } else if (used < kGlyphs.size()) {
+      glyphs.emplace_back(i, kGlyphs[used++]);
+    }
+  }
+  return glyphs;
+}
+
+bool hasValues(const Chart& chart) {
+  const auto glyphs = seriesGlyphs(chart, layOutChart(chart));
+  return std::ranges::any_of(glyphs, [&](const auto& glyph) {
+    return !std::ranges::all_of(chart.data.series[glyph.first].y, [](double value) { return std::isnan(value); });
   });
 }
 
-std::string gnuplotScript(const Chart& chart, int width, const Locale& locale) {
-  return ScriptWriter(chart, width, locale).write();
+std::string gnuplotScript(const Chart& chart, const PlotSize& size, const Locale& locale) {
+  return ScriptWriter(chart, size, locale).write();
 }
 
 }  // namespace workbench

@@ -8,8 +8,11 @@
 #include <variant>
 #include <vector>
 
+#include "workbench/charts/chart.h"
+#include "workbench/charts/chart_layout.h"
 #include "workbench/plots/gnuplot.h"
 #include "workbench/plots/gnuplot_script.h"
+#include "workbench/render/chart_description.h"
 #include "workbench/render/display_text.h"
 #include "workbench/render/pivot_table.h"
 #include "workbench/session/texts.h"
@@ -19,6 +22,11 @@ namespace workbench {
 namespace {
 
 constexpr int kNarrowest = 40;
+constexpr int kHeight = 15;
+constexpr int kSquareHeight = 21;
+constexpr int kCellHeight = 9;
+constexpr int kNarrowestCell = 26;
+constexpr int kCellGap = 2;
 constexpr int kLongestName = 32;
 
 std::string shortName(std::string_view name) {
@@ -30,25 +38,30 @@ std::string wrapped(const std::string& text, int width) {
 }
 
 // "* realgdp  # realcons"; empty for one series.
-std::string legend(const std::vector<ChartSeries>& series) {
-  if (series.size() < 2) return {};
-  const std::size_t drawn = std::min(series.size(), kGlyphs.size());
+std::string legend(const Chart& chart) {
+  if (chart.data.series.size() < 2) return {};
+  const auto glyphs = seriesGlyphs(chart, layOutChart(chart));
   std::vector<std::string> entries;
-  for (std::size_t i = 0; i < drawn; ++i)
-    entries.push_back(fmt::format("{} {}", kGlyphs[i], shortName(series[i].name)));
-  if (drawn < series.size()) entries.push_back(tr("(the first ^1 of ^2 series)", drawn, series.size()));
+  for (const auto& [i, glyph] : glyphs)
+    entries.push_back(fmt::format("{} {}", glyph, shortName(chart.data.series[i].name)));
+  if (glyphs.size() < chart.data.series.size())
+    entries.push_back(tr("(the first ^1 of ^2 series)", glyphs.size(), chart.data.series.size()));
   return fmt::format("{}", fmt::join(entries, "  "));
 }
 
 std::string axes(const Chart& chart) {
+  const std::string x = shortName(chart.spec.xLabel);
+  const std::string y = shortName(chart.spec.yLabel);
+  if (chart.spec.numericX) return tr("^1 by ^2", y, x);
   const auto& categories = chart.data.categories;
-  return tr("^1 by ^2, ^3 to ^4", shortName(chart.spec.yLabel), shortName(chart.spec.xLabel),
-            shortName(categories.front()), shortName(categories.back()));
+  const std::size_t first = layOutChart(chart).firstShown;
+  const std::string shown = tr("^1 by ^2, ^3 to ^4", y, x, shortName(categories[first]), shortName(categories.back()));
+  return first == 0 ? shown : shown + ' ' + tr("(the last ^1 of ^2)", categories.size() - first, categories.size());
 }
 
-std::string whyNotDrawn(const ChartData& data) {
-  if (!data.problem.empty()) return visibleText(data.problem);
-  return hasValues(data) ? "" : tr("All values are missing.");
+std::string whyNotDrawn(const Chart& chart) {
+  if (chart.data.problem) return problemText(chart.data.problem);
+  return hasValues(chart) ? "" : tr("All values are missing.");
 }
 
 // gnuplot's rows without the form feed and the blanks around them.
@@ -74,10 +87,28 @@ std::string nextPlot(std::string_view& output) {
   return rows;
 }
 
+// Blocks of rows as columns of `width` cells.
+std::string sideBySide(const std::vector<std::string>& blocks, int width) {
+  std::vector<std::string> rows;
+  for (std::size_t column = 0; column < blocks.size(); ++column) {
+    std::string_view rest = blocks[column];
+    for (std::size_t row = 0; !rest.empty(); ++row) {
+      const std::size_t end = std::min(rest.find('\n'), rest.size());
+      if (row == rows.size()) rows.emplace_back();
+      const int missing = static_cast<int>(column) * width - displayWidth(rows[row]);
+      rows[row].append(static_cast<std::size_t>(std::max(missing, 0)), ' ');
+      rows[row] += rest.substr(0, end);
+      rest.remove_prefix(std::min(end + 1, rest.size()));
+    }
+  }
+  return fmt::format("{}\n", fmt::join(rows, "\n"));
+}
+
 std::vector<Chart> readCharts(const rapidjson::Document& document) {
   std::vector<Chart> charts;
   for (const DocumentItem& item : documentItems(document)) {
-    if (const auto* chart = std::get_if<ChartItem>(&item)) charts.push_back(readChart(*chart->json));
+    if (const auto* chart = std::get_if<ChartItem>(&item))
+      charts.push_back(readChart(*chart->json, tr("(not a text)")));
   }
   return charts;
 }
@@ -86,36 +117,86 @@ std::vector<Chart> readCharts(const rapidjson::Document& document) {
 std::string plotHeading(const Chart& chart, const TerminalStyle& style) {
   const int width = std::max(style.width, kNarrowest);
   std::string text = paintHeading(chart.spec.title, style);
-  if (chart.data.categories.empty()) return text;
-  const std::string series = legend(chart.data.series);
+  if (chart.data.problem) return text;
+  const std::string series = legend(chart.cells.empty() ? chart : chart.cells.front());
   return text + wrapped(axes(chart) + (series.empty() ? "" : ": " + series), width);
 }
 
-std::string paintCharts(const std::vector<Chart>& charts, std::string_view output, const TerminalStyle& style) {
-  std::vector<std::string> blocks;
-  for (const Chart& chart : charts) {
-    std::string remark = whyNotDrawn(chart.data);
-    std::string rows = remark.empty() ? nextPlot(output) : "";
-    if (remark.empty() && rows.empty()) remark = tr("gnuplot cannot draw this chart.");
-    if (!remark.empty()) rows = wrapped(remark, std::max(style.width, kNarrowest));
-    blocks.push_back(plotHeading(chart, style) + rows);
+// Draws charts, first as gnuplot's commands for all of them, then from its output, in the same order.
+class PlotPainter {
+ public:
+  PlotPainter(const TerminalStyle& style, const Locale& locale)
+      : style_(style), width_(std::max(style.width, kNarrowest)), locale_(locale) {}
+
+  std::string script(const Chart& chart) const {
+    if (chart.cells.empty()) return whyNotDrawn(chart).empty() ? gnuplotScript(chart, sizeOf(chart), locale_) : "";
+    std::string commands;
+    for (const Chart& cell : chart.cells)
+      if (whyNotDrawn(cell).empty()) commands += gnuplotScript(cell, cellSize(chart), locale_);
+    return commands;
   }
+
+  std::string paint(const Chart& chart, std::string_view& output) const {
+    return plotHeading(chart, style_) + (chart.cells.empty() ? rows(chart, width_, output) : panel(chart, output));
+  }
+
+ private:
+  PlotSize sizeOf(const Chart& chart) const { return {width_, chart.spec.equalAxes ? kSquareHeight : kHeight}; }
+
+  // As many charts beside each other as the panel has columns, or as the width allows.
+  std::size_t across(const Chart& panel) const {
+    const std::size_t fit = std::max<std::size_t>(static_cast<std::size_t>(width_ / kNarrowestCell), 1);
+    return std::min(std::max<std::size_t>(panel.panelColumns.size(), 1), fit);
+  }
+
+  PlotSize cellSize(const Chart& panel) const {
+    return {width_ / static_cast<int>(across(panel)) - kCellGap, kCellHeight};
+  }
+
+  // What gnuplot drew, or why nothing.
+  std::string rows(const Chart& chart, int width, std::string_view& output) const {
+    std::string remark = whyNotDrawn(chart);
+    std::string drawn = remark.empty() ? nextPlot(output) : "";
+    if (remark.empty() && drawn.empty()) remark = tr("gnuplot cannot draw this chart.");
+    return remark.empty() ? drawn : wrapped(remark, width);
+  }
+
+  std::string panel(const Chart& panel, std::string_view& output) const {
+    const int width = cellSize(panel).width;
+    std::string text;
+    for (std::size_t first = 0; first < panel.cells.size(); first += across(panel)) {
+      std::vector<std::string> blocks;
+      for (std::size_t i = first; i < std::min(first + across(panel), panel.cells.size()); ++i) {
+        const std::string title = shortenText(visibleText(panel.cells[i].spec.title), width, "...");
+        blocks.push_back(title + '\n' + rows(panel.cells[i], width, output));
+      }
+      text += sideBySide(blocks, width + kCellGap);
+    }
+    return text;
+  }
+
+  const TerminalStyle& style_;
+  int width_;
+  const Locale& locale_;
+};
+
+std::string paintCharts(const std::vector<Chart>& charts, std::string_view output, const PlotPainter& painter) {
+  std::vector<std::string> blocks;
+  for (const Chart& chart : charts) blocks.push_back(painter.paint(chart, output));
   return fmt::format("{}", fmt::join(blocks, "\n"));
 }
 
 }  // namespace
 
 Plots paintPlots(const rapidjson::Document& document, const TerminalStyle& style, const Locale& locale) {
-  const int width = std::max(style.width, kNarrowest);
   const std::vector<Chart> charts = readCharts(document);
   if (charts.empty()) return {};
+  const PlotPainter painter(style, locale);
   std::string script;
-  for (const Chart& chart : charts) {
-    if (whyNotDrawn(chart.data).empty()) script += gnuplotScript(chart, width, locale);
-  }
+  for (const Chart& chart : charts) script += painter.script(chart);
   try {
     const auto output = runGnuplot(script);
-    if (output) return {paintCharts(charts, *output, style), ""};
+    if (output) return {paintCharts(charts, *output, painter), ""};
   } catch (const std::system_error& error) {
     return {"", tr("The charts are not drawn: ^1.", std::string(error.what()))};
   }

@@ -14,17 +14,25 @@ std::string name(const std::string& text) {
 }
 
 std::string opening(const PivotTable& table) {
-  if (!table.titleShown) return fmt::format("<table class=\"pivot\" aria-label=\"{}\">\n", htmlText(table.title));
+  const int most = table.columnWidth.max;
+  const std::string widest = most > 0 ? fmt::format(" data-widest=\"{}\"", most) : "";
+  if (!table.titleShown)
+    return fmt::format("<table class=\"pivot\"{} aria-label=\"{}\">\n", widest, htmlText(table.title));
   const std::string markers = table.titleMarkers();
-  return fmt::format("<table class=\"pivot\">\n<caption>{}{}</caption>\n", name(table.title),
+  return fmt::format("<table class=\"pivot\"{}>\n<caption>{}{}</caption>\n", widest, name(table.title),
                      markers.empty() ? markers : fmt::format("<sup>{}</sup>", markers));
 }
 
+// The width of a column group is that of each of its columns, which grow where their contents need more.
 std::string columnGroups(const PivotTable& table) {
+  const int least = table.columnWidth.min;
+  const std::string width = least > 0 ? fmt::format(" width=\"{}\"", least) : "";
+  const auto group = [&](std::size_t span) {
+    return fmt::format("<colgroup span=\"{}\"{}></colgroup>\n", span, width);
+  };
   std::string out = "<colgroup></colgroup>\n";
-  if (!table.hasGroups()) return out + fmt::format("<colgroup span=\"{}\"></colgroup>\n", table.leafCount());
-  for (const ColumnCategory& column : table.columns)
-    out += fmt::format("<colgroup span=\"{}\"></colgroup>\n", column.leafCount());
+  if (!table.hasGroups()) return out + group(table.leafCount());
+  for (const ColumnCategory& column : table.columns) out += group(column.leafCount());
   return out;
 }
 

@@ -58,6 +58,15 @@ std::vector<ColumnCategory> readColumns(const Value& item) {
   return columns;
 }
 
+ColumnWidth readColumnWidth(const Value& item) {
+  const Value* width = property(item, "columnWidth");
+  const auto bound = [&](const char* name) {
+    const Value* pixels = width == nullptr ? nullptr : property(*width, name);
+    return pixels == nullptr ? 0 : std::max(pixels->GetInt(), 0);
+  };
+  return {bound("min"), bound("max")};
+}
+
 void readFormat(const Value& object, CellFormat& format) {
   const auto read = [&](const char* name, int& field) {
     if (const Value* value = property(object, name)) field = value->GetInt();
@@ -155,6 +164,7 @@ PivotTable readPivotTable(const Value& item, const Locale& locale) {
   table.rowDimension = readDimension(item, "rowDimension");
   table.columnDimension = readDimension(item, "columnDimension");
   table.columns = readColumns(item);
+  table.columnWidth = readColumnWidth(item);
   table.rows = textList(item, "rows");
   readCells(item, locale, table);
   return table;

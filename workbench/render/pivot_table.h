@@ -26,6 +26,12 @@ struct ColumnCategory {
   std::size_t leafCount() const { return children.empty() ? 1 : children.size(); }
 };
 
+// Pixels that a column of numbers takes at least and at most where there is room; 0 for no bound.
+struct ColumnWidth {
+  int min = 0;
+  int max = 0;
+};
+
 struct Footnote {
   std::string marker;  // "a", "b", ..., "z", "aa", ...
   std::string text;
@@ -46,6 +52,7 @@ struct PivotTable {
   Dimension rowDimension;
   Dimension columnDimension;
   std::vector<ColumnCategory> columns;
+  ColumnWidth columnWidth;
   std::vector<std::string> rows;
   std::vector<std::vector<Cell>> cells;  // one vector a row, one cell a leaf column
 

@@ -45,7 +45,7 @@ string(REPLACE "${export}" "globalThis.vegaInterpreter = { expressionInterpreter
 report_write(vega-interpreter.js "(() => {\n'use strict';\n${interpreter}\n})();\n")
 
 set(page "")
-foreach(part data axis chart inspect data_view save page)
+foreach(part data axis marks spec legend chart inspect points picture data_view save panel page)
   set(file ${CMAKE_CURRENT_LIST_DIR}/page/${part}.js)
   file(READ ${file} code)
   string(APPEND page "${code}\n")

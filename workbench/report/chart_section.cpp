@@ -4,11 +4,9 @@
 
 #include <utility>
 
-#include "workbench/render/display_text.h"
+#include "workbench/render/chart_description.h"
 #include "workbench/render/html_escape.h"
-#include "workbench/report/chart.h"
-#include "workbench/report/chart_description.h"
-#include "workbench/report/vega_lite.h"
+#include "workbench/report/chart_model.h"
 #include "workbench/session/texts.h"
 
 namespace workbench {
@@ -16,38 +14,6 @@ namespace workbench {
 namespace {
 
 using Json = rapidjson::Value;
-
-constexpr std::size_t kMostDrawn = 3000;  // points of a series; more do not show on a screen
-
-// What the page's script gets of one chart.
-std::string chartJson(const ChartSpec& spec, const ChartData& data, std::size_t chart, const std::string& description,
-                      ColumnStore& columns) {
-  rapidjson::Document json(rapidjson::kObjectType);
-  auto& pool = json.GetAllocator();
-  const auto number = [](std::size_t value) { return Json(static_cast<std::uint64_t>(value)); };
-  Json series(rapidjson::kArrayType);
-  for (std::size_t i = 0; i < data.series.size(); ++i) {
-    const ChartSeries& one = data.series[i];
-    Json entry(rapidjson::kObjectType);
-    entry.AddMember("name", Json(one.name, pool), pool).AddMember("color", Json(seriesColor(data, i), pool), pool);
-    entry.AddMember("y", number(columns.add(one.y)), pool);
-    if (one.contiguous()) {
-      entry.AddMember("start", number(one.x.empty() ? 0 : one.x[0]), pool);
-    } else {
-      entry.AddMember("x", number(columns.add(one.x)), pool);
-    }
-    series.PushBack(entry, pool);
-  }
-  json.AddMember("spec", vegaLite(spec, data, chart, description, pool), pool);
-  json.AddMember("categories", number(columns.add(data.categories)), pool).AddMember("series", series, pool);
-  for (const auto& [key, text] : {std::pair{"title", &spec.title},
-                                  {"xLabel", &spec.xLabel},
-                                  {"yLabel", &spec.yLabel},
-                                  {"legendTitle", &spec.legendTitle}}) {
-    json.AddMember(rapidjson::StringRef(key), Json(visibleText(*text), pool), pool);
-  }
-  return scriptJson(json);
-}
 
 // The texts that the page's script shows.
 std::string textsJson() {
@@ -57,6 +23,11 @@ std::string textsJson() {
                                   {"notCopied", tr("Not copied")},
                                   {"saveCsv", tr("Save CSV")},
                                   {"showMore", tr("Show ^1 more of ^2")},
+                                  {"showFrom", tr("Show from ^1")},
+                                  {"range", tr("^1 to ^2")},
+                                  {"lower", tr("^1, lower")},
+                                  {"upper", tr("^1, upper")},
+                                  {"remark", tr("Remark")},
                                   {"series", tr("Series")},
                                   {"chart", tr("Chart")},
                                   {"dark", tr("Dark")},
@@ -66,19 +37,19 @@ std::string textsJson() {
   return scriptJson(json);
 }
 
-std::string canvas(std::size_t chart, const std::string& description) {
+std::string tools() {
   constexpr std::string_view kFormat = R"(<div class="chart-tools" hidden>
+<button type="button" data-do="part" hidden></button>
 <button type="button" data-do="in" aria-label="{0}" title="{0}">+</button>
 <button type="button" data-do="out" aria-label="{1}" title="{1}">−</button>
 <button type="button" data-do="reset" title="{2}">{3}</button>
 <button type="button" data-do="svg" title="{4}">SVG</button>
 <button type="button" data-do="png" title="{5}">PNG</button>
 </div>
-<div class="chart-frame" data-chart="{6}" tabindex="0" role="img" aria-label="{7}"></div>
 )";
   return fmt::format(kFormat, htmlText(tr("Zoom in")), htmlText(tr("Zoom out")), htmlText(tr("Show everything")),
                      htmlText(tr("Reset")), htmlText(tr("Save as an SVG picture")),
-                     htmlText(tr("Save as a PNG picture")), chart, htmlText(description));
+                     htmlText(tr("Save as a PNG picture")));
 }
 
 std::string dataPart(const ChartData& data, const std::string& description) {
@@ -106,26 +77,51 @@ std::string remarks(const std::vector<std::string>& notUnderstood) {
   return out + "</ul></div>\n";
 }
 
+std::string problemRemark(const Chart& chart) {
+  return fmt::format("<p class=\"remark problem\">{}</p>\n", htmlText(problemText(chart.data.problem)));
+}
+
 }  // namespace
 
-std::string ChartSections::add(const Json& item, const Locale& locale) {
-  const auto [spec, data] = readChart(item);
-  const std::string description = describeChart(spec, data, locale);
-  std::string out = fmt::format("<h3><bdi>{}</bdi></h3>\n", htmlText(spec.title));
-  if (data.problem.empty()) {
-    out += canvas(charts_.size(), description) + dataPart(data, description);
-    charts_.push_back(chartJson(spec, data, charts_.size(), description, columns_));
-  } else {
-    out += fmt::format("<p class=\"remark problem\">{}</p>\n", htmlText(data.problem));
+std::string ChartSections::addFrame(const Chart& chart, const std::string& description) {
+  charts_.push_back(chartModel(chart, description, columns_));
+  return fmt::format(
+      "<div class=\"chart-frame\" data-chart=\"{}\" tabindex=\"0\" role=\"img\" aria-label=\"{}\"></div>\n",
+      charts_.size() - 1, htmlText(description));
+}
+
+std::string ChartSections::addPanel(const Chart& panel, const std::string& description, const Locale& locale) {
+  std::string out = fmt::format("<div class=\"panel\" data-panel=\"{}\" role=\"group\" aria-label=\"{}\">\n",
+                                panels_.size(), htmlText(description));
+  std::vector<std::size_t> cells;
+  for (const Chart& cell : panel.cells) {
+    if (!cell.data.problem) cells.push_back(charts_.size());
+    out += fmt::format("<div class=\"panel-cell\"><h4><bdi>{}</bdi></h4>\n{}</div>\n", htmlText(cell.spec.title),
+                       cell.data.problem ? problemRemark(cell) : addFrame(cell, describeChart(cell, locale)));
   }
-  return out + remarks(spec.notUnderstood);
+  panels_.push_back(panelModel(panel, description, cells));
+  return out + "</div>\n";
+}
+
+std::string ChartSections::add(const Json& item, const Locale& locale) {
+  const Chart chart = readChart(item, tr("(not a text)"));
+  const std::string description = describeChart(chart, locale);
+  std::string out = fmt::format("<h3><bdi>{}</bdi></h3>\n", htmlText(chart.spec.title));
+  if (chart.data.problem) {
+    out += problemRemark(chart);
+  } else {
+    out += tools() + (chart.cells.empty() ? addFrame(chart, description) : addPanel(chart, description, locale));
+    out += dataPart(chart.data, description);
+  }
+  return out + remarks(chart.spec.notUnderstood);
 }
 
 std::string ChartSections::json(const Locale& locale) const {
   const std::string& decimal = locale.decimalSeparator;
-  return fmt::format("{{\"sample\":{},\n\"decimal\":{},\n\"texts\":{},\n\"columns\":{},\n\"charts\":[{}]}}", kMostDrawn,
-                     scriptJson(Json(rapidjson::StringRef(decimal.data(), decimal.size()))), textsJson(),
-                     columns_.json(), fmt::join(charts_, ",\n"));
+  constexpr std::string_view kFormat =
+      "{{\"sample\":{},\n\"decimal\":{},\n\"texts\":{},\n\"columns\":{},\n\"charts\":[{}],\n\"panels\":[{}]}}";
+  return fmt::format(kFormat, kMostDrawn, scriptJson(Json(rapidjson::StringRef(decimal.data(), decimal.size()))),
+                     textsJson(), columns_.json(), fmt::join(charts_, ",\n"), fmt::join(panels_, ",\n"));
 }
 
 }  // namespace workbench

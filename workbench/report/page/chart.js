@@ -20,18 +20,6 @@ const chartConfig = {
     gridColor: { condition: { test: 'datum.value === 0', value: 'var(--zero)' }, value: 'var(--grid)' },
   },
   axisY: { domain: false, ticks: false },
-  legend: {
-    labelColor: 'var(--ink)',
-    titleColor: 'var(--muted)',
-    titleFontWeight: 'normal',
-    labelFontSize: 12,
-    titleFontSize: 12,
-    symbolStrokeWidth: 2,
-    symbolSize: 160,
-    offset: 8,
-    columnPadding: 12,
-  },
-  title: { color: 'var(--ink)', fontSize: 14, fontWeight: 600, anchor: 'start', offset: 12, limit: 900 },
 };
 
 // Draws into an element; without one the view is only good for being saved.
@@ -44,25 +32,33 @@ function makeView(chart, specification, container) {
     hover: false,
     tooltip: () => {},
   });
-  view.insert('points', chartRows(chart, chart.from, chart.to));
-  return view.run();
+  view.insert('points', chartRows(chart));
+  return view;
+}
+
+// Makes the parts of a chart's axis known: of categories, the part that is shown first.
+function prepare(chart) {
+  chart.length = chart.numeric ? 0 : labelsOf(chart).length;
+  chart.from = chart.numeric ? -Infinity : chart.from - 0.5;
+  chart.to = chart.numeric ? Infinity : chart.length - 0.5;
+  chart.partBegins = chart.from;
 }
 
 function drawChart(frame) {
   const chart = report.charts[Number(frame.dataset.chart)];
   if (chart.view) return;
-  chart.length = labelsOf(chart).length;
-  chart.from = -0.5;
-  chart.to = chart.length - 0.5;
-  const { title, ...untitled } = chart.spec;
+  prepare(chart);
   const drawing = document.createElement('div');
   drawing.className = 'drawing';
   frame.append(drawing);
-  chart.view = makeView(chart, untitled, drawing);
+  const width = chart.equal ? frame.clientWidth : 'container';
+  chart.view = makeView(chart, chartSpec(chart, width), drawing).run();
   frame.classList.add('drawn');
   addTools(frame, chart);
-  addInspection(frame, chart);
+  chart.numeric ? addPointInspection(frame, chart) : addInspection(frame, chart);
 }
+
+const isThinned = (chart) => chart.series.some((series) => 'levels' in series);
 
 // Shows the places from..to, kept within the data and at least three wide.
 function showPlaces(chart, from, to) {
@@ -70,19 +66,19 @@ function showPlaces(chart, from, to) {
   const middle = (from + to) / 2;
   chart.from = Math.max(-0.5, Math.min(middle - width / 2, chart.length - 0.5 - width));
   chart.to = chart.from + width;
-  chart.view.signal('from', chart.from).signal('to', chart.to);
-  const sampled = chart.series.some((series) => valuesOf(series).length > report.sample);
-  if (sampled) {
+  for (const [name, value] of Object.entries(shownPart(chart))) chart.view.signal(name, value);
+  if (isThinned(chart)) {
     clearTimeout(chart.resample);
     chart.resample = setTimeout(() => {
       const rows = vega
         .changeset()
         .remove(() => true)
-        .insert(chartRows(chart, chart.from, chart.to));
+        .insert(chartRows(chart));
       chart.view.change('points', rows).run();
     }, 120);
   }
   chart.view.run();
+  chart.labelPartButton?.();
 }
 
 // Halves or doubles what is shown around a place.
@@ -92,17 +88,35 @@ function zoom(chart, factor, around = (chart.from + chart.to) / 2) {
 
 const showAll = (chart) => showPlaces(chart, -0.5, chart.length - 0.5);
 
+// The button between the last part of a long history and the whole of it.
+function addPartButton(button, chart) {
+  if (chart.numeric || chart.partBegins < 0) return;
+  const labels = labelsOf(chart);
+  const first = (whole) => labels[whole ? 0 : chart.partBegins + 0.5];
+  const showsPart = () => chart.from > 0;
+  chart.labelPartButton = () => (button.textContent = report.texts.showFrom.replace('^1', first(showsPart())));
+  chart.labelPartButton();
+  button.hidden = false;
+  button.addEventListener('click', () =>
+    showsPart() ? showAll(chart) : showPlaces(chart, chart.partBegins, chart.length - 0.5),
+  );
+}
+
 function addTools(frame, chart) {
   const tools = frame.parentElement.querySelector('.chart-tools');
+  if (!tools) return;
   const actions = {
     in: () => zoom(chart, 0.5),
     out: () => zoom(chart, 2),
     reset: () => showAll(chart),
-    svg: () => saveSvg(chart),
-    png: () => savePng(chart),
+    svg: () => saveSvg([chart], chart),
+    png: () => savePng([chart], chart),
   };
   tools.hidden = false;
   tools.addEventListener('click', (event) => actions[event.target.dataset.do]?.());
+  for (const button of tools.querySelectorAll('[data-do=in], [data-do=out], [data-do=reset]'))
+    button.hidden = Boolean(chart.numeric);
+  addPartButton(tools.querySelector('[data-do=part]'), chart);
 }
 
 // One chart at a time, so that scrolling stays smooth; charts that were scrolled past meanwhile wait.

@@ -10,12 +10,20 @@ vega.formatLocale({ decimal: report.decimal, thousands, grouping: [3], currency:
 // A number in English writing ("1,234.5") as the page's language writes it.
 const inLanguage = (text) => text.replace(/[.,]/g, (sign) => (sign === '.' ? report.decimal : thousands));
 
-const valuesOf = (series) => report.columns[series.y];
+const labelsOf = (chart) => report.columns[chart.categories];
+
+const isBand = (series) => series.kind === 'band';
+
+// What a series says of its points: values, or the lower edges of a band.
+const valuesOf = (series) => report.columns[isBand(series) ? series.low : series.y];
+
+const lowOf = (series) => report.columns[series.low];
+const highOf = (series) => report.columns[series.high];
+
+const present = (value) => value !== null && value !== undefined;
 
 // Place on the axis of a series' i-th point.
 const placeOf = (series, i) => ('start' in series ? series.start + i : report.columns[series.x][i]);
-
-const labelsOf = (chart) => report.columns[chart.categories];
 
 // Indexes of the points of a series at a place, in order.
 function pointsAt(series, place) {
@@ -30,54 +38,88 @@ function pointsAt(series, place) {
   return series.byPlace.get(place) || [];
 }
 
-// Indexes of at most about `most` of the points `candidates`: of each run of neighbours the lowest and the highest, so
-// that no extreme is lost.
-function thinOut(values, candidates, most) {
-  if (candidates.length <= most) return candidates;
-  const kept = [];
-  const run = (2 * candidates.length) / most;
-  for (let begin = 0; begin < candidates.length; begin += run) {
-    const part = candidates.slice(Math.floor(begin), Math.floor(begin + run));
-    let low = part[0];
-    let high = part[0];
-    for (const i of part) {
-      if (values[i] < values[low]) low = i;
-      if (values[i] > values[high]) high = i;
-    }
-    kept.push(Math.min(low, high));
-    if (low !== high) kept.push(Math.max(low, high));
+// Calls `use` with the index of every point of a series on the places from..to.
+function forPointsWithin(series, from, to, use) {
+  const count = valuesOf(series).length;
+  const known = 'start' in series;
+  const end = known ? Math.min(count - 1, Math.floor(to) - series.start) : count - 1;
+  for (let i = known ? Math.max(0, Math.ceil(from) - series.start) : 0; i <= end; i++) {
+    if (known || (placeOf(series, i) >= from && placeOf(series, i) <= to)) use(i);
   }
+}
+
+// Indexes of the points to draw while the places from..to are shown: all of them, and of a long series those in view,
+// at the finest of its levels that is not too many.
+function drawnPoints(series, from, to) {
+  const all = valuesOf(series);
+  if (!series.levels) return Array.from(all.keys());
+  const share = Math.min(1, (to - from) / all.length);
+  const level = series.levels.find((column) => report.columns[column].length * share <= 2 * report.sample);
+  const inView = (i) => placeOf(series, i) >= from - 1 && placeOf(series, i) <= to + 1;
+  if (all.length * share > 2 * report.sample) {
+    const kept = report.columns[level ?? series.levels.at(-1)];
+    const begin = Math.max(0, kept.findIndex(inView) - 1);
+    const end = kept.findLastIndex(inView) + 2;
+    return kept.slice(begin, end);
+  }
+  const kept = [];
+  forPointsWithin(series, from - 1, to + 1, (i) => kept.push(i));
   return kept;
 }
 
-// Indexes of the points to draw while the places from..to are shown: a sample of those in view, and a sample of all,
-// which keeps the value axis as it is.
-function drawnPoints(series, from, to) {
-  const values = valuesOf(series);
-  const all = Array.from(values.keys());
-  if (all.length <= report.sample) return all;
-  const inView = all.filter((i) => placeOf(series, i) >= from - 1 && placeOf(series, i) <= to + 1);
-  const seen = new Set(thinOut(values, inView, report.sample / 2));
-  const outside = (i) => placeOf(series, i) < from - 1 || placeOf(series, i) > to + 1;
-  for (const i of thinOut(values, all, report.sample / 2)) if (outside(i)) seen.add(i);
-  return [...seen].sort((a, b) => a - b);
-}
-
 // Whether a point is marked by itself: in a short series, and where a line has no neighbour to lead to.
-function standsAlone(values, i) {
-  const gap = (k) => values[k] === null || values[k] === undefined;
-  return values.length <= 24 || (gap(i - 1) && gap(i + 1));
+function standsAlone(chart, series, i) {
+  const values = valuesOf(series);
+  return (values.length <= 24 && !chart.small) || (!present(values[i - 1]) && !present(values[i + 1]));
 }
 
-// Rows for the data set "points". The first series comes last, so that it is drawn above the others.
-function chartRows(chart, from, to) {
+// The last value of a series, and its place.
+function lastPoint(series) {
+  const i = valuesOf(series).findLastIndex(present);
+  return { x: placeOf(series, i), y: valuesOf(series)[i] };
+}
+
+// The row of a point: y is the value or the upper edge, y2 the lower edge or the base.
+function rowOf(chart, series, i) {
+  const row = { x: placeOf(series, i), i };
+  if ('high' in series) return { ...row, y: highOf(series)[i], y2: lowOf(series)[i] };
+  return { ...row, y: valuesOf(series)[i], y2: 0, dot: present(valuesOf(series)[i]) && standsAlone(chart, series, i) };
+}
+
+// Rows for the data set "points". The first series comes last, so that it is drawn above the others; one that continues
+// another begins at that one's last value.
+function chartRows(chart) {
   const rows = [];
-  for (const series of [...chart.series].reverse()) {
-    const values = valuesOf(series);
-    for (const i of drawnPoints(series, from, to)) {
-      const dot = values[i] !== null && standsAlone(values, i);
-      rows.push({ x: placeOf(series, i), y: values[i], series: series.name, dot });
+  chart.series.forEach((series, s) => {
+    const own = drawnPoints(series, chart.from, chart.to).map((i) => ({ s, ...rowOf(chart, series, i) }));
+    if ('continues' in series) {
+      const { x, y } = lastPoint(chart.series[series.continues]);
+      own.unshift({ s, x, y, y2: y, dot: false });
     }
-  }
+    rows.unshift(...own);
+  });
   return rows;
+}
+
+// [lowest, highest] of what is drawn on the places from..to, for the value axis.
+function valueRange(chart, from, to) {
+  if (chart.yRange) return chart.yRange;
+  let [low, high] = chart.besides ?? [Infinity, -Infinity];
+  const reach = (value) => {
+    if (!present(value)) return;
+    low = Math.min(low, value);
+    high = Math.max(high, value);
+  };
+  for (const series of chart.series) {
+    const edges = 'high' in series ? [lowOf(series), highOf(series)] : [valuesOf(series)];
+    forPointsWithin(series, from, to, (i) => edges.forEach((values) => reach(values[i])));
+    if ('continues' in series && from < lastPoint(chart.series[series.continues]).x)
+      reach(lastPoint(chart.series[series.continues]).y);
+  }
+  for (const [dimension, at] of chart.lines ?? []) if (dimension === 2) reach(at);
+  for (const [, y, radius] of chart.circles ?? []) [y - radius, y + radius].forEach(reach);
+  if (chart.zero) reach(0);
+  if (low > high) return [0, 1];
+  const pad = low < high ? 0 : Math.abs(low) / 20 || 1;
+  return [low - pad, high + pad];
 }

@@ -8,23 +8,60 @@ const full = (cell) => String(cell ?? '');
 // Texts stay as they are.
 const shownCell = (cell) => (typeof cell === 'number' ? inLanguage(full(cell)) : full(cell));
 
-// Header and rows of texts and numbers. A row a category with a column a series; where a series has several points at
-// one category, a row a point.
-function dataRows(chart) {
+// A point a row, with its own text, of a chart whose axes are both numbers.
+function pointRows(chart) {
+  const texts = chart.series.some((series) => 'texts' in series);
+  const row = (series, i) => [
+    series.name,
+    placeOf(series, i),
+    valuesOf(series)[i],
+    ...(texts ? [report.columns[series.texts]?.[i]] : []),
+  ];
+  const header = [report.texts.series, chart.xLabel, chart.yLabel, ...(texts ? [report.texts.remark] : [])];
+  return { header, rows: chart.series.flatMap((series) => valuesOf(series).map((_, i) => row(series, i))) };
+}
+
+// A point a row, where a series has several at one category.
+function repeatedRows(chart) {
   const labels = labelsOf(chart);
+  const rows = chart.series.flatMap((series) =>
+    valuesOf(series).map((value, i) => [labels[placeOf(series, i)], series.name, value]),
+  );
+  return { header: [chart.xLabel, report.texts.series, chart.yLabel], rows };
+}
+
+// The columns of a series: name and values.
+function seriesColumns(chart, series) {
+  const name = series.name || chart.yLabel;
+  if (!isBand(series)) return [[name, series, valuesOf(series)]];
+  return [
+    [report.texts.lower.replace('^1', name), series, lowOf(series)],
+    [report.texts.upper.replace('^1', name), series, highOf(series)],
+  ];
+}
+
+// Header and rows of texts and numbers: a row a category, a column a series.
+function dataRows(chart) {
+  if (chart.numeric) return pointRows(chart);
   const repeated = chart.series.some(
     (series) => 'x' in series && new Set(report.columns[series.x]).size < valuesOf(series).length,
   );
-  if (repeated) {
-    const rows = chart.series.flatMap((series) =>
-      valuesOf(series).map((value, i) => [labels[placeOf(series, i)], series.name, value]),
-    );
-    return { header: [chart.xLabel, report.texts.series, chart.yLabel], rows };
-  }
-  const header = [chart.xLabel, ...chart.series.map((series) => series.name || chart.yLabel)];
-  const cell = (series, place) => valuesOf(series)[pointsAt(series, place)[0]];
-  const rows = labels.map((label, place) => [label, ...chart.series.map((series) => cell(series, place))]);
-  return { header, rows };
+  if (repeated) return repeatedRows(chart);
+  const columns = chart.series.flatMap((series) => seriesColumns(chart, series));
+  const rows = labelsOf(chart).map((label, place) => [
+    label,
+    ...columns.map(([, series, values]) => values[pointsAt(series, place)[0]]),
+  ]);
+  return { header: [chart.xLabel, ...columns.map(([name]) => name)], rows };
+}
+
+// The rows of all cells of a panel, each with its chart's title.
+function panelRows(panel) {
+  const parts = panel.cells.map((number) => [report.charts[number].title, dataRows(report.charts[number])]);
+  return {
+    header: [report.texts.chart, ...parts[0][1].header],
+    rows: parts.flatMap(([title, { rows }]) => rows.map((row) => [title, ...row])),
+  };
 }
 
 function makeButton(text, action) {
@@ -46,8 +83,7 @@ function makeRow(cells, tag, scope) {
   return row;
 }
 
-function fillDataView(place, chart) {
-  const { header, rows } = dataRows(chart);
+function fillDataView(place, owner, { header, rows }) {
   const table = document.createElement('table');
   table.className = 'pivot';
   table.createTHead().append(makeRow(header, 'th', 'col'));
@@ -73,7 +109,7 @@ function fillDataView(place, chart) {
   tools.append(
     makeButton(report.texts.copy, (event) => copyText(tabSeparated(lines()), event.currentTarget)),
     makeButton(report.texts.saveCsv, () =>
-      saveFile(new Blob([commaSeparated(lines())], { type: 'text/csv' }), fileName(chart, 'csv')),
+      saveFile(new Blob([commaSeparated(lines())], { type: 'text/csv' }), fileName(owner, 'csv')),
     ),
   );
   place.append(tools, scroll, more);
@@ -81,10 +117,12 @@ function fillDataView(place, chart) {
 
 function fillDataViewsOnRequest() {
   for (const details of document.querySelectorAll('details.data')) {
-    const frame = details.parentElement.querySelector('.chart-frame');
+    const { chart, panel } = details.parentElement.querySelector('[data-panel], [data-chart]').dataset;
+    const owner = panel === undefined ? report.charts[Number(chart)] : report.panels[Number(panel)];
     const place = details.querySelector('.data-view');
     details.addEventListener('toggle', () => {
-      if (details.open && !place.hasChildNodes()) fillDataView(place, report.charts[Number(frame.dataset.chart)]);
+      if (!details.open || place.hasChildNodes()) return;
+      fillDataView(place, owner, panel === undefined ? dataRows(owner) : panelRows(owner));
     });
   }
 }

@@ -5,15 +5,21 @@ const MOST_VALUES = 12;
 const numberText = (value) =>
   value === null ? '.' : inLanguage(value.toLocaleString('en-US', { maximumSignificantDigits: 10 }));
 
-// Series with their values at a place; of many, those nearest to `height` pixels from the top.
+// What a series says of its i-th point.
+const saidOf = (series, i) =>
+  isBand(series)
+    ? report.texts.range.replace('^1', numberText(lowOf(series)[i])).replace('^2', numberText(highOf(series)[i]))
+    : numberText(valuesOf(series)[i]);
+
+// Series with what they say of a place; of many, those nearest to `height` pixels from the top.
 function valuesAt(chart, place, height) {
   const found = [];
-  for (const series of chart.series) {
-    for (const i of pointsAt(series, place)) found.push({ series, value: valuesOf(series)[i] });
-  }
+  for (const series of chart.series)
+    for (const i of pointsAt(series, place)) if (!isBand(series) || present(lowOf(series)[i])) found.push({ series, i });
   if (found.length <= MOST_VALUES) return found;
   const y = chart.view.scale('y');
-  const distance = ({ value }) => (value === null ? Infinity : Math.abs(y(value) - height));
+  const distance = ({ series, i }) =>
+    present(valuesOf(series)[i]) ? Math.abs(y(valuesOf(series)[i]) - height) : Infinity;
   const nearest = [...found].sort((a, b) => distance(a) - distance(b)).slice(0, MOST_VALUES);
   return found.filter((entry) => nearest.includes(entry));
 }
@@ -34,22 +40,46 @@ function plotBox(frame, chart) {
   };
 }
 
-function fillTip(tip, chart, place, height) {
-  const heading = document.createElement('div');
-  heading.className = 'tip-place';
-  heading.textContent = labelsOf(chart)[place];
-  const lines = valuesAt(chart, place, height).map(({ series, value }) => {
+// A heading and lines of [colour, name, text].
+function fillTip(tip, heading, lines) {
+  const top = document.createElement('div');
+  top.className = 'tip-place';
+  top.textContent = heading;
+  const rows = lines.map(([color, name, text]) => {
     const line = document.createElement('div');
-    const swatch = document.createElement('i');
-    swatch.style.background = series.color;
-    const name = document.createElement('span');
-    name.textContent = series.name || chart.yLabel;
+    const mark = document.createElement('i');
+    mark.style.background = color;
+    const label = document.createElement('span');
+    label.textContent = name;
     const number = document.createElement('b');
-    number.textContent = numberText(value);
-    line.append(swatch, name, number);
+    number.textContent = text;
+    line.append(mark, label, number);
     return line;
   });
-  tip.replaceChildren(heading, ...lines);
+  tip.replaceChildren(top, ...rows);
+}
+
+const tipLines = (chart, place, height) =>
+  valuesAt(chart, place, height).map(({ series, i }) => [
+    colorOf(series),
+    series.name || chart.yLabel,
+    saidOf(series, i),
+  ]);
+
+function makeOverlay(frame, name) {
+  const element = document.createElement('div');
+  element.className = name;
+  element.hidden = true;
+  frame.append(element);
+  return element;
+}
+
+// Puts the tip beside a point of the frame, in CSS pixels.
+function placeTip(frame, tip, x, y) {
+  tip.hidden = false;
+  const right = x + 14 + tip.offsetWidth <= frame.clientWidth;
+  const left = right ? x + 14 : Math.max(0, x - 14 - tip.offsetWidth);
+  Object.assign(tip.style, { left: `${left}px`, top: `${y}px` });
 }
 
 class Inspection {
@@ -57,13 +87,7 @@ class Inspection {
     this.frame = frame;
     this.chart = chart;
     this.place = null;
-    [this.cursor, this.brush, this.tip] = ['cursor', 'brush', 'tip'].map((name) => {
-      const element = document.createElement('div');
-      element.className = name;
-      element.hidden = true;
-      frame.append(element);
-      return element;
-    });
+    [this.cursor, this.brush, this.tip] = ['cursor', 'brush', 'tip'].map((name) => makeOverlay(frame, name));
     this.tip.setAttribute('role', 'status');
   }
 
@@ -83,13 +107,10 @@ class Inspection {
     const box = plotBox(this.frame, this.chart);
     const x = this.pixelOf(this.place, box);
     const height = clientY === undefined ? box.height / 2 : clientY - this.frame.getBoundingClientRect().top - box.top;
-    fillTip(this.tip, this.chart, this.place, height);
+    fillTip(this.tip, labelsOf(this.chart)[this.place], tipLines(this.chart, this.place, height));
     Object.assign(this.cursor.style, { left: `${x}px`, top: `${box.top}px`, height: `${box.height}px` });
     this.cursor.hidden = false;
-    this.tip.hidden = false;
-    const right = x + 14 + this.tip.offsetWidth <= this.frame.clientWidth;
-    const left = right ? x + 14 : Math.max(0, x - 14 - this.tip.offsetWidth);
-    Object.assign(this.tip.style, { left: `${left}px`, top: `${box.top + 6}px` });
+    placeTip(this.frame, this.tip, x, box.top + 6);
   }
 
   hide() {

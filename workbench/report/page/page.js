@@ -33,6 +33,13 @@ function copyOnRequest() {
   });
 }
 
+// Headers wrap at the width that a table's columns may have at most.
+function boundColumns() {
+  for (const table of document.querySelectorAll('table[data-widest]'))
+    for (const cell of table.querySelectorAll('thead th:not(.corner, .over)'))
+      cell.style.maxWidth = `${table.dataset.widest}px`;
+}
+
 function switchTheme() {
   const root = document.documentElement;
   const button = document.querySelector('[data-page=theme]');
@@ -71,7 +78,10 @@ if (matchMedia('(max-width: 60rem)').matches) document.querySelector('nav detail
 document.querySelector('.page-tools').hidden = false;
 document.querySelector('[data-page=print]').addEventListener('click', () => window.print());
 switchTheme();
+boundColumns();
 copyOnRequest();
+addLegends();
+addPanelTools();
 fillDataViewsOnRequest();
 drawWhenNear();
 followScrolling();

@@ -1,0 +1,252 @@
+// Charts as a person sees them: legends that have room, round ticks, forecasts that can be read, and every kind of chart
+// drawn, read, saved and printed.
+
+import { execFileSync } from 'node:child_process';
+
+import { fan, panel, roots, stacked } from './chart_kinds.mjs';
+import { chart, document, macroData, table } from './documents.mjs';
+import { check, colorOf, download, drawn, equal, finish, look, makeReport, newPath, ok, open, start } from './harness.mjs';
+
+const { columns, labels } = macroData();
+const gdp = columns.realgdp;
+const fitted = gdp.map((value, i) => (i < 2 ? value : 2 * gdp[i - 1] - gdp[i - 2]));
+const future = ['2009Q4', '2010Q1', '2010Q2', '2010Q3'];
+const seven = ['realgdp', 'realcons', 'realinv', 'realgovt', 'realdpi', 'cpi', 'm1'];
+
+const report = (...items) =>
+  makeReport({ document: document(items), command: 'X', facts: [], messages: [], savedFiles: [] });
+const section = (page, index) => page.locator('section.chart').nth(index);
+const lines = (names) => names.map((name) => [name, labels, columns[name]]);
+const near = (a, b, tolerance = 1) => Math.abs(a - b) <= tolerance;
+
+// Boxes of a chart's title, tools, legend and drawing, from above to below.
+const boxes = (page, index) =>
+  section(page, index).evaluate((element) =>
+    ['h3', '.chart-tools', '.legend', '.drawing'].map((selector) => {
+      const { top, bottom, left, right } = element.querySelector(selector).getBoundingClientRect();
+      return { selector, top, bottom, left, right };
+    }),
+  );
+
+async function checkLegends(page) {
+  const { width } = page.viewportSize();
+  for (const [index, names] of [[0, seven.slice(0, 3)], [1, seven]]) {
+    await check(`a legend of ${names.length} series has a place of its own at ${width} pixels`, async () => {
+      equal((await look(await drawn(page, index))).legend, names);
+      const [title, tools, legend, drawing] = await boxes(page, index);
+      ok(legend.top >= Math.max(title.bottom, tools.bottom) - 1, `legend at ${legend.top}, tools to ${tools.bottom}`);
+      ok(drawing.top >= legend.bottom - 1, `drawing at ${drawing.top}, legend to ${legend.bottom}`);
+      ok(title.right <= tools.left || title.bottom <= tools.top, 'title beside tools');
+      const entries = await section(page, index).locator('.legend li').evaluateAll((all) =>
+        all.map((entry) => entry.getBoundingClientRect().right));
+      ok(Math.max(...entries) <= width, 'entries in the window');
+    });
+  }
+  await check(`no sideways scrolling at ${width} pixels`, async () =>
+    equal(await page.evaluate(() => window.document.documentElement.scrollWidth), width));
+}
+
+const placesOf = ({ axes }, all) => axes.map((axis) => axis.map(({ text }) => text)).find((list) => all.includes(list[0]));
+
+async function checkTicks(page) {
+  await check('ticks of residuals without dates are round', async () => {
+    const numbers = columns.cpi.map((_, i) => String(i + 5));
+    const shown = placesOf(await look(await drawn(page, 2)), numbers);
+    ok(shown.length > 4 && shown.every((label) => Number(label) % 10 === 0), `labels ${shown}`);
+  });
+}
+
+const FORECAST = 3;
+
+async function checkForecast(page) {
+  const button = () => section(page, FORECAST).locator('[data-do=part]');
+  const seen = async () => look(await drawn(page, FORECAST));
+  await check('a short forecast of a long history: the last part first, the whole behind a button', async () => {
+    const years = async () => placesOf(await seen(), [...labels, ...future]);
+    equal((await years())[0], '2004Q1');
+    equal(await button().textContent(), 'Show from 1959Q1');
+    await button().click();
+    ok((await years())[0].startsWith('196'), `labels ${await years()}`);
+    equal(await button().textContent(), 'Show from 2003Q2');
+    await button().click();
+    equal((await years())[0], '2004Q1', 'back');
+  });
+  await check('the value axis fits what is shown', async () => {
+    const values = (await seen()).axes.flat().map(({ text }) => text);
+    ok(!values.includes('4,000') && values.includes('13,000'), `values ${values}`);
+  });
+  await check('dashes begin at the last observed value, and Fitted lies above a wide Observed', async () => {
+    const { points, lines: all, widths } = await seen();
+    equal(all.map(([, count]) => count), [203, 5, 203]);
+    equal(points[1][0], points[0].at(-1));
+    ok(widths[0] >= 2 * widths[2], `widths ${widths}`);
+  });
+}
+
+const FAN = 4;
+const ROOTS = 5;
+const PANEL = 6;
+const SHARES = 7;
+const BARS = 8;
+
+// A panel has nine frames where another chart has one.
+const frameOf = (index) => (index > PANEL ? index + 8 : index);
+
+async function checkKinds(page) {
+  const seen = async (index) => look(await drawn(page, frameOf(index)));
+  const tip = (index) => page.locator('.chart-frame').nth(frameOf(index)).locator('.tip');
+  const press = async (index, key) => {
+    await page.locator('.chart-frame').nth(frameOf(index)).focus();
+    await page.keyboard.press(key);
+  };
+  await check('a fan: nested bands that begin at the last value', async () => {
+    const { bands, points, legend, areas } = await seen(FAN);
+    const blue = await colorOf(page, '--chart-blue');
+    equal(areas, [blue, blue, blue]);
+    const heights = bands.map(({ height }) => height);
+    ok(heights[0] > heights[1] && heights[1] > heights[2], `the widest first: ${heights}`);
+    ok(near(heights[1] / heights[0], 80 / 95, 0.02), `heights ${heights}`);
+    ok(bands.every(({ left }) => near(left, points[1].at(-1)[0])), 'joined');
+    equal(legend, ['50%', '95%', '80%', 'Observed', 'Forecast']);
+    await press(FAN, 'End');
+    equal(await tip(FAN).locator('div').nth(2).textContent(), '95%12,956 to 13,032');
+  });
+  await check('roots: a round circle, points at their places, what each says', async () => {
+    const { points, lines: all, dots } = await seen(ROOTS);
+    const circle = points[all.findIndex(([, count]) => count > 100)];
+    const span = (k) => Math.max(...circle.map((point) => point[k])) - Math.min(...circle.map((point) => point[k]));
+    ok(near(span(0), span(1), 0.5) && span(0) > 150, `circle of ${span(0)} by ${span(1)}`);
+    equal(dots.length, 3);
+    await press(ROOTS, 'Home');
+    equal(await tip(ROOTS).locator('div').allTextContents(), ['modulus 0.970', 'Real0.97', 'Imaginary0']);
+    const box = await page.locator('.chart-frame').nth(ROOTS).locator('.mark-symbol path').nth(1).boundingBox();
+    await page.mouse.move(box.x + 3, box.y + 3);
+    ok((await tip(ROOTS).textContent()).startsWith('modulus 0.781'), 'pointer');
+    const text = await page.locator('.chart-frame').nth(ROOTS).getAttribute('aria-label');
+    ok(text.includes('modulus 0.970 | modulus 0.781') && text.includes('circle of radius 1'), text);
+  });
+  await check('a panel: nine charts, one value axis a row, zero lines', async () => {
+    const cells = await section(page, PANEL).locator('h4').allTextContents();
+    equal([cells.length, cells[1]], [9, 'a / b']);
+    const frames = section(page, PANEL).locator('.chart-frame');
+    const axis = async (cell) => {
+      const { axes } = await look(await drawn(page, PANEL + cell));
+      return axes.flat().map(({ text }) => text);
+    };
+    equal(await axis(0), await axis(2));
+    ok(JSON.stringify(await axis(0)) !== JSON.stringify(await axis(3)), 'rows differ');
+    equal(await frames.first().locator('.mark-rule.role-mark line').count(), 1);
+    equal(await section(page, PANEL).locator('.legend li').allTextContents(), ['95%', 'Response']);
+    ok((await frames.nth(1).getAttribute('aria-label')).includes('a / b'), 'each is described');
+  });
+  await check('stacked areas fill the axis, stacked bars part at zero below their line', async () => {
+    const shares = await seen(SHARES);
+    const total = shares.bands.reduce((sum, { height }) => sum + height, 0);
+    ok(near(total, 3 * shares.bands[0].height, 3), 'three equal shares');
+    const bars = await seen(BARS);
+    equal([bars.bars.length, bars.lines.map(([, count]) => count)], [8, [4]]);
+    const [first, second] = [bars.rects[0], bars.rects[4]];
+    ok(near(first.bottom, second.top, 1) || near(first.top, second.bottom, 1), 'one stands on the other');
+    await press(BARS, 'Home');
+    equal(await tip(BARS).locator('div').allTextContents(), ['w', 'up3', 'down-1', 'Sum2']);
+  });
+}
+
+async function checkData(page) {
+  const rows = async (index) => {
+    await section(page, index).locator('summary').click();
+    const file = await download(page, section(page, index).getByRole('button', { name: 'Save CSV' }));
+    return file.trimEnd().split('\r\n');
+  };
+  await check('the data of every kind', async () => {
+    const fanRows = await rows(FAN);
+    equal(fanRows[0], 'Date,"50%, lower","50%, upper","95%, lower","95%, upper","80%, lower","80%, upper",Observed,Forecast');
+    equal([fanRows.length, fanRows.at(-1)], [208, '2010Q3,12974,13014,12956,13032,12962,13026,,12994']);
+    equal((await rows(ROOTS))[2], 'Roots,0.6,0.5,modulus 0.781');
+    const responses = await rows(PANEL);
+    equal([responses.length, responses[0]], [1 + 9 * 21, 'Chart,Horizon,"95%, lower","95%, upper",Response']);
+    equal(responses[1 + 21], 'a / b,0,0.5,1.5,1');
+    equal((await rows(BARS))[1], 'w,3,-1,2');
+  });
+}
+
+async function checkPictures(page) {
+  for (const [index, names] of [[FAN, ['95%', 'Observed']], [PANEL, ['a / b', 'Response']], [BARS, ['up', 'Sum']]]) {
+    await check(`chart ${index} saved as a picture has title, legend and all its parts`, async () => {
+      const svg = await download(page, section(page, index).getByRole('button', { name: 'SVG' }));
+      const title = await section(page, index).locator('h3').textContent();
+      for (const text of [title, ...names]) ok(svg.includes(`>${text}<`), text);
+      ok(!svg.includes('var('), 'no custom properties');
+      if (index === PANEL) equal(svg.match(/<svg/g).length, 10, 'nine charts in one');
+    });
+  }
+}
+
+// A head, or a title, must not stand at the foot of a page without its first rows.
+async function checkPrinting() {
+  await check('print: every head stays with its first rows', async () => {
+    const sizes = Array.from({ length: 60 }, (_, i) => 4 + ((i * 37) % 29));
+    const tables = sizes.map((size, t) => {
+      const rows = Array.from({ length: size }, (_, i) => `row ${t} ${i}`);
+      return table(`Table ${t}`, rows, ['Estimate', 'Error'], rows.map((_, i) => [i, i / 3]));
+    });
+    const page = await open(report(...tables));
+    const file = newPath('pdf');
+    await page.pdf({ path: file, format: 'A4' });
+    await page.context().close();
+    const pages = execFileSync('pdftotext', ['-layout', file, '-']).toString().split('\f');
+    ok(pages.length > 20, `${pages.length} pages`);
+    for (const [number, text] of pages.entries()) {
+      const written = text.split('\n').map((line) => line.trim()).filter(Boolean);
+      const lastHead = written.findLastIndex((line) => /^Table|Estimate/.test(line));
+      const below = written.length - 1 - lastHead;
+      ok(written.length === 0 || below >= 3, `page ${number + 1} ends with ${written.slice(-3).join(' / ')}`);
+    }
+  });
+}
+
+async function checkColumnWidths() {
+  await check('columns have the width that the table asks for, and no more on a narrow page', async () => {
+    const items = [{}, { columnWidth: { min: 100, max: 300 } }].map((more) => table('T', ['r'], ['A', 'B'], [[1, 2]], more));
+    const widths = async (options) => {
+      const page = await open(report(...items), options);
+      const found = await page.locator('tbody td').evaluateAll((all) => all.map((cell) => cell.offsetWidth));
+      await page.context().close();
+      return found;
+    };
+    const [narrow, , wide, alike] = await widths({ viewport: { width: 1280, height: 900 } });
+    ok(wide >= 100 && alike >= 100, `columns of ${[narrow, wide, alike]}`);
+    ok((await widths({ viewport: { width: 360, height: 700 } }))[2] < 100, 'narrow page');
+  });
+}
+
+async function visit(file, options, ...actions) {
+  const page = await open(file, options);
+  for (const action of actions) await action(page);
+  await check(`no message, request, dialog, violation after ${actions.map(({ name }) => name)}`, () =>
+    equal(page.complaints, []));
+  await page.context().close();
+}
+
+await start();
+const colors = [['Observed', 'color.red'], ['Fitted', 'color.blue'], ['Forecast', 'color.blue']];
+const forecasts = ['Forecast', future, [13000, 13100, 13200, 13300]];
+const numbers = columns.cpi.map((_, i) => String(i + 5));
+const file = report(
+  chart({ kind: 3, title: 'Three' }, ...lines(seven.slice(0, 3))),
+  chart({ kind: 3, title: 'Seven' }, ...lines(seven)),
+  chart({ kind: 0, title: 'Residuals' }, ['', numbers, columns.cpi]),
+  chart({ kind: 3, title: 'Forecast', colors }, ['Observed', labels, gdp], ['Fitted', labels, fitted], forecasts),
+  fan(labels, gdp.map(Math.round), future),
+  roots([[0.97, 0], [0.6, 0.5], [-0.3, -0.2]]),
+  panel(['a', 'b', 'c'], 20, (i, j, k) => (i + 1) * (j / (k + 1))),
+  stacked(labels.slice(0, 20), ['p', 'q', 'r'].map((name) => [name, Array(20).fill(100 / 3)]), false),
+  stacked(['w', 'x', 'y', 'z'], [['up', [3, 2, 1, 2]], ['down', [-1, 1, -2, 1]]], true),
+);
+const phone = (width) => ({ viewport: { width, height: 700 }, isMobile: true, hasTouch: true });
+await visit(file, {}, checkLegends, checkTicks, checkForecast, checkKinds, checkData, checkPictures);
+await visit(file, phone(360), checkLegends);
+await visit(file, phone(480), checkLegends);
+await checkPrinting();
+await checkColumnWidths();
+await finish();
