@@ -1,11 +1,23 @@
 #include "engine/dynamics/bias_correction.h"
 
-#include "engine/dynamics/roots.h"
+#include <cmath>
+#include <utility>
+
+#include "engine/arithmetic/moments.h"
+#include "engine/dynamics/stability_test.h"
 #include "engine/linear_algebra/cholesky.h"
 #include "engine/linear_algebra/dense_algebra.h"
 
 namespace engine {
 namespace {
+
+std::vector<double> shockDeviations(const FittedVar& fit) {
+  std::vector<double> deviations;
+  for (const std::vector<double>& residuals : fit.residuals) {
+    deviations.push_back(std::sqrt(sumOfSquares(residuals) / residualDegrees(fit)));
+  }
+  return deviations;
+}
 
 // delta (A - A_c)' = delta b', solved against the lag block of (Z'Z)^-1: the inverse of that block times delta b'.
 std::optional<Matrix> normalisedShift(const FittedVar& fit, const Matrix& bias, double share) {
@@ -40,17 +52,20 @@ std::vector<std::vector<double>> deterministicPart(const FittedVar& fit, const V
 
 }  // namespace
 
-double stabilisingShare(std::span<const Matrix> lags, const Matrix& bias) {
+double stabilisingShare(std::span<const Matrix> lags, const Matrix& bias, std::vector<double> scales) {
+  StabilityTest test(std::move(scales), lags.size());
+  const std::vector<double> start = oldestFirst(joined(lags));
+  const std::vector<double> step = oldestFirst(bias);
+  std::vector<double> trial(start.size());
   for (int percent = 100; percent > 0; --percent) {
-    Matrix corrected = joined(lags);
-    addScaled(-0.01 * percent, bias, corrected);
-    if (largestModulus(separated(corrected)) < 1.0) return 0.01 * percent;
+    for (std::size_t i = 0; i < trial.size(); ++i) trial[i] = start[i] - 0.01 * percent * step[i];
+    if (test.isStable(trial)) return 0.01 * percent;
   }
   return 0.0;
 }
 
 std::optional<CorrectedModel> correctedModel(const FittedVar& fit, const Matrix& bias) {
-  const double share = stabilisingShare(lagMatrices(fit), bias);
+  const double share = stabilisingShare(lagMatrices(fit), bias, shockDeviations(fit));
   const auto shift = normalisedShift(fit, bias, share);
   if (!shift) return std::nullopt;
   CorrectedModel result{bias, share, fit, residualCovariance(fit)};
@@ -62,8 +77,10 @@ std::optional<CorrectedModel> correctedModel(const FittedVar& fit, const Matrix&
 std::optional<CorrectedModel> correctedModel(const FittedVar& fit, const VarSample& sample, const KnownTerms* terms) {
   const LagMatrices lags = lagMatrices(fit);
   const Matrix none(seriesCount(fit), fit.lag * seriesCount(fit));
-  if (!(largestModulus(lags) < 1.0)) return CorrectedModel{none, 0.0, fit, residualCovariance(fit)};
   const Matrix covariance = residualCovariance(fit);
+  if (!StabilityTest(shockDeviations(fit), fit.lag).isStable(oldestFirst(joined(lags)))) {
+    return CorrectedModel{none, 0.0, fit, covariance};
+  }
   const auto bias = terms != nullptr ? slopeBias(lags, covariance, rowCount(fit), *terms)
                                      : slopeBias(lags, covariance, rowCount(fit), deterministicPart(fit, sample));
   return bias ? correctedModel(fit, *bias) : CorrectedModel{none, 0.0, fit, covariance};

@@ -10,8 +10,8 @@
 namespace engine {
 
 // delta = 1, .99, .98, .., 0: the first for which the lag matrices less delta times the bias (K x K p) are stable. 0
-// when only the uncorrected ones are, or none.
-double stabilisingShare(std::span<const Matrix> lags, const Matrix& bias);
+// when only the uncorrected ones are, or none. `scales` are typical sizes of the K series.
+double stabilisingShare(std::span<const Matrix> lags, const Matrix& bias, std::vector<double> scales);
 
 struct CorrectedModel {
   Matrix bias;         // b, K x K p; zeros when the model is not corrected

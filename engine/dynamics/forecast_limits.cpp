@@ -6,7 +6,11 @@ namespace engine {
 
 std::optional<AnalyticForecast> analyticForecast(const FittedVar& fit, const VarSample& sample, std::size_t horizon,
                                                  const KnownTerms* terms) {
-  const std::size_t origin = sample.series.front().size();
+  return analyticForecast(fit, sample, sample.series.front().size(), horizon, terms);
+}
+
+std::optional<AnalyticForecast> analyticForecast(const FittedVar& fit, const VarSample& sample, std::size_t origin,
+                                                 std::size_t horizon, const KnownTerms* terms) {
   auto model = correctedModel(fit, sample, terms);
   if (!model) return std::nullopt;
   auto errors = forecastErrors(*model, forecastPath(model->fit, sample, origin, horizon).regressors);

@@ -30,6 +30,10 @@ struct AnalyticForecast {
 std::optional<AnalyticForecast> analyticForecast(const FittedVar& fit, const VarSample& sample, std::size_t horizon,
                                                  const KnownTerms* terms);
 
+// The same from the first `origin` observations on, for a model fitted on rows before it.
+std::optional<AnalyticForecast> analyticForecast(const FittedVar& fit, const VarSample& sample, std::size_t origin,
+                                                 std::size_t horizon, const KnownTerms* terms);
+
 // values -+ t standard errors, t from Student's t.
 ForecastLimits studentLimits(const Matrix& values, const Matrix& standardErrors, double degreesOfFreedom, double level);
 

@@ -35,6 +35,17 @@ LagMatrices separated(const Matrix& joinedLags) {
   return result;
 }
 
+std::vector<double> oldestFirst(const Matrix& joinedLags) {
+  const std::size_t k = joinedLags.rows;
+  std::vector<double> result(joinedLags.values.size());
+  for (std::size_t i = 0; i < k; ++i) {
+    for (std::size_t c = 0; c < joinedLags.columns; ++c) {
+      result[i * joinedLags.columns + joinedLags.columns - k - c / k * k + c % k] = joinedLags(i, c);
+    }
+  }
+  return result;
+}
+
 Matrix companionMatrix(std::span<const Matrix> lags) {
   const Matrix top = joined(lags);
   Matrix companion(top.columns, top.columns);

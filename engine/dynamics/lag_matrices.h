@@ -19,6 +19,9 @@ LagMatrices lagMatrices(const FittedVar& fit);
 Matrix joined(std::span<const Matrix> lags);
 LagMatrices separated(const Matrix& joinedLags);
 
+// K x K p, lag 1 first, to row-major values with the oldest lag first: [A_p .. A_1].
+std::vector<double> oldestFirst(const Matrix& joinedLags);
+
 // F, K p x K p: [A_1 .. A_p] above the identity that moves every lag one place back.
 Matrix companionMatrix(std::span<const Matrix> lags);
 

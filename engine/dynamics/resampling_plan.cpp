@@ -3,24 +3,11 @@
 
 #include "engine/arithmetic/moments.h"
 #include "engine/dynamics/resampling.h"
-#include "engine/dynamics/roots.h"
 #include "engine/linear_algebra/dense_algebra.h"
 #include "engine/linear_algebra/orthonormal_basis.h"
 
 namespace engine {
 namespace {
-
-// K x K p, lag 1 first, to the order of the past: oldest lag first.
-std::vector<double> oldestFirst(const Matrix& joinedLags) {
-  const std::size_t k = joinedLags.rows;
-  std::vector<double> result(joinedLags.values.size());
-  for (std::size_t i = 0; i < k; ++i) {
-    for (std::size_t c = 0; c < joinedLags.columns; ++c) {
-      result[i * joinedLags.columns + joinedLags.columns - k - c / k * k + c % k] = joinedLags(i, c);
-    }
-  }
-  return result;
-}
 
 std::vector<double> rowMajor(std::span<const std::vector<double>> columns) {
   std::vector<double> result(columns.size() * (columns.empty() ? 0 : columns.front().size()));

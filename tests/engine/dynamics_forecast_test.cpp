@@ -226,9 +226,9 @@ TEST(BiasCorrection, LeavesResidualsOrthogonalToTheKnownColumns) {
 TEST(BiasCorrection, KeepsTheModelStable) {
   // One series with a = 0.98 and a bias of -0.0316: 0.98 + 0.0316 delta < 1 up to delta = 0.63.
   const LagMatrices lags = {matrixOf({{0.98}})};
-  EXPECT_NEAR(stabilisingShare(lags, matrixOf({{-0.0316}})), 0.63, kRounding);
-  EXPECT_EQ(stabilisingShare(lags, matrixOf({{0.1}})), 1.0);
-  EXPECT_EQ(stabilisingShare(LagMatrices{matrixOf({{1.5}})}, matrixOf({{0.1}})), 0.0);
+  EXPECT_NEAR(stabilisingShare(lags, matrixOf({{-0.0316}}), {1}), 0.63, kRounding);
+  EXPECT_EQ(stabilisingShare(lags, matrixOf({{0.1}}), {1}), 1.0);
+  EXPECT_EQ(stabilisingShare(LagMatrices{matrixOf({{1.5}})}, matrixOf({{0.1}}), {1}), 0.0);
 }
 
 TEST(AnalyticForecast, ScalesWithTheUnits) {
