@@ -10,9 +10,6 @@ import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 
-C = "procedures/common"
-V = "procedures/varmodel/"
-D = "procedures/vardynamics/"
 # folder -> folders that it may include besides itself
 ALLOWED = {
     "host": set(),
@@ -21,21 +18,25 @@ ALLOWED = {
     "engine/regression": {"engine/arithmetic", "engine/linear_algebra"},
     "engine/diagnostics": {"engine/arithmetic", "engine/linear_algebra"},
     "engine/dynamics": {"engine/arithmetic", "engine/linear_algebra", "engine/regression", "engine/diagnostics"},
-    C: {"host"},
-    V + "data": {C, "host"},
-    V + "syntax": {V + "data", C, "host"},
-    V + "algo": {V + "syntax", V + "data", C, "host", "engine"},
-    V + "output": {V + "algo", V + "syntax", V + "data", C, "host", "engine"},
-    V + "save": {V + "algo", V + "syntax", V + "data", C, "host"},
-    V + "driver": {V + "output", V + "save", V + "algo", V + "syntax", V + "data", C, "host"},
-    D + "data": {C, "host"},
-    D + "syntax": {D + "data", C, "host"},
-    D + "analysis": {D + "syntax", D + "data", C, "engine"},
-    D + "output": {D + "analysis", D + "syntax", D + "data", C, "host", "engine"},
-    D + "save": {D + "analysis", D + "syntax", D + "data", C, "host", "engine"},
-    D + "driver": {D + "output", D + "save", D + "analysis", D + "syntax", D + "data", C, "host"},
+    "procedures/common": {"host"},
     "workbench": {"host"},
+    "tests": {"host", "engine", "procedures", "workbench"},
+    "tests/engine": {"engine"},
+    "tests/recording": {"host", "procedures", "tests/engine"},
 }
+# The layers of every procedure: its own layers below, and what is not its own.
+LAYERS = {
+    "data": {"host", "procedures/common"},
+    "syntax": {"data", "host", "procedures/common"},
+    "algo": {"syntax", "data", "host", "procedures/common", "engine"},
+    "analysis": {"syntax", "data", "procedures/common", "engine"},
+    "output": {"algo", "analysis", "syntax", "data", "host", "procedures/common", "engine"},
+    "save": {"algo", "analysis", "syntax", "data", "host", "procedures/common", "engine"},
+    "driver": {"output", "save", "algo", "analysis", "syntax", "data", "host", "procedures/common"},
+}
+for procedure in sorted(path.parent.relative_to(ROOT).as_posix() for path in ROOT.glob("procedures/*/procedure.cmake")):
+    for layer, below in LAYERS.items():
+        ALLOWED[f"{procedure}/{layer}"] = {f"{procedure}/{name}" if name in LAYERS else name for name in below}
 # What the numbers and the procedures may take from outside: their libraries and the C++ standard library, nothing of
 # POSIX.
 OUTSIDE_ENGINE = re.compile(r"^(boost/math/|boost/version|Eigen/)|^[a-z_]+$")
@@ -48,7 +49,7 @@ def within(target: str, folders) -> bool:
 
 
 def outside_is_allowed(folder: str, target: str) -> bool:
-    if folder == "workbench":
+    if folder.split("/")[0] in {"workbench", "tests"}:
         return True
     return bool((OUTSIDE_ENGINE if folder.startswith("engine/") else OUTSIDE_PROCEDURE).match(target))
 
@@ -59,19 +60,41 @@ def problems(path: pathlib.Path, folder: str):
         if not match:
             continue
         quote, target = match.groups()
+        if quote == '"' and (path.parent / target).is_file():
+            continue
         allowed = within(target, {folder, *ALLOWED[folder]}) if quote == '"' else outside_is_allowed(folder, target)
         if not allowed:
             yield f"{path.relative_to(ROOT)}:{number}: {folder} must not include {target}"
 
 
-def main() -> int:
-    found = []
-    files = 0
+def owner(path: str):
+    """The deepest listed folder that holds the file; None when there is none."""
+    return max((folder for folder in ALLOWED if within(path, {folder})), key=len, default=None)
+
+
+def cycles():
+    """Pairs of folders that may include each other, directly or over others."""
+    reach = {folder: {other for other in ALLOWED if other != folder and within(other + "/", below)}
+             for folder, below in ALLOWED.items()}
+    for middle in ALLOWED:
+        for folder in ALLOWED:
+            if middle in reach[folder]:
+                reach[folder] |= reach[middle]
     for folder in ALLOWED:
-        for path in sorted((ROOT / folder).rglob("*")):
-            if path.suffix in {".h", ".cpp"}:
-                files += 1
-                found.extend(problems(path, folder))
+        if folder in reach[folder]:
+            yield f"{folder} may include itself over other folders"
+
+
+def main() -> int:
+    found = list(cycles())
+    files = 0
+    for top in sorted({folder.split("/")[0] for folder in ALLOWED}):
+        for path in sorted((ROOT / top).rglob("*")):
+            if path.suffix not in {".h", ".cpp"}:
+                continue
+            files += 1
+            folder = owner(path.relative_to(ROOT).as_posix())
+            found.extend(problems(path, folder) if folder else [f"{path.relative_to(ROOT)}: its folder is not listed"])
     print("\n".join(found) if found else f"includes go one way in {files} files")
     return 1 if found or files == 0 else 0
 

@@ -1,0 +1,8 @@
+# Lowest layer first.
+varmodel_folder(procedures/varmodel/data LINKS procedures_common)
+varmodel_folder(procedures/varmodel/syntax LINKS procedures_varmodel_data)
+varmodel_folder(procedures/varmodel/algo LINKS procedures_varmodel_syntax engine_dynamics)
+varmodel_folder(procedures/varmodel/output LINKS procedures_varmodel_algo)
+varmodel_folder(procedures/varmodel/save LINKS procedures_varmodel_algo)
+varmodel_folder(procedures/varmodel/driver LINKS procedures_varmodel_output procedures_varmodel_save)
+varmodel_procedure(varmodel VARMODEL procedures/varmodel/driver)
