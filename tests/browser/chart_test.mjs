@@ -56,6 +56,19 @@ async function checkTicks(page) {
   });
 }
 
+async function checkNumbers() {
+  await check('scientific numbers for the very large and small alone', async () => {
+    const shown = async (values) => {
+      const page = await open(report(chart({ kind: 0, title: 'T' }, ['', ['1', '2'], values])));
+      const { axes } = await look(await drawn(page, 0));
+      await page.context().close();
+      return axes.flat().map(({ text }) => text).filter((text) => /e/.test(text)).length;
+    };
+    for (const values of [[2e9, 3e9], [0, -3e-7]]) ok((await shown(values)) > 2, `${values}`);
+    for (const values of [[12990.3, 1], [0, 0], [0.001, 0.002]]) equal(await shown(values), 0, `${values}`);
+  });
+}
+
 const FORECAST = 3;
 
 async function checkForecast(page) {
@@ -188,7 +201,8 @@ async function checkPrinting() {
     const sizes = Array.from({ length: 60 }, (_, i) => 4 + ((i * 37) % 29));
     const tables = sizes.map((size, t) => {
       const rows = Array.from({ length: size }, (_, i) => `row ${t} ${i}`);
-      return table(`Table ${t}`, rows, ['Estimate', 'Error'], rows.map((_, i) => [i, i / 3]));
+      const title = t % 3 ? `Table ${t}` : `Table ${t} with a name that takes two lines or more of a table this narrow`;
+      return table(title, rows, ['Estimate', 'Error'], rows.map((_, i) => [i, i / 3]));
     });
     const page = await open(report(...tables));
     const file = newPath('pdf');
@@ -198,10 +212,29 @@ async function checkPrinting() {
     ok(pages.length > 20, `${pages.length} pages`);
     for (const [number, text] of pages.entries()) {
       const written = text.split('\n').map((line) => line.trim()).filter(Boolean);
-      const lastHead = written.findLastIndex((line) => /^Table|Estimate/.test(line));
-      const below = written.length - 1 - lastHead;
+      const below = written.length - 1 - written.findLastIndex((line) => !line.startsWith('row'));
       ok(written.length === 0 || below >= 3, `page ${number + 1} ends with ${written.slice(-3).join(' / ')}`);
+      ok(written.length === 0 || !/^(lines|more|narrow|of a)/.test(written[0]), `page ${number + 1}: ${written[0]}`);
     }
+  });
+  await check('print: charts are drawn for paper, so that letters keep their size', async () => {
+    const page = await open(report(chart({ kind: 3, title: 'Three' }, ...lines(seven.slice(0, 3)))));
+    const shown = () => page.locator('.drawing svg').evaluate((svg) => svg.clientWidth);
+    await drawn(page, 0);
+    const screen = await shown();
+    await page.emulateMedia({ media: 'print' });
+    equal(await shown(), 680);
+    await page.emulateMedia({ media: 'screen' });
+    equal(await shown(), screen);
+    await page.context().close();
+  });
+}
+
+async function checkTablesOfPhones(page) {
+  await check('the title of a wide table stands beside its button', async () => {
+    const [title, button] = await page.locator('section.table').evaluate((section) =>
+      ['caption bdi', 'button'].map((selector) => section.querySelector(selector).getBoundingClientRect().toJSON()));
+    ok(title.right <= button.left, `title to ${title.right}, button from ${button.left}`);
   });
 }
 
@@ -247,6 +280,9 @@ const phone = (width) => ({ viewport: { width, height: 700 }, isMobile: true, ha
 await visit(file, {}, checkLegends, checkTicks, checkForecast, checkKinds, checkData, checkPictures);
 await visit(file, phone(360), checkLegends);
 await visit(file, phone(480), checkLegends);
+const wide = table('VAR Model Parameters - investment', ['Constant'], seven, [seven.map((_, i) => 1000 * i)]);
+await visit(report(wide), phone(360), checkTablesOfPhones);
+await checkNumbers();
 await checkPrinting();
 await checkColumnWidths();
 await finish();

@@ -119,6 +119,19 @@ function addTools(frame, chart) {
   addPartButton(tools.querySelector('[data-do=part]'), chart);
 }
 
+// A sheet of A4 between its margins: letters keep their size, and three charts find room.
+const PAPER = { width: 680, height: 195 };
+
+// Gives a drawing the size that it has on paper, or again that of its place in the page.
+function fitSize(frame, onPaper) {
+  const chart = report.charts[Number(frame.dataset.chart)];
+  if (!chart.view || chart.equal) return;
+  const grid = frame.closest('.panel');
+  const across = grid ? report.panels[Number(grid.dataset.panel)].columns.length : 1;
+  const width = onPaper ? PAPER.width / across - 6 * (across - 1) : chart.view.container().clientWidth;
+  chart.view.width(width).height(onPaper && !chart.small ? PAPER.height : plotHeight(chart)).run();
+}
+
 // One chart at a time, so that scrolling stays smooth; charts that were scrolled past meanwhile wait.
 function drawWhenNear() {
   const frames = document.querySelectorAll('.chart-frame');
@@ -141,6 +154,11 @@ function drawWhenNear() {
   );
   frames.forEach((frame) => observer.observe(frame));
   const drawAll = () => frames.forEach(drawChart);
-  window.addEventListener('beforeprint', drawAll);
-  matchMedia('print').addEventListener('change', (event) => event.matches && drawAll());
+  const onPaper = (printing) => {
+    if (printing) drawAll();
+    frames.forEach((frame) => fitSize(frame, printing));
+  };
+  window.addEventListener('beforeprint', () => onPaper(true));
+  window.addEventListener('afterprint', () => onPaper(false));
+  matchMedia('print').addEventListener('change', (event) => onPaper(event.matches));
 }

@@ -11,6 +11,8 @@ function numberFormat(chart) {
   return largest >= 1e9 || (largest > 0 && largest < 1e-4) ? { format: '.2~e' } : {};
 }
 
+const plotHeight = (chart) => (chart.small ? SMALL_HEIGHT : HEIGHT);
+
 const chartSignal = (chart, which) => ({ signal: `chartText(${report.charts.indexOf(chart)}, '${which}')` });
 
 function titleOf(chart, which) {
@@ -42,9 +44,8 @@ function xEncoding(chart) {
 }
 
 function yEncoding(chart) {
-  const height = chart.small ? SMALL_HEIGHT : HEIGHT;
   const tickCount = chart.small ? 3 : 5;
-  const axis = { title: titleOf(chart, 'yLabel'), titleLimit: height, tickCount, ...numberFormat(chart) };
+  const axis = { title: titleOf(chart, 'yLabel'), titleLimit: plotHeight(chart), tickCount, ...numberFormat(chart) };
   const nice = chart.yRange || chart.equal ? false : tickCount;
   return { field: 'y', type: 'quantitative', stack: null, scale: bounded('low', 'high', nice), axis };
 }
@@ -77,7 +78,7 @@ function chartSpec(chart, width = 'container') {
   return {
     description: chart.description,
     width: side || width,
-    height: side || (chart.small ? SMALL_HEIGHT : HEIGHT),
+    height: side || plotHeight(chart),
     autosize: { type: side ? 'pad' : 'fit-x', contains: 'padding' },
     params: Object.entries(shownPart(chart)).map(([name, value]) => ({ name, value })),
     data: { name: 'points' },
