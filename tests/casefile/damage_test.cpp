@@ -114,20 +114,26 @@ TEST_F(SaveTest, AKilledWritersFolderIsRemovedALivingOnesIsNot) {
   EXPECT_THAT(folder_.listing(), ElementsAre("out.json"));
 }
 
-TEST_F(SaveTest, AFolderThatMayNotBeWrittenIsNamed) {
+TEST_F(SaveTest, WhatMayNotBeWrittenIsNamed) {
   const auto target = folder_.write("out.csv", "old");
+  std::filesystem::create_directory(folder_ / "open");
+  std::filesystem::permissions(folder_ / "open", std::filesystem::perms(0777));
+  const auto guarded = folder_.write("open/guarded.csv", "old");
+  std::filesystem::permissions(guarded, std::filesystem::perms(0444));
   std::filesystem::permissions(folder_.path(), std::filesystem::perms(0555));
   const bool root = geteuid() == 0;  // to whom permissions do not apply
-  ASSERT_EQ(root ? seteuid(65534) : 0, 0);
+  ASSERT_EQ(root ? setresuid(65534, 65534, 0) : 0, 0);
   const bool saved = save("new.csv", {"PRE_1"}, {{1}});
   const std::string overwriting = failureOf(target);
-  ASSERT_EQ(root ? seteuid(0) : 0, 0);
+  const std::string replacing = failureOf(guarded);
+  ASSERT_EQ(root ? setresuid(0, 0, 0) : 0, 0);
   std::filesystem::permissions(folder_.path(), std::filesystem::perms(0755));
   EXPECT_FALSE(saved);
   EXPECT_THAT(session_.saveError, AllOf(HasSubstr("new.csv"), HasSubstr("Permission denied"), HasSubstr("may write")));
   EXPECT_THAT(overwriting, HasSubstr("Permission denied"));
-  EXPECT_THAT(folder_.listing(), ElementsAre("out.csv"));
-  EXPECT_EQ(contents(target), "old");
+  EXPECT_THAT(replacing, HasSubstr("Permission denied"));
+  EXPECT_THAT(folder_.listing(), ElementsAre("open", "out.csv"));
+  EXPECT_EQ(contents(target) + contents(guarded), "oldold");
 }
 
 TEST_F(SaveTest, DevicesAreWrittenDirectly) {

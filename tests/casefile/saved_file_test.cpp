@@ -151,16 +151,28 @@ TEST_F(SaveTest, WhatCannotBeSavedWholeIsNotSaved) {
   EXPECT_THAT(folder_.listing(), ElementsAre("out.csv"));
 }
 
-TEST_F(SaveTest, AClosedFileTakesNoMoreCases) {
+TEST_F(SaveTest, WhatDoesNotFitIsRefused) {
   UserCaseFileSpec specification;
+  EXPECT_FALSE(specification.Init("out.csv", true, false));
+  EXPECT_EQ(session_.saveError, "Saved files can only be written here.");
   ASSERT_TRUE(specification.Init("out.csv", true, true));
   UserOutputCaseFile output(specification);
-  addVariable(output.DataSource(), "PRE_1", "");
+  IndependentDataStore& store = output.DataSource();
+  std::vector<double> narrowBuffer;
+  const VEXA_Case narrow(store, narrowBuffer);  // made before the variable
+  addVariable(store, "PRE_1", "");
   std::vector<double> buffer;
-  const VEXA_Case oneCase(output.DataSource(), buffer);
-  EXPECT_TRUE(output.DataSource().AddCase(oneCase));
+  VEXA_Case oneCase(store, buffer);
+  EXPECT_FALSE(oneCase.SetColumnValue(-1, 7) || oneCase.SetColumnValue(1, 7));
+  EXPECT_TRUE(oneCase.SetColumnValue(0, 7));
+  EXPECT_FALSE(store.AddCase(narrow));
+  UserOutputCaseFile other(specification);
+  addVariable(other.DataSource(), "PRE_1", "");
+  EXPECT_FALSE(other.DataSource().AddCase(oneCase));
+  EXPECT_TRUE(store.AddCase(oneCase));
   ASSERT_TRUE(output.Close());
-  EXPECT_FALSE(output.DataSource().AddCase(oneCase));
+  EXPECT_FALSE(store.AddCase(oneCase) || output.Close());
+  EXPECT_EQ(contents(folder_ / "out.csv"), "PRE_1\n7.0\n");
 }
 
 }  // namespace
