@@ -91,7 +91,7 @@ def run(command, **options):
 
 
 def build(programs):
-    extra = ["varmodel", "procedure"] if "cli_test" in programs else []
+    extra = ["varmodel"] if "cli_test" in programs else []
     return run(["cmake", "--build", str(BUILD), "--target", *programs, *extra])
 
 

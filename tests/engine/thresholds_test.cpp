@@ -55,6 +55,11 @@ TEST(Thresholds, JarqueBeraFloorsItsTailFromTenOn) {
   };
   EXPECT_NEAR(halves(58), std::exp(-58.0 / 12), kRounding);
   EXPECT_NEAR(halves(60), 1e-6, 1e-20);
+  // Four of sixty at 1.1 instead of 1: JB = 2.5 (K - 3)^2 is just below the bound.
+  std::vector<double> close(60, 1.0);
+  for (std::size_t i = 0; i < 60; ++i) close[i] = (i % 2 == 0 ? 1 : -1) * (i < 4 ? 1.1 : 1.0);
+  EXPECT_NEAR(jarqueBera(close)->statistic, 9.97, 0.01);
+  EXPECT_GT(jarqueBera(close)->pValue, 6e-3);
   const auto four = [](double deviation) {
     return jarqueBera(std::vector<double>{deviation, -deviation, deviation, -deviation}).has_value();
   };
@@ -86,6 +91,7 @@ TEST(Thresholds, FitMeasuresLeaveOutWhatHasNoScale) {
 
 TEST(Thresholds, TailsKeepTheirDigitsToTheSmallestNumbers) {
   for (const double t : {1e45, 1e60, 1e75}) EXPECT_NEAR(twoSidedPValue(t, 4) / 6 * t * t * t * t, 1.0, 1e-12) << t;
+  EXPECT_GT(twoSidedPValue(std::pow(10.0, 61.9), 5), 0.0);  // 6e-309
 }
 
 TEST(Thresholds, SquareSystemsAndTheLeastPivot) {

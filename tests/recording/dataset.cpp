@@ -21,6 +21,9 @@ const recording::Column& columnAt(int i) {
 const recording::DateVariable& dateVariableAt(int i) {
   return current().dateVariables.at(static_cast<std::size_t>(i));
 }
+bool refuses(const std::string& operation) {
+  return current().refusedOperation == operation;
+}
 std::size_t caseCount() {
   return current().columns.front().numbers.size();
 }
@@ -38,12 +41,14 @@ ANSWERS(std::string, VEXA_Variable, GetName() const, state_->column.name)
 ANSWERS(std::string, VEXA_Variable, GetLabel() const, std::string())
 ANSWERS(int, VEXA_Variable, GetMeasurementLevel() const, state_->column.level)
 ANSWERS(int, VEXA_Variable, GetType() const, state_->column.width)
-NOTES(bool, VEXA_Variable, SetName(const std::string& name), true, "SetName", name)
-NOTES(bool, VEXA_Variable, SetLabel(const std::string& label), true, "SetLabel", label)
-NOTES(bool, VEXA_Variable, SetFormat(int type, int width, int decimals), true, "SetFormat", type, width, decimals)
-NOTES(bool, VEXA_Variable, SetWriteFormat(int type, int width, int decimals), true, "SetWriteFormat", type, width,
-      decimals)
-NOTES(bool, VEXA_Variable, SetMeasurementLevel(int level), true, "SetMeasurementLevel", level)
+NOTES(bool, VEXA_Variable, SetName(const std::string& name), !refuses("SetName"), "SetName", name)
+NOTES(bool, VEXA_Variable, SetLabel(const std::string& label), !refuses("SetLabel"), "SetLabel", label)
+NOTES(bool, VEXA_Variable, SetFormat(int type, int width, int decimals), !refuses("SetFormat"), "SetFormat", type,
+      width, decimals)
+NOTES(bool, VEXA_Variable, SetWriteFormat(int type, int width, int decimals), !refuses("SetWriteFormat"),
+      "SetWriteFormat", type, width, decimals)
+NOTES(bool, VEXA_Variable, SetMeasurementLevel(int level), !refuses("SetMeasurementLevel"), "SetMeasurementLevel",
+      level)
 
 struct VEXA_InputCaseIterator::State {
   std::size_t next = 0;
@@ -101,6 +106,7 @@ VEXA_InputCaseIterator VEXA_DataSource::GetInputCaseIterator() {
 NOTES(void, VEXA_DataSource, SetLabel(const std::string& label), void(), "SetLabel", label)
 VEXA_Variable* VEXA_DataSource::MakeVariable(int type, const std::string& name) {
   noted("MakeVariable", type, name);
+  if (refuses("MakeVariable")) return nullptr;
   return state_->add({.name = name});
 }
 
@@ -252,12 +258,14 @@ void VEXA_Case::InitCase() {
 }
 bool VEXA_Case::SetColumnValue(int column, double value) {
   counted("SetColumnValue");
+  if (refuses("SetColumnValue")) return false;
   state_->values.at(static_cast<std::size_t>(column)) = value;
   return true;
 }
 
 bool IndependentDataStore::AddCase(const VEXA_Case& newCase) {
   counted("AddCase");
+  if (refuses("AddCase")) return false;
   current().savedCases.push_back(HostAccess::state(newCase).values);
   return true;
 }
@@ -269,4 +277,4 @@ struct UserOutputCaseFile::State : recording::Object {
 UserOutputCaseFile::UserOutputCaseFile(const UserCaseFileSpec&) : state_(new State("UserOutputCaseFile")) {}
 UserOutputCaseFile::~UserOutputCaseFile() = default;
 ANSWERS(IndependentDataStore&, UserOutputCaseFile, DataSource(), state_->store)
-ANSWERS(bool, UserOutputCaseFile, Close(), current().closeSucceeds)
+ANSWERS(bool, UserOutputCaseFile, Close(), !refuses("Close"))

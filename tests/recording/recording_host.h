@@ -55,9 +55,9 @@ class Host {
   bool predictIsDate = false;
   long predictCase = 0;
   std::vector<DateVariable> dateVariables;
-  bool closeSucceeds = true;
-  std::size_t failingCall = 0;  // counted from 1; 0: none
-  bool throwsNumber = false;    // else a std::exception with the text "host"
+  std::string refusedOperation;  // of the saved file: answers false, or null
+  std::size_t failingCall = 0;   // counted from 1; 0: none
+  bool throwsNumber = false;     // else a std::exception with the text "host"
 
   // Left by the procedure.
   std::vector<std::string> calls;

@@ -133,7 +133,7 @@ TEST(Trace, EveryFailedStepHasItsLineAndIsTheLast) {
        "VARSubCommands::get_SubCommand_Method - Completed with status: FAILURE", handlerFails("3"), 3},
       {[](Host& host) { host.command["AUXILIARY"]; },
        "VARSubCommands::get_SubCommand_Auxiliary - Completed with status FAILURE", handlerFails("7"), 3},
-      {[](Host& host) { host.command["MODEL"]["MINLAG"].number = host.command["MODEL"]["MAXLAG"].number = 4; },
+      {[](Host& host) { host.command["MODEL"]["MAXLAG"].number = 9; },  // leaves lag 1 as many rows as regressors: 3
        "! VARAlgo::start - Beginning",
        described,
        4,
@@ -150,11 +150,6 @@ TEST(Trace, EveryFailedStepHasItsLineAndIsTheLast) {
        described,
        4,
        {"error: Covariance matrix is singular"}},
-      {[](Host& host) {
-         host.command["SAVE"]["FILE"].words = {"out"};
-         host.closeSucceeds = false;
-       },
-       "[]", "! Error: VARSaveOutFile::close - Close the external output file failed\n", 6},
   };
   for (const auto& one : cases) {
     Host host;
@@ -169,6 +164,27 @@ TEST(Trace, EveryFailedStepHasItsLineAndIsTheLast) {
     EXPECT_EQ(*one.after == '\0' ? trace.substr(0, trace.find(last)) : between(trace, one.after, last),
               '\n' + one.lines);
     EXPECT_EQ(host.messages, one.messages);
+  }
+}
+
+TEST(Trace, ASavedFileThatIsRefusedFailsTheLastStep) {
+  const std::string variable = "defineVariable - Variable refused: R1";
+  const std::pair<const char*, std::string> cases[] = {{"MakeVariable", variable},
+                                                       {"SetName", variable},
+                                                       {"SetFormat", variable},
+                                                       {"SetWriteFormat", variable},
+                                                       {"SetMeasurementLevel", variable},
+                                                       {"SetLabel", variable},
+                                                       {"SetColumnValue", "writeCases - Case 1 was not written"},
+                                                       {"AddCase", "writeCases - Case 1 was not written"},
+                                                       {"Close", "close - Close the external output file failed"}};
+  for (const auto& [operation, line] : cases) {
+    Host host;
+    giveQuarters(host, 1993, 1);
+    giveModel(host);
+    host.command["SAVE"] = {{"FILE", {{"out"}}}, {"NRESIDUAL", {{"R"}}}};
+    host.refusedOperation = operation;
+    EXPECT_THAT(traceOf(VARMODEL), testing::HasSubstr("\n[]\n! Error: VARSaveOutFile::" + line)) << operation;
   }
 }
 

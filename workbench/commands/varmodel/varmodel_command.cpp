@@ -14,7 +14,8 @@ namespace workbench {
 
 namespace {
 
-constexpr std::string_view successLine = "VAR Model: Steps 1, 2, 3, 4, 5, and 6 completed successfully!";
+// The last line; the dump of the document before it may hold the same text, as somebody's variable name.
+constexpr std::string_view successEnd = "\nVAR Model: Steps 1, 2, 3, 4, 5, and 6 completed successfully!\n";
 
 }  // namespace
 
@@ -28,7 +29,7 @@ void VarmodelCommand::requestSummary(bool wanted) const {
 
 Outcome VarmodelCommand::outcome(const CallRecord& /*record*/, const CapturedStreams& streams) const {
   Outcome outcome;
-  outcome.succeeded = streams.out.find(successLine) != std::string::npos;
+  outcome.succeeded = streams.out.ends_with(successEnd);
   if (!outcome.succeeded) outcome.failedStep = failedStep(streams, "varmodel_entry");
   return outcome;
 }
