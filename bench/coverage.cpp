@@ -91,7 +91,7 @@ std::vector<bench::Design> designs() {
           {"root .9", 0.9},
           {"root .97", 0.97},
           {"root 1", 1.0},
-          {"root .97, t(5) errors", 0.97, 60, 2, "CONSTANT", true},
+          {"root .97, t(5) errors", 0.97, 60, 2, "CONSTANT", bench::Errors::heavyTails},
           {"root .97, p fitted 4", 0.97, 60, 4},
           {"root .97, TREND", 0.97, 60, 2, "TREND"},
           {"root ≤ .7, TREND", 0.7, 60, 2, "TREND"},

@@ -1,42 +1,15 @@
 #include "tests/engine/dynamics_fixture.h"
 
-#include <Eigen/Dense>
 #include <fstream>
 #include <iomanip>
 #include <numeric>
 #include <sstream>
+#include <stdexcept>
+
+#include "engine/regression/var_estimation.h"
 
 namespace engine {
 namespace {
-
-using Extended = Eigen::Matrix<long double, Eigen::Dynamic, Eigen::Dynamic>;
-
-Extended designOf(const Example& model) {
-  const FittedVar& fit = model.fit;
-  const std::size_t n = model.series.front().size() - fit.firstRow;
-  const std::size_t k = model.series.size();
-  Extended z(n, (fit.constant ? 1 : 0) + fit.lag * k + model.known.size());
-  for (std::size_t r = 0; r < n; ++r) {
-    Eigen::Index c = 0;
-    const auto row = static_cast<Eigen::Index>(r);
-    if (fit.constant) z(row, c++) = 1.0L;
-    for (std::size_t l = 1; l <= fit.lag; ++l) {
-      for (const auto& series : model.series) z(row, c++) = series[fit.firstRow + r - l];
-    }
-    for (const auto& known : model.known) z(row, c++) = known[fit.firstRow + r];
-  }
-  return z;
-}
-
-Matrix rounded(const Extended& a) {
-  Matrix result(static_cast<std::size_t>(a.rows()), static_cast<std::size_t>(a.cols()));
-  for (std::size_t i = 0; i < result.rows; ++i) {
-    for (std::size_t j = 0; j < result.columns; ++j) {
-      result(i, j) = static_cast<double>(a(static_cast<Eigen::Index>(i), static_cast<Eigen::Index>(j)));
-    }
-  }
-  return result;
-}
 
 double element(const rapidjson::Value& list, std::size_t index, std::size_t columns) {
   if (!list[0].IsArray()) return list[static_cast<rapidjson::SizeType>(index)].GetDouble();
@@ -48,24 +21,14 @@ double element(const rapidjson::Value& list, std::size_t index, std::size_t colu
 
 Example fitted(SeriesList series, std::size_t lag, bool constant, SeriesList known) {
   Example model{std::move(series), std::move(known), {}};
-  model.fit.lag = model.fit.firstRow = lag;
-  model.fit.constant = constant;
-  const Extended z = designOf(model);
-  Extended y(z.rows(), model.series.size());
-  for (Eigen::Index r = 0; r < y.rows(); ++r) {
-    for (Eigen::Index i = 0; i < y.cols(); ++i) {
-      y(r, i) = model.series[static_cast<std::size_t>(i)][lag + static_cast<std::size_t>(r)];
-    }
-  }
-  const Eigen::HouseholderQR<Extended> qr(z);
-  const Extended b = qr.solve(y);
-  const Extended e = y - z * b;
-  const Extended root = qr.matrixQR().topRows(z.cols()).triangularView<Eigen::Upper>();
-  const Extended inverseRoot = root.triangularView<Eigen::Upper>().solve(Extended::Identity(z.cols(), z.cols()));
-  model.fit.coefficients = rounded(b.transpose());
-  model.fit.inverse = rounded(inverseRoot * inverseRoot.transpose());
-  const Matrix residuals = rounded(e);
-  for (std::size_t i = 0; i < residuals.columns; ++i) model.fit.residuals.push_back(columnOf(residuals, i));
+  SeriesList inSample = model.known;
+  for (auto& column : inSample) column.resize(model.series.front().size());
+  const auto p = static_cast<std::int32_t>(lag);
+  const VarEstimation estimation = estimateVar(
+      {model.series, inSample},
+      {.minLag = p, .maxLag = p, .constant = constant, .fullInverse = true, .allowSingularCovariance = true});
+  if (estimation.error) throw std::runtime_error("the example cannot be fitted");
+  model.fit = fittedVar(estimation, p);
   return model;
 }
 

@@ -24,7 +24,7 @@ struct Example {
   VarSample sample() const { return {series, known}; }
 };
 
-// Fits by orthogonal least squares in extended precision (Eigen's QR), independently of the engine.
+// By the engine's own estimation.
 Example fitted(SeriesList series, std::size_t lag, bool constant = true, SeriesList known = {});
 
 // realgdp, realcons, realinv of examples/us_macro_quarterly.csv: 203 levels, and 100 times the change of their
