@@ -52,6 +52,8 @@ TEST(ChartData, TakesFromSharedRowsWhatBelongsToAnElement) {
   EXPECT_EQ(sum.name, "Sum");
   EXPECT_THAT(sum.x, ElementsAre(1U, 2U, 2U, 3U));  // one row a place that has a value, all where there is none
   EXPECT_THAT(sum.y, ElementsAre(5, IsNan(), IsNan(), 13));
+  const Chart alone = chartOfKind(procedures::kLineChart, R"({"xdata": ["1", "2"], "ydata": [null, 2]})");
+  EXPECT_THAT(alone.data.series.at(0).y, ElementsAre(IsNan(), 2)) << "rows of a single element are all its own";
 }
 
 TEST(ChartData, APanelHasAChartForEachPairOfHeadings) {

@@ -69,10 +69,11 @@ TEST(ChartLanguage, FindsTheEndOfNamesInAColorMap) {
 TEST(ChartLanguage, NamesWhatItDoesNotUnderstandAndKeepsTheRest) {
   for (const std::string line :
        {"", "SCALE: log(dim(2), base(10))", "SCALE: linear(dim(2), min(1), max(-1))",
-        "SCALE: linear(dim(2), min(low), max(inf))", "SCALE: cat(aesthetic(aesthetic.color), map((\"A\", color.puce)))",
-        "GUIDE: axis(dim(3),label(\"z\"))", "GUIDE: line(dim(3), at(0))", "GUIDE: circle(at(0, 0), radius(0))",
-        "ELEMENT: song(position(xdata*ydata))", "ELEMENT: area(position(ydata*ydata))",
-        "PANEL: rows(nowhere), columns(xdata)", "GRAPH: begin", "DATA: z = iter(1, 10)"}) {
+        "SCALE: linear(dim(2), min(low), max(1))", "SCALE: linear(dim(2), min(0), max(inf))",
+        "SCALE: cat(aesthetic(aesthetic.color), map((\"A\", color.puce)))", "GUIDE: axis(dim(3),label(\"z\"))",
+        "GUIDE: line(dim(3), at(0))", "GUIDE: circle(at(0, 0), radius(0))", "ELEMENT: song(position(xdata*ydata))",
+        "ELEMENT: area(position(ydata*ydata))", "PANEL: rows(nowhere), columns(xdata)", "GRAPH: begin",
+        "DATA: z = iter(1, 10)"}) {
     Lines lines = linesOfKind(procedures::kLineChart);
     lines.insert(lines.end() - 1, line);
     const ChartSpec spec = parseChartLanguage(lines, {});
@@ -112,6 +113,11 @@ TEST(ChartLanguage, UnderstandsBandsStacksPointsGuidesAndPanels) {
   EXPECT_EQ(fan.elements[0].color + fan.elements[2].color + fan.elements[2].label, "blueblackSum");
   EXPECT_TRUE(fan.elements[1].stacked && !fan.elements[2].stacked);
   EXPECT_EQ(fan.panel->rowColumn, "group");
+
+  const ChartSpec odd = specOf({"ELEMENT: line(position(when*value), stack())"});
+  EXPECT_EQ(odd.notUnderstood.size(), 1U) << "lines do not stand on each other";
+  EXPECT_FALSE(odd.elements.at(0).stacked);
+  EXPECT_FALSE(specOf({"ELEMENT: point(position(when*value))"}).numericX) << "points over categories";
 
   const ChartSpec roots = specOf({"SCALE: linear(dim(1), min(-1), max(1.5))", "SCALE: equal(dim(1), dim(2))",
                                   "GUIDE: line(dim(2), at(-0.5))", "GUIDE: circle(at(0, 1), radius(2))",

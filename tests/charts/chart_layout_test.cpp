@@ -68,6 +68,7 @@ TEST(Ticks, StandOnRoundYearsMonthsAndNumbers) {
   const auto quarter = [](int first) { return [=](int i) { return fmt::format("{}Q{}", first + i / 4, i % 4 + 1); }; };
   EXPECT_THAT(ticked(labels(203, quarter(1959)), 6), ElementsAre("1960Q1", "1970Q1", "1980Q1", "1990Q1", "2000Q1"));
   EXPECT_THAT(ticked(labels(8, quarter(2001)), 4), ElementsAre("2001Q1", "2001Q3", "2002Q1", "2002Q3"));
+  EXPECT_THAT(ticked(labels(8, quarter(2001)), 3), ElementsAre("2001Q1", "2002Q1")) << "no step of three quarters";
   const auto fromAutumn = labels(20, [&](int i) { return quarter(2001)(i + 2); });
   EXPECT_THAT(ticked(fromAutumn, 5), ElementsAre("2002Q1", "2003Q1", "2004Q1", "2005Q1", "2006Q1"));
   const auto month = [](int i) { return fmt::format("{:02} {}", i % 12 + 1, 2001 + i / 12); };
@@ -139,14 +140,15 @@ TEST(ChartLayout, DrawsALineBelowThoseThatWouldHideIt) {
 
 TEST(ChartLayout, StacksPositiveAndNegativeValuesApart) {
   const Chart chart = chartDeclaring({"x", "y", "name"}, {"ELEMENT: interval(position(x*y), color(name), stack())"},
-                                     R"({"x": ["1", "2", "1", "2", "1", "2"], "y": [1, -2, 3, 4, -5, null],
+                                     R"({"x": ["1", "2", "1", "2", "1", "2"], "y": [1, -2, 3, null, -5, 4],
                                          "name": ["a", "a", "b", "b", "c", "c"]})");
   const ChartLayout layout = layOutChart(chart);
   EXPECT_THAT(layout.series[0].low, ElementsAre(0, -2));
   EXPECT_THAT(layout.series[0].high, ElementsAre(1, 0));
-  EXPECT_THAT(layout.series[1].low, ElementsAre(1, 0));
-  EXPECT_THAT(layout.series[1].high, ElementsAre(4, 4));
-  EXPECT_THAT(layout.series[2].low, ElementsAre(-5, IsNan()));
+  EXPECT_THAT(layout.series[1].low, ElementsAre(1, IsNan()));
+  EXPECT_THAT(layout.series[1].high, ElementsAre(4, IsNan()));
+  EXPECT_THAT(layout.series[2].low, ElementsAre(-5, 0));
+  EXPECT_THAT(layout.series[2].high, ElementsAre(0, 4));
   EXPECT_EQ(valueExtent(chart, layout)->max, 4);
 }
 

@@ -169,6 +169,7 @@ TEST(Plots, StacksFillWhatTheyStandFor) {
   const double share = static_cast<double>(countOf(areas, '*', 0, 80)) /
                        static_cast<double>(countOf(areas, '*', 0, 80) + countOf(areas, '#', 0, 80));
   EXPECT_NEAR(share, 0.25, 0.08);  // a plot has but 13 rows
+  EXPECT_GT(countOf(areas, '*', 0, 80) + countOf(areas, '#', 0, 80), 380U) << "without gaps";
   const auto bars = linesOf(ChartDocument()
                                 .drawing(R"({"x": ["1", "1"], "y": [4, -4], "name": ["a", "b"]})",
                                          {"ELEMENT: interval(position(x*y), color(name), stack())"})
@@ -186,7 +187,7 @@ TEST(Plots, StacksFillWhatTheyStandFor) {
 TEST(Plots, EqualAxesMakeARoundCircleAndAPanelItsCellsSideBySide) {
   SKIP_WITHOUT_GNUPLOT();
   const auto roots = linesOf(ChartDocument()
-                                 .drawing(R"({"said": ["r"], "re": [0.9], "im": [0]})",
+                                 .drawing(R"({"said": ["r"], "re": [3], "im": [0]})",
                                           {"SCALE: equal(dim(1), dim(2))", "GUIDE: circle(at(0, 0), radius(1))",
                                            "ELEMENT: point(position(re*im))"})
                                  .paint());

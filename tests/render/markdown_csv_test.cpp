@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/render/render_fixture.h"
+#include "workbench/render/table_formats.h"
 
 namespace workbench {
 namespace {
@@ -31,6 +32,19 @@ TEST(Csv, WritesFullPrecisionAndQuotesWhatNeedsIt) {
       "\"two\nlines\",1e-09,-1.5,2\r\n";
   EXPECT_EQ(paintCsv(tableFromJson(kTable)), expected);
   EXPECT_EQ(paintCsv(tableFromJson(kTable, {","})), expected) << "the same in every language";
+}
+
+TEST(TableFormats, WriteEveryTableInTheFormatOfAFileName) {
+  const auto document = parseJson(R"({"items": [
+    {"type": "table", "title": "A", "columns": [{"label": "N"}], "rows": ["x"], "cells": [[1.5]]},
+    {"type": "chart", "name": "c"},
+    {"type": "table", "title": "B", "columns": [{"label": "N"}], "rows": ["y"], "cells": [[2]]}]})");
+  EXPECT_EQ(tableFormatOf("tables.docx"), nullptr);
+  ASSERT_NE(tableFormatOf("tables.CSV"), nullptr);
+  EXPECT_EQ(writeTables(document, *tableFormatOf("tables.CSV")), ",N\r\nx,1.5\r\n\n,N\r\ny,2\r\n");
+  EXPECT_EQ(writeTables(document, *tableFormatOf("a.md")),
+            "**A**\n\n|  | N |\n| :--- | ---: |\n| x | 1.500 |\n\n"
+            "**B**\n\n|  | N |\n| :--- | ---: |\n| y | 2.000 |\n");
 }
 
 }  // namespace

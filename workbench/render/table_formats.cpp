@@ -1,0 +1,46 @@
+#include "workbench/render/table_formats.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <variant>
+#include <vector>
+
+#include "workbench/render/html_table.h"
+#include "workbench/render/markdown_csv.h"
+
+namespace workbench {
+
+namespace {
+
+constexpr std::array<TableFormat, 3> kFormats{
+    {{"Markdown", ".md", paintMarkdown}, {"CSV", ".csv", paintCsv}, {"HTML", ".html", htmlTable}}};
+
+char lowered(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+}  // namespace
+
+std::span<const TableFormat> tableFormats() {
+  return kFormats;
+}
+
+const TableFormat* tableFormatOf(std::string_view fileName) {
+  std::string name(fileName);
+  std::ranges::transform(name, name.begin(), lowered);
+  const auto* found =
+      std::ranges::find_if(kFormats, [&](const TableFormat& format) { return name.ends_with(format.extension); });
+  return found == kFormats.end() ? nullptr : found;
+}
+
+std::string writeTables(const rapidjson::Value& document, const TableFormat& format, const Locale& locale) {
+  std::vector<std::string> tables;
+  for (const DocumentItem& item : documentItems(document, locale)) {
+    if (const auto* table = std::get_if<PivotTable>(&item)) tables.push_back(format.paint(*table));
+  }
+  return fmt::format("{}", fmt::join(tables, "\n"));
+}
+
+}  // namespace workbench
