@@ -1,5 +1,6 @@
 #include "engine/dynamics/bias_correction.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -50,6 +51,37 @@ std::vector<std::vector<double>> deterministicPart(const FittedVar& fit, const V
   return columns;
 }
 
+// What the known columns, less their means where there is a constant, do to the lags: the model's recursion on them.
+std::vector<std::vector<double>> drivenLags(const FittedVar& fit, const VarSample& sample) {
+  const std::size_t k = seriesCount(fit);
+  const std::size_t n = rowCount(fit);
+  const LagMatrices lags = lagMatrices(fit);
+  const std::vector<std::vector<double>> regressors = regressorColumns(fit, sample);
+  std::vector<std::vector<double>> path(k, std::vector<double>(n));
+  for (std::size_t j = firstKnownColumn(fit); j < regressorCount(fit); ++j) {
+    const double center = fit.constant ? mean(regressors[j]) : 0.0;
+    for (std::size_t i = 0; i < k; ++i) {
+      for (std::size_t r = 0; r < n; ++r) path[i][r] += fit.coefficients(i, j) * (regressors[j][r] - center);
+    }
+  }
+  for (std::size_t r = 1; r < n; ++r) {
+    for (std::size_t l = 1; l <= std::min(r, fit.lag); ++l) {
+      for (std::size_t i = 0; i < k; ++i) {
+        for (std::size_t j = 0; j < k; ++j) path[i][r] += lags[l - 1](i, j) * path[j][r - l];
+      }
+    }
+  }
+  std::vector<std::vector<double>> driven;
+  for (std::size_t l = 1; l <= fit.lag; ++l) {
+    for (const std::vector<double>& one : path) {
+      std::vector<double>& column = driven.emplace_back(n);
+      std::copy(one.begin(), one.end() - static_cast<std::ptrdiff_t>(std::min(l, n)),
+                column.begin() + static_cast<std::ptrdiff_t>(std::min(l, n)));
+    }
+  }
+  return driven;
+}
+
 }  // namespace
 
 double stabilisingShare(std::span<const Matrix> lags, const Matrix& bias, std::vector<double> scales) {
@@ -82,7 +114,8 @@ std::optional<CorrectedModel> correctedModel(const FittedVar& fit, const VarSamp
     return CorrectedModel{none, 0.0, fit, covariance};
   }
   const auto bias = terms != nullptr ? slopeBias(lags, covariance, rowCount(fit), *terms)
-                                     : slopeBias(lags, covariance, rowCount(fit), deterministicPart(fit, sample));
+                                     : slopeBias(lags, covariance, rowCount(fit), deterministicPart(fit, sample),
+                                                 drivenLags(fit, sample));
   return bias ? correctedModel(fit, *bias) : CorrectedModel{none, 0.0, fit, covariance};
 }
 

@@ -29,4 +29,12 @@ std::optional<Matrix> slopeBias(std::span<const Matrix> lags, const Matrix& cova
 std::optional<Matrix> slopeBias(std::span<const Matrix> lags, const Matrix& covariance, std::size_t rows,
                                 std::span<const std::vector<double>> knownColumns);
 
+// The same where known columns drive part of the regressors: `driven` is that part of the K p lags, n values each. With
+// G(k) the autocovariances of shocks' part and driven part (less its projection on the columns) together, W = G(0)^-1
+// and R_j the first K rows of F'^j, b = -S sum over j of R_j [c_(j+1) I + W G(j+1) + tr(W G(j+1)) I] W / n, which is
+// Pope's form where nothing is driven.
+std::optional<Matrix> slopeBias(std::span<const Matrix> lags, const Matrix& covariance, std::size_t rows,
+                                std::span<const std::vector<double>> knownColumns,
+                                std::span<const std::vector<double>> driven);
+
 }  // namespace engine

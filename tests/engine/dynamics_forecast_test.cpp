@@ -191,6 +191,22 @@ TEST(SlopeBias, ShortFormsEqualTheGeneralOneToOrderOneOverN) {
   EXPECT_NEAR(distance(400) / distance(1600), 4.0, 0.2);
 }
 
+TEST(SlopeBias, DrivenFormIsPopesWhereNothingIsDriven) {
+  const LagMatrices lags = {matrixOf({{0.5, 0.1}, {0.2, 0.3}}), matrixOf({{0.1, -0.2}, {0.0, 0.1}})};
+  const Matrix covariance = matrixOf({{2, 0.5}, {0.5, 1}});
+  SeriesList columns = {std::vector<double>(150, 1.0), noise(3, 150)};
+  const Matrix plain = slopeBias(lags, covariance, 150, columns).value();
+  const SeriesList nothing(4, std::vector<double>(150));
+  EXPECT_THAT(slopeBias(lags, covariance, 150, columns, nothing)->values, elementsNear(plain.values, 1e-13));
+  // What the columns explain entirely drives nothing.
+  EXPECT_THAT(slopeBias(lags, covariance, 150, columns, SeriesList(4, columns[1]))->values,
+              elementsNear(plain.values, 1e-13));
+  // The more is driven, the less bias is left: the regressors vary without the shocks.
+  SeriesList driven;
+  for (std::uint64_t i = 0; i < 4; ++i) driven.push_back(scaled({noise(50 + i, 150)}, 1e6)[0]);
+  EXPECT_LT(sumOfSquares(*slopeBias(lags, covariance, 150, columns, driven)), 1e-10 * sumOfSquares(plain));
+}
+
 TEST(BiasCorrection, LeavesResidualsOrthogonalToTheKnownColumns) {
   const SeriesList series = growth();
   const Example model = fitted(series, 2, true, {trendColumn(series[0].size())});
