@@ -7,22 +7,20 @@ find_package(Threads REQUIRED)
 find_package(DuckDB REQUIRED MODULE)
 find_package(utf8proc REQUIRED MODULE)
 
-# Every part is linked whole, since a procedure asks for the host classes only when it is loaded.
+# Lowest folder first. The edge is linked whole, since procedures ask for the host classes only when they are loaded.
 varmodel_folder(workbench/base LINKS rapidjson)
-varmodel_folder(workbench/session LINKS workbench_base rapidjson)
-varmodel_folder(workbench/language LINKS workbench_session)
-varmodel_folder(workbench/dataset LINKS workbench_session workbench_language DuckDB::duckdb)
-varmodel_folder(workbench/dates LINKS workbench_session workbench_dataset)
-varmodel_folder(workbench/document LINKS workbench_session)
+varmodel_folder(workbench/dataset LINKS workbench_base DuckDB::duckdb)
+varmodel_folder(workbench/language LINKS workbench_dataset)
+varmodel_folder(workbench/dates LINKS workbench_dataset)
+varmodel_folder(workbench/document LINKS workbench_dataset)
 varmodel_folder(workbench/charts LINKS workbench_base rapidjson fmt::fmt-header-only)
-varmodel_folder(workbench/render LINKS workbench_session workbench_charts fmt::fmt-header-only utf8proc::utf8proc)
+varmodel_folder(workbench/casefile LINKS workbench_dataset)
+varmodel_folder(workbench/edge LINKS workbench_language workbench_dates workbench_document workbench_casefile)
+varmodel_folder(workbench/render LINKS workbench_edge workbench_charts fmt::fmt-header-only utf8proc::utf8proc)
 include(workbench/report/assets.cmake)
 varmodel_folder(workbench/report LINKS workbench_render)
 varmodel_folder(workbench/plots LINKS workbench_render)
-varmodel_folder(workbench/casefile LINKS workbench_session workbench_dataset DuckDB::duckdb)
-varmodel_folder(workbench/commands/common LINKS workbench_session workbench_dataset workbench_dates workbench_language
-  workbench_render
-  fmt::fmt-header-only CLI11::CLI11)
+varmodel_folder(workbench/commands/common LINKS workbench_edge workbench_render fmt::fmt-header-only CLI11::CLI11)
 # One folder a command, beside what all of them share.
 file(GLOB command_folders CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR} workbench/commands/*/*_command.cpp)
 foreach(source ${command_folders})
@@ -32,11 +30,9 @@ foreach(source ${command_folders})
   list(APPEND command_libraries ${name})
 endforeach()
 varmodel_folder(workbench/commands LINKS ${command_libraries})
-varmodel_folder(workbench/cli LINKS workbench_commands workbench_casefile workbench_report workbench_plots
-  tomlplusplus::tomlplusplus)
+varmodel_folder(workbench/cli LINKS workbench_commands workbench_report workbench_plots tomlplusplus::tomlplusplus)
 target_compile_definitions(workbench_cli PRIVATE VARMODEL_VERSION="varmodel ${PROJECT_VERSION}")
-set(VARMODEL_HOST_PARTS workbench_base workbench_session workbench_language workbench_dataset workbench_dates workbench_document
-  workbench_casefile)
+set(VARMODEL_HOST_PARTS workbench_edge)
 
 add_executable(varmodel workbench/main.cpp)
 target_link_libraries(varmodel PRIVATE varmodel_flags workbench_cli)

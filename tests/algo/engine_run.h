@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "procedures/varmodel/algo/var_algo.h"
-#include "workbench/session/session.h"
+#include "workbench/edge/session.h"
 
 namespace varmodel {
 

@@ -10,7 +10,7 @@
 
 #include "host/case_file.h"
 #include "tests/dataset/temp_folder.h"
-#include "workbench/session/session.h"
+#include "workbench/edge/session.h"
 
 namespace workbench {
 

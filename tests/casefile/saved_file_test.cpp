@@ -6,7 +6,7 @@
 #include <limits>
 
 #include "tests/casefile/save_fixture.h"
-#include "workbench/casefile/case_file_spec.h"
+#include "workbench/casefile/case_file_format.h"
 #include "workbench/dataset/load.h"
 
 namespace workbench {

@@ -2,7 +2,7 @@
 
 #include "host/case_input.h"
 #include "host/data_source.h"
-#include "workbench/session/session.h"
+#include "workbench/edge/session.h"
 
 namespace workbench {
 namespace {

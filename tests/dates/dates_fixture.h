@@ -10,7 +10,7 @@
 #include "workbench/base/errors.h"
 #include "workbench/dates/date_setup.h"
 #include "workbench/dates/labels.h"
-#include "workbench/session/session.h"
+#include "workbench/edge/session.h"
 
 namespace workbench {
 

@@ -10,7 +10,7 @@
 #include <string>
 
 #include "host/output.h"
-#include "workbench/session/session.h"
+#include "workbench/edge/session.h"
 
 inline std::string jsonOf(const rapidjson::Value& value) {
   rapidjson::StringBuffer text;

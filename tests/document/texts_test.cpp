@@ -1,10 +1,10 @@
 // Texts of the session's language: markers, filled-in messages, the languages of a folder.
 
-#include "workbench/session/texts.h"
+#include "workbench/edge/texts.h"
 
 #include "tests/document/document_fixture.h"
 #include "workbench/base/errors.h"
-#include "workbench/session/languages.h"
+#include "workbench/edge/languages.h"
 
 namespace workbench {
 namespace {

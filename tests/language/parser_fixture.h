@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "host/command_parser.h"
-#include "workbench/session/session.h"
+#include "workbench/edge/session.h"
 
 class ParserTest : public testing::Test {
  protected:

@@ -5,10 +5,10 @@
 #include <random>
 
 #include "workbench/base/suggest.h"
+#include "workbench/base/text_excerpt.h"
 #include "workbench/base/utf8.h"
 #include "workbench/language/lexer.h"
 #include "workbench/language/quoting.h"
-#include "workbench/base/text_excerpt.h"
 
 namespace workbench {
 namespace {

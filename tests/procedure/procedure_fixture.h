@@ -15,7 +15,7 @@
 #include "host/data_source.h"
 #include "procedures/varmodel/syntax/command_describer.h"
 #include "procedures/varmodel/syntax/input_settings.h"
-#include "workbench/session/session.h"
+#include "workbench/edge/session.h"
 
 namespace varmodel {
 

@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <string>
 
-#include "workbench/casefile/case_file_spec.h"
+#include "workbench/casefile/case_file_format.h"
 #include "workbench/dataset/dataset.h"
 
 namespace workbench {

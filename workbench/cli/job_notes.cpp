@@ -3,7 +3,7 @@
 #include "workbench/base/errors.h"
 #include "workbench/base/standard_streams.h"
 #include "workbench/dataset/load.h"
-#include "workbench/session/texts.h"
+#include "workbench/edge/texts.h"
 
 namespace workbench {
 

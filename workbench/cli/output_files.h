@@ -3,7 +3,7 @@
 #pragma once
 
 #include "workbench/cli/options.h"
-#include "workbench/session/session.h"
+#include "workbench/edge/session.h"
 
 namespace workbench {
 

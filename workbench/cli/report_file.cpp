@@ -4,9 +4,9 @@
 
 #include "workbench/commands/common/analysed_rows.h"
 #include "workbench/dates/case_label.h"
+#include "workbench/edge/texts.h"
 #include "workbench/render/number_format.h"
 #include "workbench/report/report.h"
-#include "workbench/session/texts.h"
 
 namespace workbench {
 

@@ -15,9 +15,9 @@
 #include "workbench/commands/common/run_messages.h"
 #include "workbench/commands/registry.h"
 #include "workbench/dates/date_setup.h"
-#include "workbench/session/languages.h"
-#include "workbench/session/procedure_module.h"
-#include "workbench/session/texts.h"
+#include "workbench/edge/languages.h"
+#include "workbench/edge/procedure_module.h"
+#include "workbench/edge/texts.h"
 
 namespace workbench {
 

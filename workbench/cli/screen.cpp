@@ -9,10 +9,10 @@
 #include <utility>
 
 #include "workbench/base/standard_streams.h"
+#include "workbench/edge/texts.h"
 #include "workbench/plots/plots.h"
 #include "workbench/render/message_text.h"
 #include "workbench/render/terminal.h"
-#include "workbench/session/texts.h"
 
 namespace workbench {
 

@@ -21,13 +21,4 @@ Json jsonTexts(const std::vector<std::string>& texts, JsonPool& pool) {
   return array;
 }
 
-JsonPool& poolOf(StatJSONGenerator& generator) {
-  return generator.getProcedureStatJSON().GetAllocator();
-}
-
-void appendItem(StatJSONGenerator& generator, Json item) {
-  rapidjson::Document& document = generator.getProcedureStatJSON();
-  document["items"].PushBack(item, document.GetAllocator());
-}
-
 }  // namespace workbench

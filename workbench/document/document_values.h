@@ -5,8 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "host/json_document.h"
-#include "host/output.h"
+#include "workbench/base/json.h"
 
 namespace workbench {
 
@@ -17,10 +16,5 @@ using JsonPool = rapidjson::Document::AllocatorType;
 Json jsonNumber(double value);
 Json jsonText(const std::string& text, JsonPool& pool);
 Json jsonTexts(const std::vector<std::string>& texts, JsonPool& pool);
-
-JsonPool& poolOf(StatJSONGenerator& generator);
-
-// Moves a finished table or chart to the end of the generator's document.
-void appendItem(StatJSONGenerator& generator, Json item);
 
 }  // namespace workbench

@@ -1,56 +1,36 @@
-// What a procedure said about its command's syntax.
+// What is known of a command's syntax.
 
 #pragma once
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
-#include "host/codes.h"
-#include "host/command_syntax.h"
-#include "workbench/session/host_access.h"
-
 namespace workbench {
 
-// The parameter kinds that this host knows, by their codes.
-enum class ParameterKind {
-  keyword = codes::kKeyword,
-  optionalName = codes::kOptionalName,
-  keywordList = codes::kKeywordList,
-  number = codes::kNumber,
-  numberList = codes::kNumberList,
-  variableList = codes::kVariableList,
-  file = codes::kFileName
-};
+enum class ParameterKind { keyword, optionalName, keywordList, number, numberList, variableList, file };
 
-}  // namespace workbench
-
-struct ParamDescriptor::State {
+struct ParameterDescription {
   std::string name;
-  workbench::ParameterKind kind;
-  bool brackets;  // several items stand in square brackets (kSquareBrackets); else a list is written without
-  std::vector<std::string> keywords;
-  std::optional<double> lower;  // both inclusive
-  std::optional<double> upper;
+  ParameterKind kind;
+  bool brackets = false;  // several items stand in square brackets; else a list is written without
+  std::vector<std::string> keywords = {};
+  std::optional<double> lower = {};  // both inclusive
+  std::optional<double> upper = {};
 };
 
-struct SubComDescriptor::State {
+struct SubcommandDescription {
+  std::string name;  // empty for the global part
+  std::vector<ParameterDescription> parameters = {};
+};
+
+struct CommandDescription {
   std::string name;
-  std::vector<ParamDescriptor> parameters;
+  std::vector<SubcommandDescription> subcommands = {};
 };
 
-struct CommandDescriptor::State {
-  std::string name;
-  std::vector<SubComDescriptor> subcommands;
-};
-
-namespace workbench {
-
-using ParameterDescription = StateOf<ParamDescriptor>;
-using SubcommandDescription = StateOf<SubComDescriptor>;
-using CommandDescription = StateOf<CommandDescriptor>;
-
-// Names in the order described; the global part, whose name is empty, is left out.
+// Names in the order described; the global part is left out.
 std::vector<std::string> parameterNames(const SubcommandDescription& subcommand);
 std::vector<std::string> subcommandNames(const CommandDescription& command);
 

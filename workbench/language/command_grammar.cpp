@@ -159,9 +159,9 @@ const ParameterDescription& CommandReader::described(const SubcommandDescription
   if (findSubcommand(description_, name.text) != nullptr) {
     throw SyntaxError(name.span, quoted + " is a subcommand; it begins with a slash: /" + name.text + ".");
   }
-  for (const SubComDescriptor& other : description_.subcommands) {
-    if (findParameter(stateOf(other), name.text) != nullptr) {
-      throw SyntaxError(name.span, quoted + " is a parameter of the subcommand " + stateOf(other).name + ".");
+  for (const SubcommandDescription& other : description_.subcommands) {
+    if (findParameter(other, name.text) != nullptr) {
+      throw SyntaxError(name.span, quoted + " is a parameter of the subcommand " + other.name + ".");
     }
   }
   std::vector<std::string> known = parameterNames(subcommand);

@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -28,5 +29,10 @@ struct ParsedCommand {
   std::vector<ParsedSubcommand> subcommands;  // the global part first
   std::vector<SyntaxError> errors;            // in the order of the text
 };
+
+// "SUBCOMMAND PARAMETER" leads to the variables, keywords or text given.
+std::map<std::string, std::vector<std::string>> requestedLists(const ParsedCommand& command);
+// The same for numbers, of a list the first.
+std::map<std::string, double> requestedNumbers(const ParsedCommand& command);
 
 }  // namespace workbench

@@ -10,12 +10,12 @@
 
 #include "workbench/charts/chart.h"
 #include "workbench/charts/chart_layout.h"
+#include "workbench/edge/texts.h"
 #include "workbench/plots/gnuplot.h"
 #include "workbench/plots/gnuplot_script.h"
 #include "workbench/render/chart_description.h"
 #include "workbench/render/display_text.h"
 #include "workbench/render/pivot_table.h"
-#include "workbench/session/texts.h"
 
 namespace workbench {
 

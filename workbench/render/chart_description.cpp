@@ -6,7 +6,7 @@
 #include <cmath>
 
 #include "workbench/base/visible_text.h"
-#include "workbench/session/texts.h"
+#include "workbench/edge/texts.h"
 
 namespace workbench {
 

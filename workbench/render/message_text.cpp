@@ -2,8 +2,8 @@
 
 #include <sstream>
 
+#include "workbench/edge/texts.h"
 #include "workbench/render/display_text.h"
-#include "workbench/session/texts.h"
 
 namespace workbench {
 

@@ -5,10 +5,10 @@
 #include <algorithm>
 #include <string_view>
 
+#include "workbench/edge/texts.h"
 #include "workbench/render/display_text.h"
 #include "workbench/render/message_text.h"
 #include "workbench/render/terminal_layout.h"
-#include "workbench/session/texts.h"
 
 namespace workbench {
 

@@ -4,10 +4,10 @@
 
 #include <utility>
 
+#include "workbench/edge/texts.h"
 #include "workbench/render/chart_description.h"
 #include "workbench/render/html_escape.h"
 #include "workbench/report/chart_model.h"
-#include "workbench/session/texts.h"
 
 namespace workbench {
 

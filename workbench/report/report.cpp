@@ -6,12 +6,12 @@
 #include <string_view>
 #include <utility>
 
+#include "workbench/edge/texts.h"
 #include "workbench/render/html_escape.h"
 #include "workbench/render/html_table.h"
 #include "workbench/render/pivot_table.h"
 #include "workbench/report/assets.h"
 #include "workbench/report/chart_section.h"
-#include "workbench/session/texts.h"
 
 namespace workbench {
 

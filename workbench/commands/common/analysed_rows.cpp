@@ -4,7 +4,7 @@
 
 #include "workbench/dataset/case_value.h"
 #include "workbench/dates/case_label.h"
-#include "workbench/session/texts.h"
+#include "workbench/edge/texts.h"
 
 namespace workbench {
 

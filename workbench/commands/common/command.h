@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "workbench/commands/common/outcome.h"
+#include "workbench/edge/session.h"
+#include "workbench/edge/stream_capture.h"
 #include "workbench/render/pivot_table.h"
-#include "workbench/session/session.h"
-#include "workbench/session/stream_capture.h"
 
 namespace workbench {
 

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "workbench/commands/common/command.h"
-#include "workbench/session/procedure_module.h"
+#include "workbench/edge/procedure_module.h"
 
 namespace workbench {
 

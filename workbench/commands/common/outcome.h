@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "workbench/session/stream_capture.h"
+#include "workbench/edge/stream_capture.h"
 
 namespace workbench {
 

@@ -4,7 +4,7 @@
 #include <array>
 
 #include "workbench/commands/common/analysed_rows.h"
-#include "workbench/session/texts.h"
+#include "workbench/edge/texts.h"
 
 namespace workbench {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "workbench/session/texts.h"
+#include "workbench/edge/texts.h"
 
 namespace workbench::varmodel {
 

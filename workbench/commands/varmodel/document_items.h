@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "host/json_document.h"
-#include "workbench/session/session.h"
+#include "workbench/edge/session.h"
 
 namespace workbench::varmodel {
 

@@ -4,7 +4,7 @@
 #include "workbench/commands/varmodel/notes.h"
 #include "workbench/commands/varmodel/small_units.h"
 #include "workbench/commands/varmodel/usable_lag.h"
-#include "workbench/session/texts.h"
+#include "workbench/edge/texts.h"
 
 namespace workbench::varmodel {
 

@@ -12,8 +12,8 @@
 #include "workbench/commands/varmodel/small_units.h"
 #include "workbench/commands/varmodel/usable_lag.h"
 #include "workbench/dates/period.h"
+#include "workbench/edge/texts.h"
 #include "workbench/render/number_format.h"
-#include "workbench/session/texts.h"
 
 namespace workbench::varmodel {
 

@@ -8,8 +8,8 @@
 
 #include "workbench/commands/varmodel/document_items.h"
 #include "workbench/commands/varmodel/usable_lag.h"
+#include "workbench/edge/texts.h"
 #include "workbench/language/quoting.h"
-#include "workbench/session/texts.h"
 
 namespace workbench::varmodel {
 

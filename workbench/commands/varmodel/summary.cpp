@@ -8,7 +8,7 @@
 #include "workbench/commands/varmodel/document_items.h"
 #include "workbench/commands/varmodel/selected_lag.h"
 #include "workbench/commands/varmodel/usable_lag.h"
-#include "workbench/session/texts.h"
+#include "workbench/edge/texts.h"
 
 namespace workbench::varmodel {
 

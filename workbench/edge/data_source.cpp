@@ -4,8 +4,8 @@
 #include <string_view>
 
 #include "host/codes.h"
-#include "workbench/dataset/host_state.h"
-#include "workbench/session/session.h"
+#include "workbench/edge/data_state.h"
+#include "workbench/edge/session.h"
 
 using workbench::Column;
 using workbench::ColumnKind;

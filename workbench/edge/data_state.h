@@ -10,7 +10,7 @@
 #include "host/case_input.h"
 #include "host/data_source.h"
 #include "workbench/dataset/dataset.h"
-#include "workbench/session/host_access.h"
+#include "workbench/edge/host_access.h"
 
 // A variable of a dataset that is being written may be changed, one of the active dataset may not.
 struct VEXA_Variable::State {

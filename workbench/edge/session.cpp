@@ -1,4 +1,4 @@
-#include "workbench/session/session.h"
+#include "workbench/edge/session.h"
 
 #include <cassert>
 

@@ -1,4 +1,4 @@
-#include "workbench/session/procedure_module.h"
+#include "workbench/edge/procedure_module.h"
 
 #include <dlfcn.h>
 

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "host/codes.h"
-#include "workbench/session/languages.h"
+#include "workbench/edge/languages.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include "workbench/document/document_values.h"
+#include "workbench/edge/generator.h"
 
 using workbench::Json;
 using workbench::JsonPool;

@@ -1,4 +1,4 @@
-#include "workbench/session/languages.h"
+#include "workbench/edge/languages.h"
 
 #include <algorithm>
 #include <stdexcept>

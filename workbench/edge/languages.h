@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "workbench/session/session.h"
+#include "workbench/edge/session.h"
 
 namespace workbench {
 

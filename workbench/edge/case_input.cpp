@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "workbench/dataset/case_value.h"
-#include "workbench/dataset/host_state.h"
-#include "workbench/session/session.h"
+#include "workbench/edge/data_state.h"
+#include "workbench/edge/session.h"
 
 using workbench::caseValue;
 using workbench::Column;

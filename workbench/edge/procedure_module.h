@@ -5,8 +5,8 @@
 #include <filesystem>
 #include <string>
 
-#include "workbench/session/session.h"
-#include "workbench/session/stream_capture.h"
+#include "workbench/edge/session.h"
+#include "workbench/edge/stream_capture.h"
 
 namespace workbench {
 

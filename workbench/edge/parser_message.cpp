@@ -1,6 +1,6 @@
 #include "host/parser_message.h"
 
-#include "workbench/session/session.h"
+#include "workbench/edge/session.h"
 
 // The session knows which command it submitted, so the names that a procedure sets are kept but not repeated in texts.
 struct ParserMessage::State {

@@ -1,6 +1,6 @@
-#include "workbench/session/texts.h"
+#include "workbench/edge/texts.h"
 
-#include "workbench/session/session.h"
+#include "workbench/edge/session.h"
 
 namespace workbench {
 

@@ -7,8 +7,8 @@
 #include "host/codes.h"
 #include "workbench/dates/case_label.h"
 #include "workbench/dates/labels.h"
-#include "workbench/session/host_access.h"
-#include "workbench/session/session.h"
+#include "workbench/edge/host_access.h"
+#include "workbench/edge/session.h"
 
 using workbench::CaseCalendar;
 using workbench::Period;

@@ -1,20 +1,48 @@
 #include "host/case_file.h"
 
 #include <exception>
+#include <filesystem>
 #include <stdexcept>
 #include <utility>
 
 #include "workbench/base/errors.h"
-#include "workbench/casefile/case_file_spec.h"
+#include "workbench/casefile/case_file_format.h"
 #include "workbench/casefile/case_writer.h"
-#include "workbench/dataset/host_state.h"
-#include "workbench/session/host_access.h"
-#include "workbench/session/session.h"
+#include "workbench/edge/data_state.h"
+#include "workbench/edge/host_access.h"
+#include "workbench/edge/session.h"
 
 using workbench::currentSession;
 using workbench::kSystemMissing;
 using workbench::stateOf;
 using workbench::StateOf;
+
+// UserCaseFileSpec
+
+struct UserCaseFileSpec::State {
+  std::filesystem::path path;  // empty until Init succeeded
+  workbench::CaseFileFormat format = workbench::CaseFileFormat::csv;
+};
+
+UserCaseFileSpec::UserCaseFileSpec() : state_(std::make_unique<State>()) {}
+UserCaseFileSpec::~UserCaseFileSpec() = default;
+
+bool UserCaseFileSpec::Init(const std::string& path, bool, bool forWriting) {
+  workbench::Session& session = currentSession();
+  const std::filesystem::path full = session.baseFolder / path;
+  const std::string reason =
+      forWriting ? workbench::unusableTarget(path, full, session.takenFiles) : "Saved files can only be written here.";
+  if (!reason.empty()) {
+    session.saveError = reason;
+    return false;
+  }
+  *state_ = {full, *workbench::caseFileFormat(full)};
+  return true;
+}
+
+bool UserCaseFileSpec::IsInit() const {
+  return !state_->path.empty();
+}
 
 // VEXA_Case
 

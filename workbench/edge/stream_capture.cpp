@@ -1,4 +1,4 @@
-#include "workbench/session/stream_capture.h"
+#include "workbench/edge/stream_capture.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>

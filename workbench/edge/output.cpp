@@ -1,7 +1,7 @@
 #include "host/output.h"
 
 #include "workbench/document/document_values.h"
-#include "workbench/session/session.h"
+#include "workbench/edge/session.h"
 
 using workbench::jsonText;
 using workbench::StageClock;

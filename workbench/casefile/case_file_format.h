@@ -4,8 +4,10 @@
 
 #include <filesystem>
 #include <optional>
+#include <span>
+#include <string>
 
-#include "host/case_file.h"
+#include "workbench/base/taken_file.h"
 
 namespace workbench {
 
@@ -14,9 +16,8 @@ enum class CaseFileFormat { csv, parquet, duckdb };
 // By the extension, letters of either case; nothing for an unknown one.
 std::optional<CaseFileFormat> caseFileFormat(const std::filesystem::path& path);
 
-}  // namespace workbench
+// Why no data file can be saved at `file`, which the user named `name`; "" when one can.
+std::string unusableTarget(const std::string& name, const std::filesystem::path& file,
+                           std::span<const TakenFile> taken);
 
-struct UserCaseFileSpec::State {
-  std::filesystem::path path;  // empty until Init succeeded
-  workbench::CaseFileFormat format = workbench::CaseFileFormat::csv;
-};
+}  // namespace workbench

@@ -1,18 +1,26 @@
 #include "host/command_syntax.h"
 
-#include <array>
 #include <stdexcept>
 #include <utility>
 
-#include "workbench/dataset/dataset.h"
-#include "workbench/language/command_description.h"
+#include "host/codes.h"
+#include "workbench/edge/command_state.h"
 
 namespace {
 
-workbench::ParameterKind kindOf(const std::string& name, UPSpecTypes::ParamSpec spec) {
-  using enum workbench::ParameterKind;
-  for (const auto kind : std::array{keyword, optionalName, keywordList, number, numberList, variableList, file}) {
-    if (static_cast<int>(kind) == static_cast<int>(spec)) return kind;
+using workbench::ParameterKind;
+
+ParameterKind kindOf(const std::string& name, UPSpecTypes::ParamSpec spec) {
+  static constexpr std::pair<UPSpecTypes::ParamSpec, ParameterKind> kKinds[] = {
+      {codes::kKeyword, ParameterKind::keyword},
+      {codes::kOptionalName, ParameterKind::optionalName},
+      {codes::kKeywordList, ParameterKind::keywordList},
+      {codes::kNumber, ParameterKind::number},
+      {codes::kNumberList, ParameterKind::numberList},
+      {codes::kVariableList, ParameterKind::variableList},
+      {codes::kFileName, ParameterKind::file}};
+  for (const auto& [code, kind] : kKinds) {
+    if (code == spec) return kind;
   }
   throw std::invalid_argument("parameter " + name + " has the unknown kind " + std::to_string(static_cast<int>(spec)));
 }
@@ -21,15 +29,15 @@ workbench::ParameterKind kindOf(const std::string& name, UPSpecTypes::ParamSpec 
 
 ParamDescriptor::ParamDescriptor(std::string name, UPSpecTypes::ParamSpec spec, bool, bool,
                                  UPSpecTypes::BracketOptions brackets) {
-  const workbench::ParameterKind kind = kindOf(name, spec);
+  const ParameterKind kind = kindOf(name, spec);
   const bool bracketed = brackets == codes::kSquareBrackets;
-  state_ = std::make_unique<State>(State{std::move(name), kind, bracketed, {}, {}, {}});
+  state_ = std::make_unique<State>(State{{std::move(name), kind, bracketed}});
 }
 
 ParamDescriptor::ParamDescriptor(const ParamDescriptor& other) : state_(std::make_unique<State>(*other.state_)) {}
 
 ParamDescriptor& ParamDescriptor::operator=(const ParamDescriptor& other) {
-  *state_ = State(*other.state_);
+  *state_ = *other.state_;
   return *this;
 }
 
@@ -51,12 +59,12 @@ void ParamDescriptor::setUpperBoundary(double bound, UPSpecTypes::UpperBdryOptio
 }
 
 SubComDescriptor::SubComDescriptor(std::string name, UPSpecTypes::SubComSpec, bool, bool)
-    : state_(std::make_unique<State>(State{std::move(name), {}})) {}
+    : state_(std::make_unique<State>(State{{std::move(name)}})) {}
 
 SubComDescriptor::SubComDescriptor(const SubComDescriptor& other) : state_(std::make_unique<State>(*other.state_)) {}
 
 SubComDescriptor& SubComDescriptor::operator=(const SubComDescriptor& other) {
-  *state_ = State(*other.state_);
+  *state_ = *other.state_;
   return *this;
 }
 
@@ -66,46 +74,14 @@ SubComDescriptor::~SubComDescriptor() = default;
 void SubComDescriptor::setExportParamDesc(UPSpecTypes::ParamSpec, bool) {}
 
 void SubComDescriptor::addParamDesc(const ParamDescriptor& parameter) {
-  state_->parameters.push_back(parameter);
+  state_->parameters.push_back(workbench::stateOf(parameter));
 }
 
 CommandDescriptor::CommandDescriptor(const std::string& commandName)
-    : state_(std::make_unique<State>(State{commandName, {}})) {}
+    : state_(std::make_unique<State>(State{{commandName}})) {}
 
 CommandDescriptor::~CommandDescriptor() = default;
 
 void CommandDescriptor::addSubComDesc(const SubComDescriptor& subcommand) {
-  state_->subcommands.push_back(subcommand);
+  state_->subcommands.push_back(workbench::stateOf(subcommand));
 }
-
-namespace workbench {
-
-std::vector<std::string> parameterNames(const SubcommandDescription& subcommand) {
-  std::vector<std::string> names;
-  for (const ParamDescriptor& parameter : subcommand.parameters) names.push_back(stateOf(parameter).name);
-  return names;
-}
-
-std::vector<std::string> subcommandNames(const CommandDescription& command) {
-  std::vector<std::string> names;
-  for (const SubComDescriptor& subcommand : command.subcommands) {
-    if (!stateOf(subcommand).name.empty()) names.push_back(stateOf(subcommand).name);
-  }
-  return names;
-}
-
-const ParameterDescription* findParameter(const SubcommandDescription& subcommand, std::string_view name) {
-  for (const ParamDescriptor& parameter : subcommand.parameters) {
-    if (sameName(stateOf(parameter).name, name)) return &stateOf(parameter);
-  }
-  return nullptr;
-}
-
-const SubcommandDescription* findSubcommand(const CommandDescription& command, std::string_view name) {
-  for (const SubComDescriptor& subcommand : command.subcommands) {
-    if (sameName(stateOf(subcommand).name, name)) return &stateOf(subcommand);
-  }
-  return nullptr;
-}
-
-}  // namespace workbench

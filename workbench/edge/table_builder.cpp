@@ -6,7 +6,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include "workbench/document/document_values.h"
+#include "workbench/edge/generator.h"
 
 namespace tablestatjson {
 
