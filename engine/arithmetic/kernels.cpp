@@ -16,7 +16,7 @@ void plainBaseline(const TileJob& job) {
 
 template <std::size_t Rows>
 void extendedBaseline(const TileJob& job) {
-  extendedTile<Vec2, Rows>(job);
+  extendedTile<Vec2, Rows, 1>(job);
 }
 
 #if defined(__x86_64__)
@@ -27,7 +27,7 @@ template <std::size_t Rows>
 
 template <std::size_t Rows>
 [[gnu::target("avx2")]] void extendedAvx2(const TileJob& job) {
-  extendedTile<Vec4, Rows>(job);
+  extendedTile<Vec4, Rows, 2>(job);
 }
 
 template <std::size_t Rows>
@@ -37,7 +37,7 @@ template <std::size_t Rows>
 
 template <std::size_t Rows>
 [[gnu::target("avx512f")]] void extendedAvx512(const TileJob& job) {
-  extendedTile<Vec8, Rows>(job);
+  extendedTile<Vec8, Rows, 4>(job);
 }
 #endif
 

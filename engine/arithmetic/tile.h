@@ -69,38 +69,49 @@ template <class Vec, std::size_t Rows, std::size_t BlockRows, std::size_t Vector
   }
 }
 
-// One row, one vector: Ogita, Rump & Oishi's twofold dot product (2005), with low parts in both operands.
-template <class Vec>
-[[gnu::always_inline]] inline void extendedBlock(const TileJob& job, std::size_t i, std::size_t first) {
-  Vec sum = {};
-  Vec low = {};
+// Rows firstRow .. firstRow + Rows - 1, one vector from column `first`: Ogita, Rump & Oishi's twofold dot product
+// (2005), with low parts in both operands. Several rows at a time, so that none waits for its last sum.
+template <class Vec, std::size_t Rows>
+[[gnu::always_inline]] inline void extendedBlock(const TileJob& job, std::size_t firstRow, std::size_t first) {
+  Vec sums[Rows] = {};
+  Vec lows[Rows] = {};
   for (std::size_t s = 0; s < job.steps; ++s) {
-    const std::size_t element = s * job.factorStride + i;
-    const Vec factor = Vec{} + job.factors[0][element];
-    Vec value, valueLow, factorUpper, factorLower, valueUpper, valueLower, product, error, carry;
+    Vec value, valueLow, valueUpper, valueLower;
     load(job.rows[0][s] + job.column + first, value);
     load(job.rows[1][s] + job.column + first, valueLow);
-    splitInHalves(factor, factorUpper, factorLower);
     splitInHalves(value, valueUpper, valueLower);
-    exactProduct(factor, factorUpper, factorLower, value, valueUpper, valueLower, product, error);
-    exactSum(sum, product, sum, carry);
-    low += carry + (error + (valueLow * job.factors[0][element] + value * job.factors[1][element]));
+#pragma GCC unroll 8
+    for (std::size_t i = 0; i < Rows; ++i) {
+      const std::size_t element = s * job.factorStride + firstRow + i;
+      const Vec factor = Vec{} + job.factors[0][element];
+      Vec factorUpper, factorLower, product, error, carry;
+      splitInHalves(factor, factorUpper, factorLower);
+      exactProduct(factor, factorUpper, factorLower, value, valueUpper, valueLower, product, error);
+      exactSum(sums[i], product, sums[i], carry);
+      lows[i] += carry + (error + (valueLow * job.factors[0][element] + value * job.factors[1][element]));
+    }
   }
-  const std::size_t element = i * job.targetStride + first;
-  Vec target, targetLow, carry;
-  load(job.target[0] + element, target);
-  load(job.target[1] + element, targetLow);
-  exactSum(target, sum, target, carry);
-  low += carry + targetLow;
-  exactSum(target, low, target, carry);
-  store(target, job.target[0] + element);
-  store(carry, job.target[1] + element);
+#pragma GCC unroll 8
+  for (std::size_t i = 0; i < Rows; ++i) {
+    const std::size_t element = (firstRow + i) * job.targetStride + first;
+    Vec target, targetLow, carry;
+    load(job.target[0] + element, target);
+    load(job.target[1] + element, targetLow);
+    exactSum(target, sums[i], target, carry);
+    lows[i] += carry + targetLow;
+    exactSum(target, lows[i], target, carry);
+    store(target, job.target[0] + element);
+    store(carry, job.target[1] + element);
+  }
 }
 
-template <class Vec, std::size_t Rows>
+// Blocks of BlockRows rows; a last, lower one takes what is left.
+template <class Vec, std::size_t Rows, std::size_t BlockRows>
 [[gnu::always_inline]] inline void extendedTile(const TileJob& job) {
-  for (std::size_t i = 0; i < Rows; ++i) {
-    for (std::size_t first = 0; first < kTileColumns; first += kLanes<Vec>) extendedBlock<Vec>(job, i, first);
+  constexpr std::size_t kWhole = Rows / BlockRows * BlockRows;
+  for (std::size_t first = 0; first < kTileColumns; first += kLanes<Vec>) {
+    for (std::size_t i = 0; i < kWhole; i += BlockRows) extendedBlock<Vec, BlockRows>(job, i, first);
+    if constexpr (kWhole < Rows) extendedBlock<Vec, Rows - kWhole>(job, kWhole, first);
   }
 }
 

@@ -27,9 +27,9 @@ template <class Real>
 void packUnlagged(const LagData& data, std::size_t first, std::size_t last, Planes<Real>& rows) {
   const std::size_t count = data.seriesCount();
   for (std::size_t t = first; t < last; ++t) {
-    for (std::size_t i = 0; i < count; ++i) rows.set(t - first, i, data.centered<Real>(i, t));
+    for (std::size_t i = 0; i < count; ++i) rows.set(t - first, i, data.endogenous(i).at<Real>(t));
     for (std::size_t i = 0; i < data.exogenousCount(); ++i) {
-      rows.set(t - first, count + i, data.centeredExogenous<Real>(i, t));
+      rows.set(t - first, count + i, data.exogenous(i).at<Real>(t));
     }
     if (data.hasConstant()) rows.set(t - first, count + data.exogenousCount(), Real(1.0));
   }
@@ -42,7 +42,7 @@ void packWindows(const LagData& data, std::size_t first, std::size_t last, Plane
   const std::size_t count = data.seriesCount();
   std::size_t place = 0;
   for (std::size_t t = last; t-- > first - data.maxLag(); place += count) {
-    for (std::size_t i = 0; i < count; ++i) line.set(0, place + i, data.centered<Real>(i, t));
+    for (std::size_t i = 0; i < count; ++i) line.set(0, place + i, data.endogenous(i).at<Real>(t));
   }
 }
 
@@ -118,7 +118,9 @@ void placeFixed(const LagData& data, const FirstRow<Real>& sums, LagCrossProduct
 template <class Real>
 void placeDiagonal(const LagData& data, std::size_t distance, std::size_t i, std::size_t j, Real sum,
                    Planes<Real>& products) {
-  const auto term = [&](std::size_t t) { return data.centered<Real>(i, t) * data.centered<Real>(j, t - distance); };
+  const auto term = [&](std::size_t t) {
+    return data.endogenous(i).at<Real>(t) * data.endogenous(j).at<Real>(t - distance);
+  };
   const auto row = [&](std::size_t l) { return data.regressorCount(l - 1) + i; };
   const auto column = [&](std::size_t l) { return data.regressorCount(l + distance - 1) + j; };
   const std::size_t last = data.maxLag() - distance;

@@ -44,12 +44,6 @@ double largestDistance(std::span<const double> x, double center) {
   return std::max({largest[0], largest[1], largest[2], largest[3]});
 }
 
-std::vector<double> powersOf(std::span<const Placement> placements) {
-  std::vector<double> powers;
-  for (const Placement& placement : placements) powers.push_back(std::ldexp(1.0, -placement.exponent));
-  return powers;
-}
-
 }  // namespace
 
 Placement placementOf(std::span<const double> values, bool centred) {
@@ -62,27 +56,27 @@ Placement placementOf(std::span<const double> values, bool centred) {
   return result;
 }
 
+PlacedSeries::PlacedSeries(const std::vector<double>& series, std::size_t firstUsed, bool centred)
+    : values_(series.data()),
+      placement_(placementOf(std::span(series).subspan(firstUsed), centred)),
+      power_(std::ldexp(1.0, -placement_.exponent)) {}
+
 LagData::LagData(const SeriesList& endogenous, const SeriesList& exogenous, const LagShape& shape)
-    : endogenous_(&endogenous), exogenous_(&exogenous), shape_(shape) {
-  if (shape.constant) fixedPlacements_.emplace_back();
-  for (const std::vector<double>& x : endogenous) {
-    const std::span<const double> used = std::span(x).subspan(shape.firstRow - shape.maxLag);
-    endogenousPlacements_.push_back(placementOf(used, shape.constant));
-  }
-  for (const std::vector<double>& x : exogenous) {
-    fixedPlacements_.push_back(placementOf(std::span(x).subspan(shape.firstRow), shape.constant));
-  }
-  endogenousPowers_ = powersOf(endogenousPlacements_);
-  exogenousPowers_ = powersOf(std::span(fixedPlacements_).subspan(shape.constant ? 1 : 0));
+    : length_(endogenous.front().size()), shape_(shape) {
+  for (const auto& x : endogenous) endogenous_.emplace_back(x, shape.firstRow - shape.maxLag, shape.constant);
+  for (const auto& x : exogenous) exogenous_.emplace_back(x, shape.firstRow, shape.constant);
 }
 
 bool LagData::isFinite() const {
-  const auto finite = [](const Placement& placement) { return placement.finite; };
-  return std::ranges::all_of(endogenousPlacements_, finite) && std::ranges::all_of(fixedPlacements_, finite);
+  const auto finite = [](const PlacedSeries& series) { return series.placement().finite; };
+  return std::ranges::all_of(endogenous_, finite) && std::ranges::all_of(exogenous_, finite);
 }
 
 const Placement& LagData::placement(std::size_t j) const {
-  return j < fixedCount() ? fixedPlacements_[j] : endogenousPlacements_[(j - fixedCount()) % seriesCount()];
+  static const Placement ofConstant;
+  if (shape_.constant && j == 0) return ofConstant;
+  if (j < fixedCount()) return exogenous_[j + exogenousCount() - fixedCount()].placement();
+  return endogenous_[(j - fixedCount()) % seriesCount()].placement();
 }
 
 std::size_t LagData::coefficientIndex(std::size_t lag, std::size_t j) const {

@@ -24,7 +24,7 @@ bool residualsKeepDigits(const LagData& data, const Planes<Real>& coefficients, 
     double terms = 1.0;
     for (std::size_t j = 0; j < count; ++j) terms += std::abs(rounded(coefficients.at(j, i)));
     const double deviation = std::sqrt(moments.products(i, i) / static_cast<double>(moments.count));
-    if (!(std::ldexp(deviation, -data.endogenousPlacement(i).exponent) >= kLeastResidualInDoubles * terms)) {
+    if (!(std::ldexp(deviation, -data.endogenous(i).placement().exponent) >= kLeastResidualInDoubles * terms)) {
       return false;
     }
   }

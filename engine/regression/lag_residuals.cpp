@@ -28,15 +28,11 @@ class WindowBlock {
 
   void fill(std::size_t firstTime, std::size_t count) {
     for (std::size_t i = 0; i < data_.seriesCount(); ++i) {
-      for (std::size_t t = 0; t < count + lag_; ++t) {
-        endogenous_.set(i, t, data_.centered<Real>(i, firstTime - lag_ + t));
-      }
+      data_.endogenous(i).copy(firstTime - lag_, count + lag_, endogenous_, i);
     }
     const std::size_t constants = data_.fixedCount() - data_.exogenousCount();
     for (std::size_t i = 0; i < data_.exogenousCount(); ++i) {
-      for (std::size_t t = 0; t < count; ++t) {
-        fixed_.set(constants + i, t, data_.centeredExogenous<Real>(i, firstTime + t));
-      }
+      data_.exogenous(i).copy(firstTime, count, fixed_, constants + i);
     }
   }
 
@@ -107,7 +103,7 @@ LagResiduals lagResiduals(const LagData& data, std::size_t lag, const Planes<Rea
     addTileProducts({.steps = data.regressorCount(lag), .factorCount = equations, .last = count}, coefficients,
                     windows.regressors(), values, 0, 0);
     for (std::size_t i = 0; i < equations; ++i) {
-      const double unit = std::ldexp(1.0, data.endogenousPlacement(i).exponent);
+      const double unit = std::ldexp(1.0, data.endogenous(i).placement().exponent);
       for (std::size_t r = 0; r < count; ++r) residuals[r] = rounded(windows.target(i, r) - values.at(i, r)) * unit;
       result.residuals[i].insert(result.residuals[i].end(), residuals, residuals + count);
       moments.setSeries(i, residuals, count);

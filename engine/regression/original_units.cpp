@@ -38,7 +38,7 @@ std::vector<double> originalCoefficients(const LagData& data, std::size_t lag, s
                                          const NestedRegression<Real>& regression) {
   const Planes<Real>& placed = regression.coefficients();
   const std::size_t count = data.regressorCount(lag);
-  const Placement& target = data.endogenousPlacement(equation);
+  const Placement& target = data.endogenous(equation).placement();
   std::vector<double> result(count);
   for (std::size_t j = 0; j < count; ++j) {
     result[data.coefficientIndex(lag, j)] =

@@ -54,15 +54,13 @@ bool isInRange(const LagEstimate& estimate) {
 }
 
 // Moves everything but the numbers that depend on the size of the model.
-LagEstimate estimateOf(LagRegression& regression, LagFit fit, std::int32_t lag, bool fullInverse) {
+LagEstimate estimateOf(LagFit fit, std::int32_t lag) {
   LagEstimate estimate;
   estimate.lag = lag;
   estimate.reciprocalCondition = fit.reciprocalCondition;
   estimate.coefficients = std::move(fit.coefficients);
   estimate.residuals = std::move(fit.residuals);
   estimate.moments = std::move(fit.moments);
-  estimate.inverseDiagonal = regression.inverseDiagonal();
-  if (fullInverse) estimate.inverse = regression.inverse();
   return estimate;
 }
 
@@ -94,7 +92,11 @@ void fitLags(const VarSeries& series, const VarOptions& options, std::int32_t la
   for (std::int32_t lag = options.minLag; lag <= lastLag; ++lag) {
     LagFit fit = regression.fit(static_cast<std::size_t>(lag));
     if (fit.singular) return fail(FitError::Reason::singularRegressors, lag);
-    LagEstimate estimate = estimateOf(regression, std::move(fit), lag, options.fullInverse);
+    LagEstimate estimate = estimateOf(std::move(fit), lag);
+    if (options.inferAllLags || lag == lastLag) {
+      estimate.inverseDiagonal = regression.inverseDiagonal();
+      if (options.fullInverse) estimate.inverse = regression.inverse();
+    }
     judgeLikelihood(sizeOf(result, options, lag), estimate);
     const bool callerRefuses = options.allowSingularCovariance && std::abs(estimate.determinant) < kSmallest;
     if (!callerRefuses && !isInRange(estimate)) return fail(FitError::Reason::outOfRange, lag);
@@ -108,10 +110,6 @@ void fitLags(const VarSeries& series, const VarOptions& options, std::int32_t la
 }
 
 }  // namespace
-
-std::int64_t regressorCount(std::size_t equations, std::size_t exogenous, std::int32_t lag, bool constant) {
-  return static_cast<std::int64_t>(exogenous) + (constant ? 1 : 0) + lag * static_cast<std::int64_t>(equations);
-}
 
 VarEstimation estimateVar(const VarSeries& series, const VarOptions& options) {
   VarEstimation result;

@@ -31,9 +31,10 @@ struct VarOptions {
   std::optional<std::int64_t> firstRow = {};
   // Whether the criteria count the known columns' coefficients among the parameters.
   bool countExogenous = true;
-  // Residuals of all lags or of the last one alone: T K numbers each.
+  // Residuals, T K numbers a lag, and what standard errors are made of: of all lags, or of the last one alone.
   bool keepAllResiduals = true;
-  bool fullInverse = false;  // (Z'Z)^-1 of every lag, not only its diagonal
+  bool inferAllLags = true;
+  bool fullInverse = false;  // (Z'Z)^-1, not only its diagonal
   // Whether a model is handed over whose residuals are collinear across the equations: some series is then predicted
   // from the others without error.
   bool allowSingularCovariance = false;
@@ -80,9 +81,6 @@ struct VarEstimation {
   std::vector<LagEstimate> lags;  // ascending; those before the error, if there is one
   std::optional<FitError> error;
 };
-
-// m = 1 + p K + the known columns, without the 1 when there is no constant.
-std::int64_t regressorCount(std::size_t equations, std::size_t exogenous, std::int32_t lag, bool constant = true);
 
 // Fits the lags minLag .. maxLag in rising order and stops at the first that cannot be fitted.
 VarEstimation estimateVar(const VarSeries& series, const VarOptions& options);

@@ -6,7 +6,6 @@
 
 #include <functional>
 
-#include "engine/regression/precision_limits.h"
 #include "engine/regression/var_estimation.h"
 #include "tests/engine/exact_fit.h"
 #include "tests/engine/numeric_support.h"
@@ -27,12 +26,15 @@ struct OddCase {
 // Each of these had wrong digits, or was refused, when the centre was a mean over all rows, sums of lagged products
 // were differences, or columns were not brought to one unit.
 const OddCase kOddCases[] = {
+    {"nothing", [](Data&) {}},
     {"huge value in the first row", [](Data& data) { data.y[0][0] = 1e18; }},
+    {"huger value in the first row", [](Data& data) { data.y[0][0] = 1e100; }},
     {"huge value in the middle", [](Data& data) { data.y[1][60] = -1e30; }},
     {"huge value in the last row but two", [](Data& data) { data.y[0][117] = 1e16; }},
     {"huge value in the last row but one", [](Data& data) { data.y[0][118] = 1e12; }},
     {"huge value in the last row", [](Data& data) { data.y[2][119] = 1e20; }},
     {"fill code in unused rows", [](Data& data) { data.x[0][0] = data.x[0][2] = 1e30; }},
+    {"no number in unused rows", [](Data& data) { data.x[1][1] = std::nan(""); }},
     {"fill code in a used row", [](Data& data) { data.x[0][50] = 1e100; }},
     {"unit of 1e150",
      [](Data& data) {
@@ -77,8 +79,24 @@ TEST(LagRegression, OddDataCostNoDigits) {
       const auto inference = inferEquation(estimation, estimation.lags[2], i, 95, LimitQuantile::normal);
       EXPECT_LT(worstError(truth.coefficients[i], estimation.lags[2].coefficients[i]), 2e-16);
       EXPECT_LT(worstError(truth.standardErrors[i], inference.standardErrors), 1e-14);
+      const double deviation = std::sqrt(estimation.lags[2].covariance[i][i]);
+      for (std::size_t r = 0; r < truth.residuals[i].size(); ++r) {
+        const auto expected = static_cast<double>(truth.residuals[i][r]);
+        const double rounding = 1.2e-16 * std::abs(expected) + 1e-17 * deviation;
+        EXPECT_LT(std::abs(static_cast<double>(truth.residuals[i][r] - estimation.lags[2].residuals[i][r])), rounding);
+      }
     }
   }
+}
+
+TEST(PlacedSeries, CentreIsTypicalOfAllRowsAndTheUnitTheLargestDistance) {
+  std::vector<double> values(2000, 5.0);
+  for (std::size_t t = 300; t < 2000; ++t) values[t] = 100.0 + static_cast<double>(t % 7);
+  values[1999] = -900.0;
+  const Placement placement = placementOf(values, true);
+  EXPECT_NEAR(placement.center, 103.0, 1.0);
+  EXPECT_EQ(placement.exponent, 10);  // 2^10 is the least power of two above 1003
+  EXPECT_EQ(placementOf(values, false).center, 0.0);
 }
 
 // Square waves of periods 4 and 2 and of half the length: orthogonal to one another and to the constant.
@@ -99,7 +117,7 @@ SeriesList nearPair(std::size_t length, double share) {
 TEST(LagRegression, RefusesCollinearRegressorsAtTheBoundInEitherPrecision) {
   for (const std::size_t length : {64u, 131072u}) {
     const SeriesList y = {noise(1, length)};
-    const double bound = 2.0 * std::sqrt(3 * kLeastCondition);
+    const double bound = 2.0 * std::sqrt(3 * 2.2e-16);
     for (const double share : {1.02 * bound, 0.98 * bound}) {
       const SeriesList x = nearPair(length, share);
       const LagFit fit = LagRegression(y, x, {.maxLag = 0, .firstRow = 0}).fit(0);
@@ -129,7 +147,7 @@ bool inTwicePrecision(const SeriesList& y, const SeriesList& x) {
 TEST(LagRegression, TwiceThePrecisionWhereDoublesHaveTooFewDigits) {
   constexpr std::size_t kLong = 131072;  // 3 regressors: above kSmallWork
   // The centre of a square wave is a value of it, which leaves half of its squares about the mean.
-  const double bound = 2.0 * std::sqrt(2.0 * kLeastConditionInDoubles);
+  const double bound = 2.0 * std::sqrt(2.0 * 1.11e-3);
   EXPECT_FALSE(inTwicePrecision({noise(1, kLong)}, nearPair(kLong, 1.05 * bound)));
   EXPECT_TRUE(inTwicePrecision({noise(1, kLong)}, nearPair(kLong, 0.95 * bound)));
   // Residuals of y = x1 + share e. In placed units y and x1 are quarters: deviations of share / sqrt(3) / 4 beside
@@ -138,7 +156,7 @@ TEST(LagRegression, TwiceThePrecisionWhereDoublesHaveTooFewDigits) {
   for (const double share : {20.0, 12.0}) {
     std::vector<double> y = x[0];
     const std::vector<double> e = noise(2, kLong);
-    for (std::size_t t = 0; t < kLong; ++t) y[t] += share * kLeastResidualInDoubles * e[t];
+    for (std::size_t t = 0; t < kLong; ++t) y[t] += share * 1.11e-4 * e[t];
     EXPECT_EQ(inTwicePrecision({y}, x), share < 15.0);
   }
   // Small data, whatever their condition: n = 100,000 with 3 regressors is the last.
