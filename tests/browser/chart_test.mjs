@@ -184,7 +184,7 @@ async function checkData(page) {
 }
 
 async function checkPictures(page) {
-  for (const [index, names] of [[FAN, ['95%', 'Observed']], [PANEL, ['a / b', 'Response']], [BARS, ['up', 'Sum']]]) {
+  for (const [index, names] of [[FAN, ['95%', 'Observed']], [PANEL, ['a / b', 'Response', 'Response by Horizon']], [BARS, ['up', 'Sum']]]) {
     await check(`chart ${index} saved as a picture has title, legend and all its parts`, async () => {
       const svg = await download(page, section(page, index).getByRole('button', { name: 'SVG' }));
       const title = await section(page, index).locator('h3').textContent();

@@ -3,6 +3,10 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <iterator>
+#include <regex>
+
 #include "procedures/common/chart_specification.h"
 #include "workbench/charts/color_map.h"
 
@@ -128,6 +132,28 @@ TEST(ChartLanguage, UnderstandsBandsStacksPointsGuidesAndPanels) {
   EXPECT_EQ(roots.elements.at(0).textColumn, "said");
   EXPECT_EQ(std::pair(roots.lines.at(0).dimension, roots.lines.at(0).at), std::pair(2, -0.5));
   EXPECT_EQ(std::pair(roots.circles.at(0).y, roots.circles.at(0).radius), std::pair(1.0, 2.0));
+}
+
+// What the documentation shows is understood, each statement after the columns that it names.
+TEST(ChartLanguage, UnderstandsEveryStatementOfItsDocumentation) {
+  std::ifstream stream(VARMODEL_SOURCE_DIR "/docs/charts.md");
+  const std::string page(std::istreambuf_iterator<char>(stream), {});
+  Lines columns;
+  for (const char* name : {"x", "a", "b", "date", "name", "horizon", "shock", "response", "said"})
+    columns.push_back(fmt::format("DATA: {0} = col(source(s), name(\"{0}\"), unit.category())", name));
+  for (const char* name :
+       {"y", "low", "high", "low95", "high95", "low50", "high50", "value", "re", "im", "percent", "part", "sum"})
+    columns.push_back(fmt::format("DATA: {0} = col(source(s), name(\"{0}\"))", name));
+  const std::regex statement("(?:^|\n|`)((?:SOURCE|DATA|GRAPH|PANEL|SCALE|GUIDE|ELEMENT): [^`\n]+)");
+  std::size_t count = 0;
+  for (std::sregex_iterator it(page.begin(), page.end(), statement), end; it != end; ++it) {
+    if ((*it)[1].str().find("KIND") != std::string::npos) continue;
+    Lines lines = columns;
+    lines.push_back((*it)[1]);
+    EXPECT_EQ(parseChartLanguage(lines, {}).notUnderstood, Lines{});
+    ++count;
+  }
+  EXPECT_GT(count, 35U);
 }
 
 }  // namespace

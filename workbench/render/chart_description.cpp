@@ -62,10 +62,10 @@ class Describer {
   Describer(const Chart& chart, const Locale& locale) : spec_(chart.spec), data_(chart.data), locale_(locale) {}
 
   std::string axes() const {
-    const std::string x = visibleText(spec_.xLabel);
-    const std::string y = visibleText(spec_.yLabel);
-    if (spec_.numericX) return tr("^1 by ^2", y, x) + '.';
-    return tr("^1 by ^2, ^3 to ^4", y, x, data_.categories.front(), data_.categories.back()) + '.';
+    if (spec_.numericX) return axesText(spec_) + '.';
+    return tr("^1 by ^2, ^3 to ^4", visibleText(spec_.yLabel), visibleText(spec_.xLabel), data_.categories.front(),
+              data_.categories.back()) +
+           '.';
   }
 
   std::string series(const ChartSeries& series) const {
@@ -144,6 +144,10 @@ std::string problemText(const ChartProblem& problem) {
       return tr("The chart has no points.");
   }
   return {};
+}
+
+std::string axesText(const ChartSpec& spec) {
+  return tr("^1 by ^2", visibleText(spec.yLabel), visibleText(spec.xLabel));
 }
 
 std::string describeChart(const Chart& chart, const Locale& locale) {

@@ -12,6 +12,9 @@ namespace workbench {
 // Why there is nothing to draw; "" where there is something.
 std::string problemText(const ChartProblem& problem);
 
+// "VALUES by CATEGORIES", the labels of both axes; visible text.
+std::string axesText(const ChartSpec& spec);
+
 // Kind, title, span of the categories, and of each series (the first few of many) its first and last value and its
 // extremes with where they are; of a band its edges at both ends, of points what they say of themselves, of a panel its
 // headings. Visible text without line breaks.

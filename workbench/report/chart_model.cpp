@@ -81,7 +81,8 @@ class ModelWriter {
     add(json_, "series", std::move(list));
   }
 
-  void addPanel(const std::vector<std::size_t>& cells) {
+  void addPanel(const std::string& axes, const std::vector<std::size_t>& cells) {
+    add(json_, "axes", Json(axes, pool()));
     add(json_, "rows", texts(chart_.panelRows));
     add(json_, "columns", texts(chart_.panelColumns));
     add(json_, "cells", numbers(cells));
@@ -199,10 +200,11 @@ std::string chartModel(const Chart& chart, const std::string& description, Colum
   return writer.text();
 }
 
-std::string panelModel(const Chart& panel, const std::string& description, const std::vector<std::size_t>& cells) {
+std::string panelModel(const Chart& panel, const std::string& axes, const std::string& description,
+                       const std::vector<std::size_t>& cells) {
   ModelWriter writer(panel);
   writer.addTexts(description);
-  writer.addPanel(cells);
+  writer.addPanel(axes, cells);
   return writer.text();
 }
 

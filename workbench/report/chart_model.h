@@ -27,8 +27,9 @@ inline constexpr std::size_t kMostDrawn = 3000;
 // `low` and `high` are the edges of what is drawn around nothing or from a base: of a band, of stacked series.
 std::string chartModel(const Chart& chart, const std::string& description, ColumnStore& columns);
 
-// The same for a panel: title, xLabel, yLabel, legendTitle, description, rows and columns (headings), and `cells`, the
-// numbers of its charts, row by row, without those that have nothing to draw.
-std::string panelModel(const Chart& panel, const std::string& description, const std::vector<std::size_t>& cells);
+// The same for a panel: title, xLabel, yLabel, legendTitle, description, `axes` in words, rows and columns (headings),
+// and `cells`, the numbers of its charts, row by row, without those that have nothing to draw.
+std::string panelModel(const Chart& panel, const std::string& axes, const std::string& description,
+                       const std::vector<std::size_t>& cells);
 
 }  // namespace workbench

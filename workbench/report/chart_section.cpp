@@ -91,15 +91,17 @@ std::string ChartSections::addFrame(const Chart& chart, const std::string& descr
 }
 
 std::string ChartSections::addPanel(const Chart& panel, const std::string& description, const Locale& locale) {
-  std::string out = fmt::format("<div class=\"panel\" data-panel=\"{}\" role=\"group\" aria-label=\"{}\">\n",
-                                panels_.size(), htmlText(description));
+  const std::string axes = axesText(panel.spec);
+  std::string out = fmt::format(
+      "<p class=\"remark\">{}</p>\n<div class=\"panel\" data-panel=\"{}\" role=\"group\" aria-label=\"{}\">\n",
+      htmlText(axes), panels_.size(), htmlText(description));
   std::vector<std::size_t> cells;
   for (const Chart& cell : panel.cells) {
     if (!cell.data.problem) cells.push_back(charts_.size());
     out += fmt::format("<div class=\"panel-cell\"><h4><bdi>{}</bdi></h4>\n{}</div>\n", htmlText(cell.spec.title),
                        cell.data.problem ? problemRemark(cell) : addFrame(cell, describeChart(cell, locale)));
   }
-  panels_.push_back(panelModel(panel, description, cells));
+  panels_.push_back(panelModel(panel, axes, description, cells));
   return out + "</div>\n";
 }
 

@@ -94,6 +94,7 @@ async function pictureSvg(charts, owner) {
     svgElement('desc', {}, owner.description),
     svgElement('rect', { width: fullWidth, height, fill: 'var(--paper)' }),
     svgText(owner.title, MARGIN, MARGIN + 12, 14, { 'font-weight': 600 }),
+    svgText(owner.axes ?? '', fullWidth - MARGIN, MARGIN + 12, 12, { 'text-anchor': 'end' }),
     legend.group,
     group,
   );
