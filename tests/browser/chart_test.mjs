@@ -222,10 +222,12 @@ async function checkPrinting() {
     const shown = () => page.locator('.drawing svg').evaluate((svg) => svg.clientWidth);
     await drawn(page, 0);
     const screen = await shown();
+    const becomes = (width) =>
+      page.waitForFunction((wanted) => window.document.querySelector('.drawing svg').clientWidth === wanted, width);
     await page.emulateMedia({ media: 'print' });
-    equal(await shown(), 680);
+    await becomes(680);
     await page.emulateMedia({ media: 'screen' });
-    equal(await shown(), screen);
+    await becomes(screen);
     await page.context().close();
   });
 }

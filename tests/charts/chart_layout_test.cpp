@@ -69,6 +69,7 @@ TEST(Ticks, StandOnRoundYearsMonthsAndNumbers) {
   EXPECT_THAT(ticked(labels(203, quarter(1959)), 6), ElementsAre("1960Q1", "1970Q1", "1980Q1", "1990Q1", "2000Q1"));
   EXPECT_THAT(ticked(labels(8, quarter(2001)), 4), ElementsAre("2001Q1", "2001Q3", "2002Q1", "2002Q3"));
   EXPECT_THAT(ticked(labels(8, quarter(2001)), 3), ElementsAre("2001Q1", "2002Q1")) << "no step of three quarters";
+  EXPECT_THAT(ticked(labels(41, quarter(2000)), 3), ElementsAre("2000Q1", "2005Q1", "2010Q1"));
   const auto fromAutumn = labels(20, [&](int i) { return quarter(2001)(i + 2); });
   EXPECT_THAT(ticked(fromAutumn, 5), ElementsAre("2002Q1", "2003Q1", "2004Q1", "2005Q1", "2006Q1"));
   const auto month = [](int i) { return fmt::format("{:02} {}", i % 12 + 1, 2001 + i / 12); };

@@ -136,6 +136,9 @@ TEST(Plots, BarsStandOnTheZeroLineWithTheirValues) {
   EXPECT_THAT(text, HasSubstr("-0,50 "));
   EXPECT_THAT(lines[8], HasSubstr("0,06"));  // above the zero line
   EXPECT_THAT(lines[9], testing::MatchesRegex(" *0 [|+]-+[*]-+[*]-+[*]-+.*"));
+  const auto positive = linesOf(
+      ChartDocument().drawing(R"({"x": ["1", "2"], "y": [4, 5]})", {"ELEMENT: interval(position(x*y))"}).paint());
+  EXPECT_THAT(positive[positive.size() - 2], testing::MatchesRegex(" *0 [+]-.*")) << "also where no value is near zero";
 }
 
 std::size_t countOf(const std::vector<std::string>& lines, char glyph, std::size_t from, std::size_t to) {
@@ -186,21 +189,28 @@ TEST(Plots, StacksFillWhatTheyStandFor) {
 
 TEST(Plots, EqualAxesMakeARoundCircleAndAPanelItsCellsSideBySide) {
   SKIP_WITHOUT_GNUPLOT();
-  const auto roots = linesOf(ChartDocument()
-                                 .drawing(R"({"said": ["r"], "re": [3], "im": [0]})",
-                                          {"SCALE: equal(dim(1), dim(2))", "GUIDE: circle(at(0, 0), radius(1))",
-                                           "ELEMENT: point(position(re*im))"})
-                                 .paint());
-  std::size_t widest = 0;
-  std::size_t rows = 0;
-  for (const std::string& line : roots) {
-    const std::size_t first = line.find('.', 5);
-    if (first == std::string::npos || line.find('|') == std::string::npos) continue;
-    widest = std::max(widest, line.rfind('.') - first + 1);
-    ++rows;
-  }
-  EXPECT_NEAR(static_cast<double>(widest), 2.0 * static_cast<double>(rows), 4)
-      << "a character is twice as high as wide";
+  const auto sizeOfCircle = [](const char* columns) {
+    const auto lines =
+        linesOf(ChartDocument()
+                    .drawing(columns, {"SCALE: equal(dim(1), dim(2))", "GUIDE: circle(at(0, 0), radius(1))",
+                                       "ELEMENT: point(position(re*im))"})
+                    .paint());
+    std::pair<double, double> size{0, 0};  // width and height
+    for (const std::string& line : lines) {
+      const std::size_t first = line.find('.', 5);
+      if (first == std::string::npos || line.find('|') == std::string::npos) continue;
+      size.first = std::max(size.first, static_cast<double>(line.rfind('.') - first + 1));
+      ++size.second;
+    }
+    return size;
+  };
+  // A character is twice as high as wide.
+  const auto [width, height] = sizeOfCircle(R"({"said": ["r"], "re": [0.5], "im": [0]})");
+  EXPECT_GT(height, 14);
+  EXPECT_NEAR(width, 2 * height, 5);
+  const auto [smallWidth, smallHeight] = sizeOfCircle(R"({"said": ["r"], "re": [3], "im": [0]})");
+  EXPECT_LT(smallHeight, height - 5);
+  EXPECT_NEAR(smallWidth, 2 * smallHeight, 4);
 
   const auto panel =
       linesOf(ChartDocument()

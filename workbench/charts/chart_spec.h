@@ -2,9 +2,12 @@
 
 #pragma once
 
+#include <array>
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace workbench {
@@ -24,6 +27,15 @@ struct ChartElement {
   double size = 0;       // width of a line or of a bar, diameter of a point, in pixels; 0 when not given
   bool stacked = false;  // series stand on each other, negative values below zero
 };
+
+// Every kind of mark by its name in the language and for the page.
+inline constexpr std::array<std::pair<std::string_view, ChartElement::Kind>, 5> kMarks{{
+    {"line", ChartElement::Kind::line},
+    {"area", ChartElement::Kind::area},
+    {"interval", ChartElement::Kind::interval},
+    {"band", ChartElement::Kind::band},
+    {"point", ChartElement::Kind::point},
+}};
 
 struct ChartSpec {
   struct Range {

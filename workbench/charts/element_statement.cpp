@@ -1,9 +1,5 @@
 #include "workbench/charts/element_statement.h"
 
-#include <array>
-#include <utility>
-#include <vector>
-
 #include "workbench/charts/statement_pattern.h"
 
 namespace workbench {
@@ -13,12 +9,7 @@ namespace {
 using Kind = ChartElement::Kind;
 
 std::optional<Kind> kindIn(std::string_view name) {
-  constexpr std::array<std::pair<std::string_view, Kind>, 5> kKinds{{{"line", Kind::line},
-                                                                     {"area", Kind::area},
-                                                                     {"interval", Kind::interval},
-                                                                     {"band", Kind::band},
-                                                                     {"point", Kind::point}}};
-  for (const auto& [known, kind] : kKinds) {
+  for (const auto& [known, kind] : kMarks) {
     if (known == name) return kind;
   }
   return std::nullopt;
@@ -60,12 +51,9 @@ class ArgumentReader {
     const bool band = element_.kind == Kind::band;
     const auto position = matchStatement(argument, band ? "position(@*@*@)" : "position(@*@)");
     if (!position) return false;
-    for (const std::string& name : *position) {
-      if (declared_.find(name) == nullptr) return false;
-    }
     statement_.numericX = element_.kind == Kind::point && !declared_.categories.contains((*position)[0]);
-    if (band) readColumn((*position)[2], element_.upperColumn);
-    return readColumn((*position)[0], element_.xColumn) && readColumn((*position)[1], element_.yColumn);
+    return readColumn((*position)[0], element_.xColumn) && readColumn((*position)[1], element_.yColumn) &&
+           (!band || readColumn((*position)[2], element_.upperColumn));
   }
 
   bool readColor(std::string_view argument) {

@@ -1,5 +1,6 @@
 #include "workbench/report/chart_model.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <utility>
 
@@ -16,20 +17,8 @@ namespace {
 using Json = rapidjson::Value;
 using Kind = ChartElement::Kind;
 
-const char* kindName(const ChartElement& element) {
-  switch (element.kind) {
-    case Kind::line:
-      return "line";
-    case Kind::area:
-      return "area";
-    case Kind::interval:
-      return "bar";
-    case Kind::band:
-      return "band";
-    case Kind::point:
-      break;
-  }
-  return "point";
+std::string_view markName(ChartElement::Kind kind) {
+  return std::ranges::find(kMarks, kind, [](const auto& mark) { return mark.second; })->first;
 }
 
 class ModelWriter {
@@ -137,7 +126,7 @@ class ModelWriter {
     const ChartElement& element = spec_.elements[series.element];
     Json entry(rapidjson::kObjectType);
     add(entry, "name", Json(series.name, pool()));
-    add(entry, "kind", Json(rapidjson::StringRef(kindName(element))));
+    add(entry, "kind", Json(std::string(markName(element.kind)), pool()));
     add(entry, "color", Json(layout.color, pool()));
     if (element.size > 0) add(entry, "size", Json(element.size));
     if (!element.outline.empty()) add(entry, "outline", Json(element.outline, pool()));

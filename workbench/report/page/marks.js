@@ -50,7 +50,7 @@ function areaLayers(chart) {
 }
 
 function barLayers(chart) {
-  const bar = (series) => series.kind === 'bar';
+  const bar = (series) => series.kind === 'interval';
   const widest = chart.series.find(bar)?.size ?? 20;
   const width = expr(`clamp(0.7 * width / (to - from), 1, ${Math.round(widest)})`);
   return layerOf(chart, bar, { type: 'bar', orient: 'vertical', width }, withEdge);
