@@ -10,6 +10,8 @@ import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 
+# The workbench's folders that know neither a host class nor a running call.
+PURE = {f"workbench/{name}" for name in ["base", "dataset", "dates", "language", "document", "charts"]}
 # folder -> folders that it may include besides itself
 ALLOWED = {
     "host": set(),
@@ -19,7 +21,22 @@ ALLOWED = {
     "engine/diagnostics": {"engine/arithmetic", "engine/linear_algebra"},
     "engine/dynamics": {"engine/arithmetic", "engine/linear_algebra", "engine/regression", "engine/diagnostics"},
     "procedures/common": {"host"},
-    "workbench": {"host"},
+    "workbench/base": {"host"},
+    "workbench/dataset": {"workbench/base"},
+    "workbench/dates": {"workbench/base", "workbench/dataset"},
+    "workbench/language": {"workbench/base", "workbench/dataset"},
+    "workbench/document": {"workbench/base", "workbench/dataset"},
+    "workbench/charts": {"workbench/base", "host"},
+    "workbench/casefile": {"workbench/base", "workbench/dataset"},
+    "workbench/edge": {"host", *PURE, "workbench/casefile"},
+    "workbench/render": {"host", *PURE, "workbench/edge"},
+    "workbench/report": {"host", *PURE, "workbench/edge", "workbench/render"},
+    "workbench/plots": {"host", *PURE, "workbench/edge", "workbench/render"},
+    "workbench/commands/common": {"host", *PURE, "workbench/edge", "workbench/render"},
+    "workbench/commands": {*PURE},
+    "workbench/cli": {*PURE, "workbench/edge", "workbench/render", "workbench/report", "workbench/plots",
+                      "workbench/commands"},
+    "workbench": set(),
     "tests": {"host", "engine", "procedures", "workbench"},
     "tests/engine": {"engine"},
     "tests/recording": {"host", "procedures", "tests/engine"},
@@ -34,9 +51,12 @@ LAYERS = {
     "save": {"algo", "analysis", "syntax", "data", "host", "procedures/common", "engine"},
     "driver": {"output", "save", "algo", "analysis", "syntax", "data", "host", "procedures/common"},
 }
-for procedure in sorted(path.parent.relative_to(ROOT).as_posix() for path in ROOT.glob("procedures/*/procedure.cmake")):
+for path in ROOT.glob("procedures/*/procedure.cmake"):
+    procedure = path.parent.relative_to(ROOT).as_posix()
     for layer, below in LAYERS.items():
         ALLOWED[f"{procedure}/{layer}"] = {f"{procedure}/{name}" if name in LAYERS else name for name in below}
+for path in ROOT.glob("workbench/commands/*/*_command.h"):
+    ALLOWED[path.parent.relative_to(ROOT).as_posix()] = {"workbench/commands/common", *ALLOWED["workbench/commands/common"]}
 # What the numbers and the procedures may take from outside: their libraries and the C++ standard library, nothing of
 # POSIX.
 OUTSIDE_ENGINE = re.compile(r"^(boost/math/|boost/version|Eigen/)|^[a-z_]+$")
