@@ -4,6 +4,8 @@
 #include <cmath>
 #include <utility>
 
+#include "engine/arithmetic/scaled_addition.h"
+
 namespace engine {
 namespace {
 
@@ -73,8 +75,7 @@ void StabilityTest::square() {
     for (std::size_t c = 0; c < size; ++c) {
       const double factor = power_[i * size + c];
       if (factor == 0.0) continue;
-      const double* const source = power_.data() + c * size;
-      for (std::size_t j = 0; j < size; ++j) target[j] += factor * source[j];
+      addScaled(factor, power_.data() + c * size, target, size);
     }
   }
   std::swap(power_, next_);

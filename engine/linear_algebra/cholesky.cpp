@@ -4,6 +4,7 @@
 #include <cmath>
 #include <limits>
 
+#include "engine/arithmetic/scaled_addition.h"
 #include "engine/linear_algebra/dense_algebra.h"
 #include "engine/linear_algebra/products.h"
 
@@ -15,12 +16,6 @@ double remainderOf(const Matrix& a, const Matrix& l, std::size_t i, std::size_t 
   double value = a(i, j);
   for (std::size_t c = 0; c < j; ++c) value -= l(i, c) * l(j, c);
   return value;
-}
-
-void subtractRow(double factor, std::size_t source, std::size_t target, Matrix& b) {
-  const std::span<const double> from = b.row(source);
-  const std::span<double> to = b.row(target);
-  for (std::size_t c = 0; c < b.columns; ++c) to[c] -= factor * from[c];
 }
 
 }  // namespace
@@ -41,7 +36,7 @@ std::optional<Matrix> choleskyFactor(const Matrix& a) {
 void solveLower(const Matrix& l, Matrix& b) {
   assert(l.rows == b.rows);
   for (std::size_t i = 0; i < l.rows; ++i) {
-    for (std::size_t c = 0; c < i; ++c) subtractRow(l(i, c), c, i, b);
+    for (std::size_t c = 0; c < i; ++c) addScaled(-l(i, c), b.row(c).data(), b.row(i).data(), b.columns);
     for (double& value : b.row(i)) value /= l(i, i);
   }
 }
@@ -49,7 +44,7 @@ void solveLower(const Matrix& l, Matrix& b) {
 void solveLowerTransposed(const Matrix& l, Matrix& b) {
   assert(l.rows == b.rows);
   for (std::size_t i = l.rows; i-- > 0;) {
-    for (std::size_t c = i + 1; c < l.rows; ++c) subtractRow(l(c, i), c, i, b);
+    for (std::size_t c = i + 1; c < l.rows; ++c) addScaled(-l(c, i), b.row(c).data(), b.row(i).data(), b.columns);
     for (double& value : b.row(i)) value /= l(i, i);
   }
 }

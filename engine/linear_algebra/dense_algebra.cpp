@@ -4,6 +4,7 @@
 #include <cassert>
 
 #include "engine/arithmetic/moments.h"
+#include "engine/arithmetic/scaled_addition.h"
 
 namespace engine {
 
@@ -27,9 +28,7 @@ Matrix multiply(const Matrix& a, const Matrix& b) {
   for (std::size_t i = 0; i < a.rows; ++i) {
     double* const target = result.values.data() + i * b.columns;
     for (std::size_t c = 0; c < a.columns; ++c) {
-      const double factor = a(i, c);
-      const double* const source = b.values.data() + c * b.columns;
-      for (std::size_t j = 0; j < b.columns; ++j) target[j] += factor * source[j];
+      addScaled(a(i, c), b.values.data() + c * b.columns, target, b.columns);
     }
   }
   return result;
@@ -41,7 +40,7 @@ Matrix multiplyTransposed(const Matrix& a, const Matrix& b) {
 
 void addScaled(double factor, const Matrix& b, Matrix& a) {
   assert(a.rows == b.rows && a.columns == b.columns);
-  for (std::size_t i = 0; i < a.values.size(); ++i) a.values[i] += factor * b.values[i];
+  addScaled(factor, b.values.data(), a.values.data(), a.values.size());
 }
 
 Matrix blockOf(const Matrix& a, std::size_t row, std::size_t column, std::size_t rows, std::size_t columns) {

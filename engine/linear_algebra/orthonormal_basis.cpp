@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "engine/arithmetic/moments.h"
+#include "engine/arithmetic/scaled_addition.h"
 
 namespace engine {
 
@@ -27,8 +28,7 @@ Matrix columnProducts(std::span<const std::vector<double>> a, std::span<const st
 void OrthonormalBasis::removeFrom(std::vector<double>& column, std::size_t first) const {
   for (int pass = 0; pass < 2; ++pass) {
     for (std::size_t i = first; i < vectors_.size(); ++i) {
-      const double factor = dotProduct(vectors_[i], column);
-      for (std::size_t t = 0; t < column.size(); ++t) column[t] -= factor * vectors_[i][t];
+      addScaled(-dotProduct(vectors_[i], column), vectors_[i].data(), column.data(), column.size());
     }
   }
 }
