@@ -1,10 +1,8 @@
-# Lowest layer first.
+# VARDYNAMICS, lowest layer first.
 varmodel_folder(procedures/vardynamics/data LINKS procedures_common)
 varmodel_folder(procedures/vardynamics/syntax LINKS procedures_vardynamics_data)
-if(EXISTS ${PROJECT_SOURCE_DIR}/procedures/vardynamics/driver)
-  varmodel_folder(procedures/vardynamics/analysis LINKS procedures_vardynamics_syntax engine_dynamics)
-  varmodel_folder(procedures/vardynamics/output LINKS procedures_vardynamics_analysis)
-  varmodel_folder(procedures/vardynamics/save LINKS procedures_vardynamics_analysis)
-  varmodel_folder(procedures/vardynamics/driver LINKS procedures_vardynamics_output procedures_vardynamics_save)
-  varmodel_procedure(vardynamics VARDYNAMICS procedures/vardynamics/driver)
-endif()
+varmodel_folder(procedures/vardynamics/analysis LINKS procedures_vardynamics_syntax engine_dynamics)
+varmodel_folder(procedures/vardynamics/output LINKS procedures_vardynamics_analysis)
+varmodel_folder(procedures/vardynamics/save LINKS procedures_vardynamics_analysis)
+varmodel_folder(procedures/vardynamics/driver LINKS procedures_vardynamics_output procedures_vardynamics_save)
+varmodel_procedure(vardynamics VARDYNAMICS procedures/vardynamics/driver)

@@ -54,7 +54,8 @@ TEST(SourceTexts, AreFoundWhereverTheyAreGiven) {
                              "requirement."),
                     Contains("The criteria disagree (^1): the largest log-likelihood decided for lag ^2."),
                     Contains("the PREDICT THRU date names no period of the active dataset"),
-                    Contains("No ^1 ACF values for variable '^2")));
+                    Contains("No ^1 ACF values for variable '^2"),
+                    Contains("MINLAG=^1 is greater than MAXLAG=^2. Give MINLAG=^2 or less.")));
 }
 
 TEST(Dictionaries, HoldEveryTextOfTheSourcesWithItsMarkersAndOuterBlanks) {
@@ -65,7 +66,7 @@ TEST(Dictionaries, HoldEveryTextOfTheSourcesWithItsMarkersAndOuterBlanks) {
   wanted.insert({"MINLAG must be an integer.", "MAXLAG must be an integer.", "AIC chose lag ^1", "BIC chose lag ^1",
                  "HQIC chose lag ^1"});
   // Put together from pieces, or looked up by a name that is not a literal.
-  wanted.insert({"0.5", "Vector Autoregressive Models",
+  wanted.insert({"0.5", "Vector Autoregressive Models", "VAR Dynamics",
                  "The forecast table is not created because no forecasts could be calculated. PREDICT THRU date is "
                  "before the last observed date."});
   const std::map<std::string, Entries> all = dictionaries();

@@ -142,5 +142,9 @@ std::set<std::string> procedureMessages() {
   forEachSource({"procedures/varmodel/syntax", "procedures/varmodel/data", "procedures/varmodel/algo"},
                 [&](const std::string& source) { addMessages(source, message, ")", messages); });
   forEachSource({"procedures"}, [&](const std::string& source) { addMessages(source, warning, ";", messages); });
+  // There the text comes with its markers, its arguments after it.
+  static const std::regex withMarkers(R"re(\bfail\((?="))re");
+  forEachSource({"procedures/vardynamics"},
+                [&](const std::string& source) { addMessages(source, withMarkers, ",)", messages); });
   return messages;
 }

@@ -84,6 +84,10 @@ Seasons Calendar::seasons(std::size_t firstOffset, std::size_t count) const {
   if (seasons.cycle == 0) return seasons;
   const TSXDateSpec specification = TfoDateHandler(dataSource_, nullptr, 0).GetCurrDateSpec();
   const unsigned origin = TfoDateHandler::VEXAIndexOrigin(PeriodType{finest_.unitCode});
+  seasons.unitCode = finest_.unitCode;
+  for (std::size_t i = 0; i < seasons.cycle; ++i) {
+    seasons.components.push_back(origin + static_cast<unsigned>(i * finest_.advance));
+  }
   for (std::size_t offset = firstOffset; offset < firstOffset + count; ++offset) {
     const unsigned component = componentsOf(specification, offset).back();
     seasons.ofPeriod.push_back(std::min((component - origin) / finest_.advance, seasons.cycle - 1));

@@ -33,8 +33,6 @@ class Calendar {
   // Seasons in a cycle of the finest date variable, in cases (monthly dates of every third month have 4); 0: none.
   std::size_t cycle() const;
   Seasons seasons(std::size_t firstOffset, std::size_t count) const;
-  // The unit of the finest date variable, as the host codes it; 0 without dates.
-  int finestUnit() const { return finest_.unitCode; }
 
   const std::vector<std::string>& dateVariableNames() const { return axis_.dateVariableNames; }
   // One column a date variable: its component in each of `count` periods from a case on.

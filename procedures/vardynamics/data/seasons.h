@@ -7,9 +7,12 @@
 
 namespace vardynamics {
 
+// The unit and the components name the seasons: quarter 1, quarter 2, ..
 struct Seasons {
   std::size_t cycle = 0;                   // seasons in a cycle; 0: none
   std::vector<std::size_t> ofPeriod = {};  // 0..cycle-1, for the sample's rows and the periods after them
+  int unitCode = 0;                        // of the finest date variable, as the host codes it
+  std::vector<unsigned> components = {};   // of each season, in that unit
 };
 
 }  // namespace vardynamics

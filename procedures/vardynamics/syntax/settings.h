@@ -3,9 +3,12 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
+
+#include "host/case_file.h"
 
 namespace vardynamics {
 
@@ -58,8 +61,7 @@ struct PlotSettings {
 };
 
 struct SaveSettings {
-  std::string path = {};
-  bool isLiteral = false;
+  std::shared_ptr<const UserCaseFileSpec> file = {};  // initialised
   bool forecasts = false;
   bool residuals = false;
 };

@@ -25,6 +25,16 @@ void refuseEmptyLagRange(const ModelSettings& model) {
        {std::to_string(model.minLag), std::to_string(*model.maxLag)});
 }
 
+std::shared_ptr<const UserCaseFileSpec> openedFile(const ParamObj* parameter) {
+  std::string path;
+  bool isLiteral = false;
+  auto file = std::make_shared<UserCaseFileSpec>();
+  const bool given = parameter != nullptr && parameter->getStringOrLiteral(path, isLiteral) && !path.empty();
+  if (!given || !file->Init(path, isLiteral, true))
+    fail("SAVE has no file that can be written. Give FILE='results.csv'.");
+  return file;
+}
+
 }  // namespace
 
 ModelSettings readModelOptions(const SubComObj& model) {
@@ -76,11 +86,7 @@ PlotSettings readPlot(const SubComObj& plot) {
 
 SaveSettings readSave(const SubComObj& save) {
   const ParameterReader reader(save);
-  SaveSettings settings;
-  const ParamObj* file = reader.find("FILE");
-  if (file == nullptr || !file->getStringOrLiteral(settings.path, settings.isLiteral) || settings.path.empty()) {
-    fail("SAVE has no file. Give FILE='results.csv'.");
-  }
+  SaveSettings settings{.file = openedFile(reader.find("FILE"))};
   settings.forecasts = reader.has("FORECASTS");
   settings.residuals = reader.has("RESIDUALS");
   if (!settings.forecasts && !settings.residuals) {

@@ -1,0 +1,30 @@
+// Everything that a run finds: one model, one lag order, one sample.
+
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "engine/dynamics/roots.h"
+#include "procedures/vardynamics/analysis/causality.h"
+#include "procedures/vardynamics/analysis/forecast.h"
+#include "procedures/vardynamics/analysis/model.h"
+#include "procedures/vardynamics/analysis/residual_tests.h"
+#include "procedures/vardynamics/syntax/observations.h"
+#include "procedures/vardynamics/syntax/settings.h"
+
+namespace vardynamics {
+
+// What was not asked for is absent.
+struct Analysis {
+  Model model;
+  std::vector<engine::Root> roots = {};  // by falling modulus
+  std::optional<ResidualTests> tests = {};
+  std::optional<Causality> causality = {};
+  std::optional<Forecast> forecast = {};
+};
+
+// Throws UserError for what the sample does not allow.
+Analysis analyse(const Settings& settings, const Observations& observations);
+
+}  // namespace vardynamics

@@ -1,0 +1,43 @@
+// The forecast from the end of the sample on, its limits, and what it is conditional on.
+
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+#include "engine/dynamics/conditional_forecast.h"
+#include "engine/dynamics/forecast_limits.h"
+#include "procedures/vardynamics/analysis/model.h"
+#include "procedures/vardynamics/data/seasons.h"
+#include "procedures/vardynamics/syntax/settings.h"
+
+namespace vardynamics {
+
+struct Condition {
+  std::vector<engine::HeldValue> held;
+  engine::Matrix unconditional;         // H x K
+  engine::ChiSquaredTest unusual = {};  // how far the held values lie from the unconditional forecast
+};
+
+// Matrices are H x K.
+struct Forecast {
+  engine::Matrix values;                              // given the held values where there is a condition
+  std::optional<engine::Matrix> standardErrors = {};  // with estimation uncertainty; nothing with INTERVAL=NONE
+  double degreesOfFreedom = 0.0;
+  double correctionShare = 0.0;  // delta; 0: the model has a root on or outside the unit circle
+  std::optional<Condition> condition = {};
+
+  std::size_t horizon() const { return values.rows; }
+  // Needs standard errors.
+  engine::ForecastLimits limits(double level) const {
+    return engine::studentLimits(values, *standardErrors, degreesOfFreedom, level);
+  }
+};
+
+// `known` are the known columns, T values each and those of the horizon. Throws UserError when the limits cannot be
+// computed or two conditions contradict each other.
+Forecast forecastModel(const Model& model, const ModelData& data, const SeriesList& known, std::size_t horizon,
+                       const ForecastSettings& settings);
+
+}  // namespace vardynamics

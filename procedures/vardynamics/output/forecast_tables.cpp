@@ -1,0 +1,114 @@
+#include <string>
+
+#include "engine/linear_algebra/matrix.h"
+#include "procedures/common/number_text.h"
+#include "procedures/vardynamics/output/forecast_style.h"
+#include "procedures/vardynamics/output/number_style.h"
+#include "procedures/vardynamics/output/sentences.h"
+#include "procedures/vardynamics/output/table_parts.h"
+#include "procedures/vardynamics/output/tables.h"
+
+namespace vardynamics {
+namespace {
+
+std::vector<std::string> forecastLabels(const ReportContext& context) {
+  const auto& labels = context.observations.labels;
+  return {labels.begin() + static_cast<std::ptrdiff_t>(context.observations.sample.rows()), labels.end()};
+}
+
+DocumentTable emptyTable(const ReportContext& context, const std::string& suffix) {
+  const Texts& texts = context.texts;
+  return {.id = "Forecast" + suffix,
+          .title = texts.localize("Forecast") + suffix,
+          .rowLabel = context.observations.dated ? texts.localize("Date") : texts.localize("Row"),
+          .rows = forecastLabels(context)};
+}
+
+// How the limits were made.
+Sentences limitNotes(const ReportContext& context) {
+  const Texts& texts = context.texts;
+  const Forecast& forecast = *context.analysis.forecast;
+  Sentences notes{texts.localize(
+      "Limits from Student's t with ^1 degrees of freedom; standard errors include that of the estimated coefficients.",
+      {procedures::shortestNumber(forecast.degreesOfFreedom)})};
+  const std::string share = texts.number(procedures::shortestNumber(forecast.correctionShare));
+  if (forecast.correctionShare == 0.0) {
+    notes.push_back(texts.localize(
+        "The limits are not corrected for the bias of the slopes: a root lies on or outside the unit circle."));
+  } else if (forecast.correctionShare < 1.0) {
+    notes.push_back(texts.localize(
+        "The limits are corrected for ^1 of the bias of the slopes: more would make the model unstable.", {share}));
+  } else {
+    notes.push_back(texts.localize("The limits are corrected for the bias of the slopes (Pope 1990)."));
+  }
+  return notes;
+}
+
+std::vector<TableColumn> limitColumns(const ReportContext& context, std::size_t series, int decimals) {
+  const Texts& texts = context.texts;
+  std::vector<TableColumn> columns;
+  for (const double level : context.settings.levels) {
+    const engine::ForecastLimits limits = context.analysis.forecast->limits(level);
+    const std::string percent = procedures::confidenceLevelText(level);
+    columns.push_back({texts.localize("^1 Lower", {percent}), engine::columnOf(limits.lower, series), decimals});
+    columns.push_back({texts.localize("^1 Upper", {percent}), engine::columnOf(limits.upper, series), decimals});
+  }
+  return columns;
+}
+
+DocumentTable seriesTable(const ReportContext& context, std::size_t series) {
+  const Texts& texts = context.texts;
+  const Forecast& forecast = *context.analysis.forecast;
+  const int decimals = forecastDecimals(context, series);
+  DocumentTable table = emptyTable(context, " - " + context.names()[series]);
+  table.columns = {{texts.localize("Forecast"), engine::columnOf(forecast.values, series), decimals},
+                   {texts.localize("Std. Error"), engine::columnOf(*forecast.standardErrors, series), decimals}};
+  append(table.columns, limitColumns(context, series, decimals));
+  if (forecast.condition) {
+    table.columns.push_back(
+        {texts.localize("Unconditional"), engine::columnOf(forecast.condition->unconditional, series), decimals});
+  }
+  return table;
+}
+
+DocumentTable plainTable(const ReportContext& context) {
+  DocumentTable table = emptyTable(context, "");
+  const Forecast& forecast = *context.analysis.forecast;
+  for (std::size_t i = 0; i < context.names().size(); ++i) {
+    table.columns.push_back({context.names()[i], engine::columnOf(forecast.values, i), forecastDecimals(context, i)});
+  }
+  return table;
+}
+
+// How unusual the held values are.
+DocumentTable conditionTable(const ReportContext& context) {
+  const Texts& texts = context.texts;
+  return {.id = "Condition",
+          .title = texts.localize("Condition"),
+          .rowLabel = texts.localize("Test"),
+          .rows = {texts.localize("Held against unconditional values")},
+          .columns = chiSquaredColumns(texts, {context.analysis.forecast->condition->unusual}),
+          .notes = conditionSentences(context)};
+}
+
+}  // namespace
+
+int forecastDecimals(const ReportContext& context, std::size_t series) {
+  const Forecast& forecast = *context.analysis.forecast;
+  if (!forecast.standardErrors) return decimalsFor(context.analysis.model.equations[series].standardError);
+  return decimalsForErrors(engine::columnOf(*forecast.standardErrors, series));
+}
+
+Tables forecastTables(const ReportContext& context) {
+  Tables tables;
+  if (!context.analysis.forecast->standardErrors) {
+    tables.push_back(plainTable(context));
+  } else {
+    for (std::size_t i = 0; i < context.names().size(); ++i) tables.push_back(seriesTable(context, i));
+  }
+  if (context.analysis.forecast->standardErrors) tables.front().notes = limitNotes(context);
+  if (context.analysis.forecast->condition) tables.push_back(conditionTable(context));
+  return tables;
+}
+
+}  // namespace vardynamics

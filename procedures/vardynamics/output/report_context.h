@@ -1,0 +1,32 @@
+// What tables, charts and sentences are made from.
+
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "procedures/vardynamics/analysis/analysis.h"
+#include "procedures/vardynamics/output/texts.h"
+#include "procedures/vardynamics/syntax/observations.h"
+#include "procedures/vardynamics/syntax/settings.h"
+
+namespace vardynamics {
+
+struct ReportContext {
+  const Settings& settings;
+  const Observations& observations;
+  const Analysis& analysis;
+  const Texts& texts;
+
+  const std::vector<std::string>& names() const { return settings.model.endogenous.names; }
+  // A test with this p-value rejects, at the level that the largest confidence level leaves.
+  bool rejects(double p) const { return p < 1.0 - settings.level() / 100.0; }
+  std::string levelText() const;  // of the tests: "5 %"
+  double largestRoot() const { return analysis.roots.empty() ? 0.0 : analysis.roots.front().modulus; }
+  // From here on tests and limits are less reliable.
+  bool hasRootNearOne() const { return largestRoot() >= 0.97; }
+};
+
+using Sentences = std::vector<std::string>;
+
+}  // namespace vardynamics
