@@ -54,8 +54,10 @@ TEST_F(Registry, AnErrorOfAProcedureThatNamesNoStepIsAFailure) {
 TEST_F(Registry, AnUnknownCommandIsRefusedWithTheOnesThereAre) {
   EXPECT_THAT(faultOf<UsageError>([&] { run("\n COUNTCASE"); }),
               AllOf(HasSubstr("line 2, column 2"), HasSubstr("Did you mean \"COUNTCASES\"?")));
-  EXPECT_THAT(faultOf<UsageError>([&] { run("FREQUENCIES x"); }), HasSubstr("Commands: VARMODEL, COUNTCASES"));
-  EXPECT_THAT(faultOf<UsageError>([&] { run("/MODEL"); }), HasSubstr("begins with its name: VARMODEL, COUNTCASES"));
+  EXPECT_THAT(faultOf<UsageError>([&] { run("FREQUENCIES x"); }),
+              HasSubstr("Commands: VARMODEL, VARDYNAMICS, COUNTCASES"));
+  EXPECT_THAT(faultOf<UsageError>([&] { run("/MODEL"); }),
+              HasSubstr("begins with its name: VARMODEL, VARDYNAMICS, COUNTCASES"));
 }
 
 }  // namespace

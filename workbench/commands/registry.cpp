@@ -4,6 +4,7 @@
 
 #include "workbench/base/errors.h"
 #include "workbench/base/suggest.h"
+#include "workbench/commands/vardynamics/vardynamics_command.h"
 #include "workbench/commands/varmodel/varmodel_command.h"
 #include "workbench/dataset/dataset.h"
 #include "workbench/language/lexer.h"
@@ -16,6 +17,7 @@ std::vector<std::unique_ptr<Command>>& registered() {
   static std::vector<std::unique_ptr<Command>> list = [] {
     std::vector<std::unique_ptr<Command>> known;
     known.push_back(std::make_unique<VarmodelCommand>());
+    known.push_back(std::make_unique<VardynamicsCommand>());
     return known;
   }();
   return list;

@@ -1,0 +1,18 @@
+// What the workbench knows of VARDYNAMICS.
+
+#pragma once
+
+#include "workbench/commands/common/command.h"
+
+namespace workbench {
+
+class VardynamicsCommand final : public Command {
+ public:
+  std::string name() const override { return "VARDYNAMICS"; }
+  std::string library() const override { return "vardynamics_procedure.so"; }
+  bool includesUserMissing(const CallRecord& parsed) const override;
+  bool readsFutureCases() const override { return true; }
+  std::unique_ptr<Composer> composer() const override;
+};
+
+}  // namespace workbench
