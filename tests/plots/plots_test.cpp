@@ -126,6 +126,17 @@ TEST(Plots, LinesFitTheWidthAndShowSeriesGapsAndDates) {
   EXPECT_LE(withGlyph, 10U);  // not the rows in between
 }
 
+TEST(Plots, GlyphsStayWithTheirNames) {
+  SKIP_WITHOUT_GNUPLOT();
+  ChartDocument document;
+  document.chart("T");
+  for (const char* name : {"realgdp", "realcons", "realinv", "realgovt", "realdpi", "cpi", "m1"})
+    document.series(name, {1, 2});
+  const auto lines = linesOf(document.paint());
+  EXPECT_THAT(lines[1], testing::EndsWith("@ realdpi  & cpi"));
+  EXPECT_EQ(lines[2], "= m1");
+}
+
 TEST(Plots, BarsStandOnTheZeroLineWithTheirValues) {
   SKIP_WITHOUT_GNUPLOT();
   const std::string text = ChartDocument().chart("ACF", "interval").series("r", {1, -0.5, 0.06}).paint({","});

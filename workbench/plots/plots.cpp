@@ -27,6 +27,7 @@ constexpr int kSquareHeight = 21;
 constexpr int kCellHeight = 9;
 constexpr int kNarrowestCell = 26;
 constexpr int kCellGap = 2;
+constexpr std::string_view kTied = "\u00a0";  // a blank at which no line breaks
 constexpr int kLongestName = 32;
 
 std::string shortName(std::string_view name) {
@@ -37,13 +38,13 @@ std::string wrapped(const std::string& text, int width) {
   return fmt::format("{}\n", fmt::join(wrapText(text, width), "\n"));
 }
 
-// "* realgdp  # realcons"; empty for one series.
+// "* realgdp  # realcons", no glyph at a line's end without its name; empty for one series.
 std::string legend(const Chart& chart) {
   if (chart.data.series.size() < 2) return {};
   const auto glyphs = seriesGlyphs(chart, layOutChart(chart));
   std::vector<std::string> entries;
   for (const auto& [i, glyph] : glyphs)
-    entries.push_back(fmt::format("{} {}", glyph, shortName(chart.data.series[i].name)));
+    entries.push_back(fmt::format("{}{}{}", glyph, kTied, shortName(chart.data.series[i].name)));
   if (glyphs.size() < chart.data.series.size())
     entries.push_back(tr("(the first ^1 of ^2 series)", glyphs.size(), chart.data.series.size()));
   return fmt::format("{}", fmt::join(entries, "  "));
@@ -119,7 +120,10 @@ std::string plotHeading(const Chart& chart, const TerminalStyle& style) {
   std::string text = paintHeading(chart.spec.title, style);
   if (chart.data.problem) return text;
   const std::string series = legend(chart.cells.empty() ? chart : chart.cells.front());
-  return text + wrapped(axes(chart) + (series.empty() ? "" : ": " + series), width);
+  std::string lines = wrapped(axes(chart) + (series.empty() ? "" : ": " + series), width);
+  for (std::size_t at = lines.find(kTied); at != std::string::npos; at = lines.find(kTied, at))
+    lines.replace(at, kTied.size(), " ");
+  return text + lines;
 }
 
 // Draws charts, first as gnuplot's commands for all of them, then from its output, in the same order.
