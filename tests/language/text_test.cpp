@@ -7,6 +7,7 @@
 #include "workbench/base/suggest.h"
 #include "workbench/base/text_excerpt.h"
 #include "workbench/base/utf8.h"
+#include "workbench/language/command_list.h"
 #include "workbench/language/lexer.h"
 #include "workbench/language/quoting.h"
 
@@ -54,6 +55,23 @@ TEST(Suggest, OffersOnlyWhatIsNear) {
                                                                   {"completely else", ""}};
   for (const auto& [text, expected] : cases) EXPECT_EQ(expected, nearestName(text, names).value_or("")) << text;
   EXPECT_EQ(" Known: a, b.", didYouMeanOrList("zzzz", {"a", "b"}, "Known"));
+}
+
+TEST(CommandList, ACommandEndsAtAFullStopThatEndsAWord) {
+  const std::string text = "A /B C=1.5 'x. y'. # no. end\nGröße. B /* x. */ D=a.b,c\t.\n .\tLAST E=\"f.csv\" /F\n";
+  const std::vector<std::string> commands = splitCommands(text);
+  ASSERT_EQ(4u, commands.size());
+  EXPECT_EQ("A /B C=1.5 'x. y'.", commands[0]);
+  for (std::size_t i = 0; i < commands.size(); ++i) {
+    // Every character stands at its line and column.
+    const std::string first = lex(commands[i]).front().text;
+    const TextPosition seen = positionOf(commands[i], commands[i].find(first));
+    const TextPosition wanted = positionOf(text, text.find(i == 2 ? "B /*" : first));
+    EXPECT_EQ(wanted.line, seen.line) << first;
+    EXPECT_EQ(wanted.column, seen.column) << first;
+  }
+  EXPECT_EQ(std::vector<std::string>{"A /B"}, splitCommands("A /B"));
+  EXPECT_EQ(std::vector<std::string>{" . "}, splitCommands(" . "));
 }
 
 TEST(Quoting, AQuotedNameReadsBack) {

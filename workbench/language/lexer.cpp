@@ -7,16 +7,15 @@ namespace workbench {
 
 namespace {
 
-constexpr std::string_view kBlanks = " \t\r\n\f\v";
 constexpr std::string_view kWordEnds = " \t\r\n\f\v/=,[]()";
 
 class Lexer {
  public:
-  explicit Lexer(std::string_view source) : source_(source) {}
+  Lexer(std::string_view source, bool dropsFinalStop) : source_(source), dropsFinalStop_(dropsFinalStop) {}
 
   std::vector<Token> run() {
     while (skipBlanks()) readToken();
-    dropFinalStop();
+    if (dropsFinalStop_) dropFinalStop();
     add(TokenKind::end, source_.size());
     return std::move(tokens_);
   }
@@ -98,6 +97,7 @@ class Lexer {
   }
 
   std::string_view source_;
+  bool dropsFinalStop_;
   std::size_t at_ = 0;
   std::vector<Token> tokens_;
 };
@@ -105,7 +105,11 @@ class Lexer {
 }  // namespace
 
 std::vector<Token> lex(std::string_view source) {
-  return Lexer(source).run();
+  return Lexer(source, true).run();
+}
+
+std::vector<Token> lexWithStops(std::string_view source) {
+  return Lexer(source, false).run();
 }
 
 }  // namespace workbench

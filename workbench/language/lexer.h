@@ -39,7 +39,12 @@ struct Token {
   std::string text;  // a string without quotes; empty for the kinds that stand for themselves
 };
 
+// White space.
+inline constexpr std::string_view kBlanks = " \t\r\n\f\v";
+
 // The last token, and only that one, is `end`.
 std::vector<Token> lex(std::string_view source);
+// The same with the full stop at the end as part of its word.
+std::vector<Token> lexWithStops(std::string_view source);
 
 }  // namespace workbench
