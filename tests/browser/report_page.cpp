@@ -15,12 +15,13 @@ std::string text(const rapidjson::Value& value) {
 workbench::ReportInput readInput(const rapidjson::Document& json) {
   using Kind = workbench::ReportMessage::Kind;
   workbench::ReportInput input;
-  input.document = &json["document"];
-  input.commandText = text(json["command"]);
+  workbench::ReportOutput& output = input.outputs.emplace_back();
+  output.document = &json["document"];
+  output.commandText = text(json["command"]);
   for (const auto& fact : json["facts"].GetArray()) input.facts.push_back({text(fact[0]), text(fact[1])});
   for (const auto& message : json["messages"].GetArray())
     input.messages.push_back({static_cast<Kind>(message[0].GetInt()), text(message[1])});
-  for (const auto& file : json["savedFiles"].GetArray()) input.savedFiles.push_back(text(file));
+  for (const auto& file : json["savedFiles"].GetArray()) output.savedFiles.push_back(text(file));
   return input;
 }
 

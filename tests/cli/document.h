@@ -1,4 +1,4 @@
-// Reading a run's output document in tests.
+// Reading the record of a run in tests.
 
 #pragma once
 
@@ -9,19 +9,24 @@
 
 #include "host/json_document.h"
 
-// The document that `--json` wrote.
+// The documents in what `--json` wrote; an item is looked for in the last command's document first.
 class OutputDocument {
  public:
   explicit OutputDocument(const std::string& text) {
-    document_.Parse<rapidjson::kParseFullPrecisionFlag>(text.c_str(), text.size());
-    if (document_.HasParseError() || !document_.IsObject()) throw std::runtime_error("not a JSON document: " + text);
+    record_.Parse<rapidjson::kParseFullPrecisionFlag>(text.c_str(), text.size());
+    if (record_.HasParseError() || !record_.IsObject()) throw std::runtime_error("not a JSON record: " + text);
   }
 
+  const rapidjson::Document& record() const { return record_; }
+
   const rapidjson::Value& item(const std::string& name) const {
-    for (const auto& one : document_["items"].GetArray()) {
-      if (name == one["name"].GetString()) return one;
+    const rapidjson::Value& documents = record_["documents"];
+    for (rapidjson::SizeType i = documents.Size(); i > 0; --i) {
+      for (const auto& one : documents[i - 1]["document"]["items"].GetArray()) {
+        if (name == one["name"].GetString()) return one;
+      }
     }
-    throw std::runtime_error("the document has no item " + name);
+    throw std::runtime_error("no document has an item " + name);
   }
 
   // A table's cells, row by row over leaf columns; NaN for what is no number.
@@ -45,5 +50,5 @@ class OutputDocument {
   std::string footnote(const std::string& table) const { return item(table)["footnotes"][0].GetString(); }
 
  private:
-  rapidjson::Document document_;
+  rapidjson::Document record_;
 };

@@ -25,18 +25,24 @@ rapidjson::Document readReference(const std::string& name) {
   return document;
 }
 
-std::vector<std::string> commandLine(const rapidjson::Value& wanted) {
-  std::vector<std::string> line = {"fit",      "us_macro_quarterly.csv", "--json", "out.json", "--start", "year=1959",
-                                   "quarter=1"};
-  for (const std::string list : {"endogenous", "exogenous", "lag"}) {
-    if (!wanted[list].Empty()) line.push_back("--" + list);
-    for (const auto& word : wanted[list].GetArray()) line.emplace_back(word.GetString());
-  }
-  for (const std::string number : {"minlag", "maxlag", "cilevel"}) {
-    line.insert(line.end(), {"--" + number, std::to_string(wanted[number].GetInt())});
-  }
-  line.insert(line.end(), {"--predict", std::to_string(wanted["horizon"].GetInt())});
-  return line;
+// Everything of one command, also where it chooses among lags.
+std::string jobOf(const rapidjson::Value& wanted) {
+  const auto list = [&](const char* name) {
+    std::string words;
+    for (const auto& word : wanted[name].GetArray()) words += std::string(" ") + word.GetString();
+    return words;
+  };
+  const auto number = [&](const char* name) { return std::to_string(wanted[name].GetInt()); };
+  const std::string exogenous = list("exogenous");
+  return "command = '''\nVARMODEL PREDICT /MODEL ENDOGENOUS=" + list("endogenous") +
+         (exogenous.empty() ? "" : " EXOGENOUS=" + exogenous) + " LAG=[" + list("lag") +
+         "] MINLAG=" + number("minlag") + " MAXLAG=" + number("maxlag") +
+         "\n/METHOD TYPE=[OLS]\n/MODELSTATISTICS MODELFIT=[DESCRIPTIVES GOODFIT PARAMETERS RES RESIDACF MSE RMSE MAE "
+         "MAPE RSQUARE ARSQUARE CORRMATRIX EIGEN TNORM TAUTO FORECASTS]\n/AUXILIARY CILEVEL=" +
+         number("cilevel") +
+         "\n'''\n[data]\nsource = \"us_macro_quarterly.csv\"\n[dates]\nstart = { year = 1959, quarter = 1 }\n"
+         "[predict]\nthru = " +
+         std::to_string(203 + wanted["horizon"].GetInt()) + "\n";
 }
 
 void expectClose(double seen, double wanted, double allowed, const std::string& what) {
@@ -48,7 +54,8 @@ class ReferenceTest : public testing::TestWithParam<const char*> {
   void SetUp() override {
     reference_ = readReference(GetParam());
     Workspace space;
-    const ProgramRun run = space.example("us_macro_quarterly.csv").run(commandLine(reference_["case"]));
+    space.example("us_macro_quarterly.csv").file("job.toml", jobOf(reference_["case"]));
+    const ProgramRun run = space.run({"run", "job.toml", "--json", "out.json"});
     ASSERT_EQ(run.exitCode, 0) << run.out << run.err;
     document_ = std::make_unique<OutputDocument>(space.read("out.json"));
   }

@@ -188,15 +188,4 @@ TEST_F(Run, PipedOutputHasNoColourAndFitsEightyColumns) {
   }
 }
 
-TEST_F(Run, FitComposesPrintsAndRunsACommand) {
-  const ProgramRun run =
-      space.run({"fit", "us_macro_quarterly.csv", "--endogenous", "realgdp", "realcons", "--maxlag", "5", "--lag",
-                 "aic", "hqic", "--predict", "3", "--start", "year=1959", "quarter=1", "--json", "out.json"});
-  EXPECT_EQ(run.exitCode, 0) << run.out << run.err;
-  EXPECT_THAT(run.out, AllOf(HasSubstr("VARMODEL PREDICT\n"), HasSubstr("LAG=[AIC HQIC] MAXLAG=5"),
-                             HasSubstr("To have everything for lag 4, give --minlag 4 --maxlag 4.")));
-  EXPECT_EQ(document().columnLabels("Forecast").at(2), "2010Q2");
-  EXPECT_STREQ(document().item("Residuals")["type"].GetString(), "chart");
-}
-
 }  // namespace

@@ -15,6 +15,12 @@ using testing::StartsWith;
 
 enum ExitCode { success = 0, procedure = 1, usage = 2, data = 3, output = 4 };
 
+// What a record tells of data and documents, without the command line.
+std::string outcomeIn(const std::string& record) {
+  const auto at = [&](const char* key) { return std::min(record.find(key), record.size()); };
+  return record.substr(at("\"sha256\""), 75) + record.substr(at("\"documents\""));
+}
+
 class Streams : public testing::Test {
  protected:
   Streams() { space.example("us_macro_quarterly.csv").file("job.toml", job); }
@@ -35,7 +41,7 @@ class Streams : public testing::Test {
 TEST_F(Streams, StandardOutputIsOneFileAndNothingElse) {
   ASSERT_EQ(fit(input, {"--json", "out.json"}).exitCode, success);
   const ProgramRun json = fit(input, {"--json", "-", "--html", "page.html", "--save", "out.csv"});
-  EXPECT_EQ(json.out, space.read("out.json"));
+  EXPECT_EQ(outcomeIn(json.out), outcomeIn(space.read("out.json")));
   EXPECT_EQ(json.exitCode, success) << json.err;
   EXPECT_THAT(fit(input, {"--html", "-"}).out, StartsWith("<!DOCTYPE html>"));
   EXPECT_THAT(fit(input, {"--trace", "-"}).out, StartsWith("VARSubCommands::"));
@@ -44,14 +50,14 @@ TEST_F(Streams, StandardOutputIsOneFileAndNothingElse) {
 TEST_F(Streams, StandardInputIsDataOrJob) {
   ASSERT_EQ(fit(input, {"--json", "out.json"}).exitCode, success);
   const std::string query = "SELECT * FROM source";
-  EXPECT_EQ(fit("-", {"--json", "-"}, "<" + input).out, space.read("out.json"));
-  EXPECT_EQ(fit("-", {"--json", "-", "--query", query}, "<" + input).out, space.read("out.json"));
+  EXPECT_EQ(outcomeIn(fit("-", {"--json", "-"}, "<" + input).out), outcomeIn(space.read("out.json")));
+  EXPECT_EQ(outcomeIn(fit("-", {"--json", "-", "--query", query}, "<" + input).out), outcomeIn(space.read("out.json")));
   EXPECT_THAT(fit("-", {}, "</dev/null").err, HasSubstr("standard input: there are no cases in it."));
   EXPECT_EQ(fit("-", {}, "<&-").exitCode, data);
 
   EXPECT_EQ(space.run({"run", "-", "-q", "--json", "piped.json"}, "<job.toml").exitCode, success);
   ASSERT_EQ(space.run({"run", "job.toml", "-q", "--json", "out.json"}).exitCode, success);
-  EXPECT_EQ(space.read("piped.json"), space.read("out.json"));
+  EXPECT_EQ(outcomeIn(space.read("piped.json")), outcomeIn(space.read("out.json")));
   space.file("twice.toml", job.substr(0, job.find("source")) + "source = '-'\n");
   const ProgramRun twice = space.run({"run", "-"}, "<twice.toml");
   EXPECT_EQ(twice.exitCode, usage);

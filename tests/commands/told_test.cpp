@@ -35,7 +35,7 @@ class Told : public testing::Test {
 
   // The run with what was given up to here.
   FinishedRun finished() {
-    FinishedRun run{command_, input_, "VARMODEL /MODEL", 1.0, false, {}, streams_, {}};
+    FinishedRun run{command_, input_, "VARMODEL /MODEL", 1.0, false, false, {}, streams_, {}};
     static_cast<CallRecord&>(run.record) = std::move(record_);
     run.outcome = command_.outcome(run.record, run.streams);
     return run;
@@ -231,7 +231,7 @@ TEST_F(Told, NotesBelowTables) {
         (R"({"items":[{"type":"table","name":")" + table + R"(","rows":["a","b"],"cells":)" + cells + "}]}").c_str());
     const CommandRunner current(input_, {});
     const FinishedRun run = finished();
-    const ItemNotes found = command_.itemNotes(run);
+    const auto found = command_.view(run).notes;
     return found.empty() ? std::vector<std::string>() : found.begin()->second;
   };
   EXPECT_THAT(notes({"PARAMETERS"}, "VAR Model Parameters - a", "[]"),
@@ -264,7 +264,7 @@ TEST(UsableLag, LeavesAsManyRowsAsSeries) {
        {std::pair<std::size_t, std::int64_t>{3, 0}, {6, 0}, {7, 1}, {9, 1}, {10, 2}, {78, 24}, {79, 25}, {500, 25}}) {
     input.dataset.rowCount = rows;
     for (Column& column : input.dataset.columns) column.numbers.assign(rows, 1.0);
-    FinishedRun run{command, input, "", 1.0, false, {}, {}, {}};
+    FinishedRun run{command, input, "", 1.0, false, false, {}, {}, {}};
     run.record.passes.resize(1);
     run.record.requestedLists = {{"MODEL ENDOGENOUS", {"a", "b"}}, {"MODEL EXOGENOUS", {"x"}}};
     run.record.requestedNumbers["MODEL MAXLAG"] = static_cast<double>(lag);
@@ -291,13 +291,18 @@ TEST(FitComposer, ComposesWhatItsOptionsAskFor) {
       "  /METHOD TYPE=[OLS]\n"
       "  /MODELSTATISTICS MODELFIT=[DESCRIPTIVES GOODFIT PARAMETERS RES RESIDACF MSE RMSE MAE MAPE\n"
       "    RSQUARE ARSQUARE CORRMATRIX EIGEN TNORM TAUTO";
+  const std::string choice = "  /METHOD TYPE=[OLS]\n  /MODELSTATISTICS MODELFIT=[GOODFIT PARAMETERS]\n";
   const std::string charts = "  /SERIESPLOT PLOT=[TIMESERIES ACF RES RESCOMB RESACF FIT";
   EXPECT_EQ(composed({"--endogenous", "a", "two words"}, {}),
-            "VARMODEL\n  /MODEL ENDOGENOUS=a \"two words\" LAG=[BIC]\n" + statistics + "]\n" + charts + "]\n");
-  EXPECT_EQ(composed({"--endogenous", "a", "b", "--exogenous", "x", "--lag", "aic", "hqic", "--minlag", "2", "--maxlag",
+            "VARMODEL\n  /MODEL ENDOGENOUS=a \"two words\" LAG=[BIC]\n" + choice);
+  EXPECT_EQ(composed({"--endogenous", "a", "b", "--minlag", "2", "--maxlag", "5", "--save", "out.csv"}, 4),
+            "VARMODEL\n  /MODEL ENDOGENOUS=a b LAG=[BIC] MINLAG=2 MAXLAG=5\n" + choice);
+  EXPECT_EQ(composed({"--endogenous", "a", "b", "--maxlag", "1"}, {}),
+            "VARMODEL\n  /MODEL ENDOGENOUS=a b LAG=[BIC] MINLAG=1 MAXLAG=1\n" + statistics + "]\n" + charts + "]\n");
+  EXPECT_EQ(composed({"--endogenous", "a", "b", "--exogenous", "x", "--lag", "aic", "hqic", "--minlag", "3", "--maxlag",
                       "3", "--cilevel", "97.5", "--save", "out.csv", "--include-missing"},
                      4),
-            "VARMODEL PREDICT\n  /MODEL ENDOGENOUS=a b EXOGENOUS=x LAG=[AIC HQIC] MINLAG=2 MAXLAG=3\n" + statistics +
+            "VARMODEL PREDICT\n  /MODEL ENDOGENOUS=a b EXOGENOUS=x LAG=[AIC HQIC] MINLAG=3 MAXLAG=3\n" + statistics +
                 " FORECASTS]\n" + charts +
                 " FORECAST]\n  /SAVE FILE=\"out.csv\" PREDICTED NRESIDUAL\n  /AUXILIARY CILEVEL=97.5\n"
                 "  /MISSING USERMISSING=INCLUDE\n");

@@ -52,11 +52,12 @@ rapidjson::Document documentNaming(const std::string& name) {
 std::string pageNaming(const std::string& name) {
   const rapidjson::Document document = documentNaming(name);
   ReportInput input;
-  input.document = &document;
-  input.commandText = name;
+  ReportOutput output{
+      .document = &document, .commandText = name, .view = {}, .facts = {{name, name}}, .savedFiles = {name}};
+  output.view.notes[0] = {name};
+  input.outputs = {output};
   input.facts = {{name, name}};
   input.messages = {{ReportMessage::Kind::error, name}};
-  input.savedFiles = {name};
   return renderReport(input);
 }
 
@@ -133,7 +134,7 @@ TEST(Report, SaysWhatACrippledChartLacks) {
   const rapidjson::Document document = parseJson(R"({"items": [{"type": "chart", "name": "Bare"},
     {"type": "chart", "name": "Odd", "vizl": [1], "columns": []}, {"type": "song"}, 3]})");
   ReportInput input;
-  input.document = &document;
+  input.outputs.emplace_back().document = &document;
   const std::string page = markupOf(renderReport(input));
   EXPECT_THAT(page, HasSubstr("<h3><bdi>Bare</bdi></h3>\n<p class=\"remark problem\">"));
   EXPECT_THAT(page, HasSubstr("(not a text)"));

@@ -15,7 +15,8 @@ constexpr int usageExitCode = 2;
 
 void addOutputOptions(CLI::App& app, OutputOptions& options) {
   app.add_option("--html", options.html, "Write the report, one self-contained page, to FILE")->type_name("FILE");
-  app.add_option("--json", options.json, "Write the output document as JSON to FILE")->type_name("FILE");
+  app.add_option("--json", options.json, "Write the record of the run, with its output documents, as JSON to FILE")
+      ->type_name("FILE");
   app.add_option("--trace", options.trace, "Write the procedure's trace to FILE")->type_name("FILE");
   app.add_option("--lang", options.language, "Language of the output: en, or one that has a dictionary (default: en)")
       ->type_name("CODE");
@@ -77,7 +78,11 @@ Invocation parseCommandLine(int argc, const char* const* argv) {
   } catch (const CLI::ParseError& error) {
     return EndNow{program.exit(error, std::cout, std::cerr) == 0 ? 0 : usageExitCode};
   }
-  for (const ComposeOptions& options : composed) {
+  std::vector<std::string> words(argv + 1, argv + argc);
+  words.insert(words.begin(), program.get_name());
+  run.output.commandLine = words;
+  for (ComposeOptions& options : composed) {
+    options.output.commandLine = words;
     if (program.got_subcommand(options.composer->name())) return options;
   }
   return run;

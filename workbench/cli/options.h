@@ -19,13 +19,14 @@ enum class Verbosity { quiet, normal, verbose };
 struct OutputOptions {
   // Files, "-" for standard output, empty for none.
   std::filesystem::path html;   // the report
-  std::filesystem::path json;   // the document as the procedure delivered it
+  std::filesystem::path json;   // the record of the run
   std::filesystem::path trace;  // the procedure's trace lines
   std::string language = "en";  // of titles, labels, messages and numbers
   bool plots = false;           // draw the charts in the terminal
   bool summary = false;         // print the procedure's text summary
   bool timings = false;         // one line a stage on stderr
   Verbosity verbosity = Verbosity::normal;
+  std::vector<std::string> commandLine;  // as given, for the record
 
   // A file is called "-": standard output is its, and shows nothing else.
   bool takesStandardOutput() const {

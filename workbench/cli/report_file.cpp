@@ -1,9 +1,5 @@
 #include "workbench/cli/report_file.h"
 
-#include <fmt/core.h>
-
-#include "workbench/commands/common/analysed_rows.h"
-#include "workbench/dates/case_label.h"
 #include "workbench/edge/texts.h"
 #include "workbench/render/number_format.h"
 #include "workbench/report/report.h"
@@ -26,34 +22,77 @@ ReportMessage::Kind reportKind(RunMessage::Kind kind) {
   return ReportMessage::Kind::note;
 }
 
-void addRowFacts(const FinishedRun& run, std::vector<ReportFact>& facts) {
-  const std::optional<AnalysedRows> rows = analysedRows(run);
-  if (!rows) return;
-  const RowAccount& account = rows->account;
-  facts.push_back({tr("Rows"), tr("^1 read, ^2 used, ^3 dropped", account.read, account.used, account.dropped)});
-  if (account.used == 0) return;
-  facts.push_back({tr("Sample"), tr("^1 to ^2", caseLabel(run.input.dataset, run.input.trends, account.firstUsed),
-                                    caseLabel(run.input.dataset, run.input.trends, account.lastUsed))});
+std::string joined(const std::vector<std::string>& words) {
+  std::string line;
+  for (const std::string& word : words) {
+    const bool plain = !word.empty() && word.find_first_of(" \t\n'\"\\$*?()[]{}<>|&;#~`!") == std::string::npos;
+    std::string quoted;
+    for (const char c : word) quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
+    line += (line.empty() ? "" : " ") + (plain ? word : "'" + quoted + "'");
+  }
+  return line;
+}
+
+std::vector<ReportFact> factsOf(const RunDescription& description) {
+  std::vector<ReportFact> facts = {{tr("Data source"), description.source}};
+  if (!description.query.empty()) facts.push_back({tr("Query"), description.query});
+  facts.push_back({tr("Data read"), tr("^1 rows, ^2 variables", description.rows, description.variables)});
+  facts.push_back({tr("SHA-256 of the values"), description.fingerprint});
+  for (const auto& [key, value] : description.settings) facts.push_back({key, value});
+  facts.push_back({tr("Command line"), joined(description.commandLine)});
+  facts.push_back({tr("Version"), description.program + " " + description.version});
+  for (const auto& [stage, seconds] : description.seconds) {
+    facts.push_back({stage, tr("^1 s", formatNumber(seconds, {.decimals = 3}, sessionLocale()).text)});
+  }
+  std::erase_if(facts, [](const ReportFact& fact) { return fact.value.empty(); });
+  return facts;
+}
+
+std::string whyMissing(const RowDescription& rows) {
+  std::string why;
+  for (const auto& [variable, times] : rows.missing) {
+    why += (why.empty() ? "" : ", ") + tr("^1 missing in ^2", variable, times);
+  }
+  return why.empty() ? "" : " (" + why + ")";
+}
+
+std::vector<ReportFact> factsOf(const FinishedRun& run) {
+  std::vector<ReportFact> facts;
+  if (const auto rows = describeRows(run)) {
+    facts.push_back(
+        {tr("Rows"), tr("^1 read, ^2 used, ^3 dropped", rows->read, rows->used, rows->dropped) + whyMissing(*rows)});
+    if (rows->used > 0) facts.push_back({tr("Sample"), tr("^1 to ^2", rows->first, rows->last)});
+  }
+  if (run.scale != 1.0) {
+    facts.push_back({tr("Unit"), tr("endogenous series multiplied by ^1", fullPrecision(run.scale))});
+  }
+  return facts;
+}
+
+ReportOutput outputOf(const ToldRun& told) {
+  ReportOutput output{.document = &told.run.record.document,
+                      .commandText = told.run.text,
+                      .view = told.view,
+                      .facts = factsOf(told.run),
+                      .savedFiles = {}};
+  for (const auto& file : told.run.record.savedFiles) output.savedFiles.push_back(file.string());
+  return output;
 }
 
 }  // namespace
 
-std::string reportPage(const FinishedRun& run, const std::vector<RunMessage>& messages, double seconds) {
-  ReportInput input;
-  input.document = &run.record.document;
-  input.commandText = run.text;
-  input.language = run.input.language;
-  input.locale = sessionLocale();
-  input.itemNotes = run.command.itemNotes(run);
-  input.facts.push_back({tr("Data source"), run.input.dataset.origin});
-  addRowFacts(run, input.facts);
-  if (run.scale != 1.0) {
-    input.facts.push_back({tr("Unit"), tr("endogenous series multiplied by ^1", fullPrecision(run.scale))});
+std::string reportPage(const RunDescription& description, const std::vector<ToldRun>& runs) {
+  ReportInput input{.outputs = {},
+                    .facts = factsOf(description),
+                    .messages = {},
+                    .language = description.language,
+                    .locale = sessionLocale()};
+  for (const ToldRun& told : runs) {
+    input.outputs.push_back(outputOf(told));
+    for (const RunMessage& message : told.messages) {
+      input.messages.push_back({reportKind(message.kind), message.shown()});
+    }
   }
-  input.facts.push_back({tr("Version"), VARMODEL_VERSION});
-  input.facts.push_back({tr("Duration"), tr("^1 s", formatNumber(seconds, {.decimals = 3}, input.locale).text)});
-  for (const RunMessage& message : messages) input.messages.push_back({reportKind(message.kind), message.text});
-  for (const auto& file : run.record.savedFiles) input.savedFiles.push_back(file.string());
   return renderReport(input);
 }
 

@@ -5,11 +5,12 @@
 #include <string>
 #include <vector>
 
-#include "workbench/commands/common/run_messages.h"
+#include "workbench/cli/job_runs.h"
+#include "workbench/cli/run_description.h"
 
 namespace workbench {
 
-// The whole page: command, run facts, messages, every table and chart. `seconds` is the time the run took.
-std::string reportPage(const FinishedRun& run, const std::vector<RunMessage>& messages, double seconds);
+// The whole page: run facts, messages, and every command with its tables and charts.
+std::string reportPage(const RunDescription& description, const std::vector<ToldRun>& runs);
 
 }  // namespace workbench

@@ -54,21 +54,30 @@ void showNotes(const std::vector<RunMessage>& messages, bool aboveOutput) {
   for (const RunMessage& message : messages) {
     if (message.kind != RunMessage::Kind::note || message.aboveOutput != aboveOutput) continue;
     if (!aboveOutput && std::exchange(first, false)) put(stdout, "\n");
-    put(stdout, paintMessage(labelOf(message.kind), message.text, style) + (aboveOutput ? "\n" : ""));
+    put(stdout, paintMessage(labelOf(message.kind), message.shown(), style) + (aboveOutput ? "\n" : ""));
   }
 }
 
-void showOutput(const FinishedRun& run, const std::vector<RunMessage>& messages, const OutputOptions& options) {
-  const rapidjson::Document& document = run.record.document;
+// Which command of several this is; a command that was composed beside the first one is shown here.
+void showHead(const ToldRun& told) {
+  if (told.number == 0) return;
+  put(stdout,
+      (told.number > 1 ? "\n" : "") + paintHeading(tr("Command ^1", told.number), styleOf(STDOUT_FILENO)) + "\n");
+  if (told.run.input.composed && told.number > 1) put(stdout, told.run.text + "\n");
+}
+
+void showOutput(const ToldRun& told, const OutputOptions& options) {
+  const rapidjson::Document& document = told.run.record.document;
   TerminalStyle style = styleOf(STDOUT_FILENO);
   const Plots plots = options.plots ? paintPlots(document, style, sessionLocale()) : Plots{};
   style.listsCharts = plots.text.empty();
   if (!plots.problem.empty()) put(stderr, paintMessage("warning", plots.problem, messageStyle(STDERR_FILENO)));
-  showNotes(messages, true);
-  put(stdout, paintDocumentTerminal(document, style, sessionLocale(), run.command.itemNotes(run)));
+  showHead(told);
+  showNotes(told.messages, true);
+  put(stdout, paintDocumentTerminal(document, style, sessionLocale(), told.view));
   if (!plots.text.empty()) put(stdout, "\n" + plots.text);
-  showNotes(messages, false);
-  for (const auto& file : run.record.savedFiles) put(stdout, tr("saved: ^1", file.string()) + "\n");
+  showNotes(told.messages, false);
+  for (const auto& file : told.run.record.savedFiles) put(stdout, tr("saved: ^1", file.string()) + "\n");
 }
 
 void showSummary(const FinishedRun& run) {
@@ -93,14 +102,15 @@ void showError(const std::string& text) {
   put(stderr, paintMessage("error", text, messageStyle(STDERR_FILENO)));
 }
 
-void showRun(const FinishedRun& run, const std::vector<RunMessage>& messages, const OutputOptions& options) {
+void showRun(const ToldRun& told, const OutputOptions& options) {
+  const FinishedRun& run = told.run;
   if (options.verbosity == Verbosity::verbose) put(stderr, run.streams.out + run.streams.err);
-  if (options.showsOutput() && run.record.document.IsObject()) showOutput(run, messages, options);
+  if (options.showsOutput() && told.hasOutput()) showOutput(told, options);
   if (options.summary) showSummary(run);
   std::fflush(stdout);
-  for (const RunMessage& message : messages) {
+  for (const RunMessage& message : told.messages) {
     if (!isForStandardError(message, options)) continue;
-    put(stderr, paintMessage(labelOf(message.kind), message.text, messageStyle(STDERR_FILENO)));
+    put(stderr, paintMessage(labelOf(message.kind), message.shown(), messageStyle(STDERR_FILENO)));
   }
 }
 

@@ -3,13 +3,13 @@
 
 #pragma once
 
+#include "workbench/cli/job_runs.h"
 #include "workbench/cli/options.h"
-#include "workbench/commands/common/run_messages.h"
 
 namespace workbench {
 
 // With -q only what explains a failure is shown.
-void showRun(const FinishedRun& run, const std::vector<RunMessage>& messages, const OutputOptions& options);
+void showRun(const ToldRun& told, const OutputOptions& options);
 
 // A line on standard output. Throws OutputError.
 void showLine(const std::string& text);

@@ -69,6 +69,7 @@ struct CallRecord {
   // the file; "MODEL MAXLAG" to its number.
   std::map<std::string, std::vector<std::string>> requestedLists;
   std::map<std::string, double> requestedNumbers;
+  std::vector<std::string> namedFiles;  // as the command writes them
   std::vector<Message> messages;
   std::vector<CasePass> passes;
   std::vector<std::filesystem::path> savedFiles;

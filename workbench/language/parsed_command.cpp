@@ -13,6 +13,19 @@ std::map<std::string, std::vector<std::string>> requestedLists(const ParsedComma
   return lists;
 }
 
+std::vector<std::string> namedFiles(const ParsedCommand& command, const CommandDescription& description) {
+  std::vector<std::string> files;
+  for (const ParsedSubcommand& subcommand : command.subcommands) {
+    const SubcommandDescription* described = findSubcommand(description, subcommand.name);
+    for (const ParsedParameter& given : subcommand.parameters) {
+      const ParameterDescription* parameter = described == nullptr ? nullptr : findParameter(*described, given.name);
+      if (parameter == nullptr || parameter->kind != ParameterKind::file) continue;
+      files.insert(files.end(), given.texts.begin(), given.texts.end());
+    }
+  }
+  return files;
+}
+
 std::map<std::string, double> requestedNumbers(const ParsedCommand& command) {
   std::map<std::string, double> numbers;
   for (const ParsedSubcommand& subcommand : command.subcommands) {

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "workbench/language/command_description.h"
 #include "workbench/language/syntax_error.h"
 
 namespace workbench {
@@ -32,7 +33,9 @@ struct ParsedCommand {
 
 // "SUBCOMMAND PARAMETER" leads to the variables, keywords or text given.
 std::map<std::string, std::vector<std::string>> requestedLists(const ParsedCommand& command);
-// The same for numbers, of a list the first.
+// The files that the command names, in its parameters that are files.
+std::vector<std::string> namedFiles(const ParsedCommand& command, const CommandDescription& description);
+// The same as requestedLists for numbers, of a list the first.
 std::map<std::string, double> requestedNumbers(const ParsedCommand& command);
 
 }  // namespace workbench

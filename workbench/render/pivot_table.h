@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <map>
+#include <set>
 #include <string>
 #include <variant>
 #include <vector>
@@ -70,8 +71,11 @@ struct ChartItem {
   const rapidjson::Value* json = nullptr;  // the item itself, in the document
 };
 
-// Notes of the workbench below tables and charts, by the place of the item among those of its document.
-using ItemNotes = std::map<std::size_t, std::vector<std::string>>;
+// How a document is shown beyond what it holds. Items are named by their places among those of the document.
+struct DocumentView {
+  std::map<std::size_t, std::vector<std::string>> notes;  // of the workbench, below tables and charts
+  std::set<std::size_t> hidden;
+};
 
 using DocumentItem = std::variant<PivotTable, ChartItem>;
 

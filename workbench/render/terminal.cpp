@@ -198,15 +198,17 @@ std::string paintTerminal(const PivotTable& table, const TerminalStyle& style) {
 }
 
 std::string paintDocumentTerminal(const rapidjson::Document& document, const TerminalStyle& style, const Locale& locale,
-                                  const ItemNotes& notes) {
+                                  const DocumentView& view) {
   std::vector<std::string> blocks{paintHeading(tr(textProperty(document, "procedure")), style) +
                                   paintHeading(textProperty(document, "subtitle"), style)};
   std::string charts;
-  std::size_t place = 0;
+  std::size_t next = 0;
   for (const DocumentItem& item : documentItems(document, locale)) {
-    const auto below = notes.find(place++);
-    const std::string remarks = below == notes.end() ? "" : noteLines(below->second, style);
-    if (const auto* table = std::get_if<PivotTable>(&item)) blocks.push_back(paintTerminal(*table, style) + remarks);
+    const std::size_t place = next++;
+    if (view.hidden.contains(place)) continue;
+    const auto notes = view.notes.find(place);
+    const std::string below = notes == view.notes.end() ? "" : noteLines(notes->second, style);
+    if (const auto* table = std::get_if<PivotTable>(&item)) blocks.push_back(paintTerminal(*table, style) + below);
     if (const auto* chart = std::get_if<ChartItem>(&item)) charts += chartLine(*chart, style);
   }
   if (!charts.empty() && style.listsCharts) blocks.push_back(paintHeading(tr("Charts"), style) + charts);

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <set>
 #include <string_view>
 #include <utility>
 
@@ -64,17 +65,30 @@ class Page {
   explicit Page(const ReportInput& input) : input_(input) {}
 
   std::string write() {
-    const std::string heading = htmlText(property("procedure").empty() ? tr("Run report") : property("procedure"));
-    addCommand();
+    const std::string title = heading();
+    if (input_.outputs.size() == 1) addCommand(input_.outputs.front(), "command", htmlText(tr("Command")));
     addFacts();
     addMessages();
-    addItems();
-    return head(heading) + body(heading) + scripts() + "</body>\n</html>\n";
+    for (std::size_t i = 0; i < input_.outputs.size(); ++i) {
+      if (input_.outputs.size() > 1) addOutputHead(input_.outputs[i], i + 1);
+      addItems(input_.outputs[i]);
+    }
+    return head(title) + body(title) + scripts() + "</body>\n</html>\n";
   }
 
  private:
+  // A property that the documents of all commands share; "" where they do not.
   std::string property(const char* name) const {
-    return input_.document != nullptr && input_.document->IsObject() ? textProperty(*input_.document, name) : "";
+    std::set<std::string> texts;
+    for (const ReportOutput& output : input_.outputs) {
+      if (output.document != nullptr && output.document->IsObject()) texts.insert(textProperty(*output.document, name));
+    }
+    return texts.size() == 1 ? *texts.begin() : "";
+  }
+
+  std::string heading() const {
+    const std::string procedure = property("procedure");
+    return htmlText(procedure.empty() ? tr("Run report") : procedure);
   }
 
   // `title` is HTML already.
@@ -83,26 +97,44 @@ class Page {
     main_ += fmt::format("<section id=\"{}\" class=\"{}\">\n{}</section>\n", id, kind, content);
   }
 
-  void addCommand() {
-    if (input_.commandText.empty()) return;
-    const std::string title = htmlText(tr("Command"));
-    addSection("command", "run", title,
+  void addCommand(const ReportOutput& output, const std::string& id, const std::string& title,
+                  const std::string& below = {}) {
+    if (output.commandText.empty()) return;
+    addSection(id, "run", title,
                fmt::format("<div class=\"section-head\"><h2>{}</h2><button type=\"button\" data-copy=\"command\">{}"
-                           "</button></div>\n<pre class=\"command\" tabindex=\"0\">{}</pre>\n",
-                           title, htmlText(tr("Copy")), linesText(input_.commandText)));
+                           "</button></div>\n<pre class=\"command\" tabindex=\"0\">{}</pre>\n{}",
+                           title, htmlText(tr("Copy")), linesText(output.commandText), below));
+  }
+
+  void addOutputHead(const ReportOutput& output, std::size_t number) {
+    addCommand(output, fmt::format("command-{}", number), htmlText(tr("Command ^1", number)),
+               factList(factsOf(output)));
+  }
+
+  static std::vector<ReportFact> factsOf(const ReportOutput& output) {
+    std::vector<ReportFact> facts = output.facts;
+    for (const std::string& file : output.savedFiles) facts.push_back({tr("Saved file"), file});
+    return facts;
+  }
+
+  static std::string factList(const std::vector<ReportFact>& facts) {
+    if (facts.empty()) return {};
+    std::string out = "<dl class=\"facts\">\n";
+    for (const ReportFact& fact : facts) {
+      out += fmt::format("<div><dt>{}</dt><dd>{}</dd></div>\n", htmlText(fact.label), linesText(fact.value));
+    }
+    return out + "</dl>\n";
   }
 
   void addFacts() {
-    if (input_.facts.empty() && input_.savedFiles.empty()) return;
+    std::vector<ReportFact> facts = input_.facts;
+    if (input_.outputs.size() == 1) {
+      const std::vector<ReportFact> own = factsOf(input_.outputs.front());
+      facts.insert(facts.end(), own.begin(), own.end());
+    }
+    if (facts.empty()) return;
     const std::string title = htmlText(tr("Run"));
-    std::string out = "<h2>" + title + "</h2>\n<dl class=\"facts\">\n";
-    for (const ReportFact& fact : input_.facts) {
-      out += fmt::format("<div><dt>{}</dt><dd>{}</dd></div>\n", htmlText(fact.label), linesText(fact.value));
-    }
-    for (const std::string& file : input_.savedFiles) {
-      out += fmt::format("<div><dt>{}</dt><dd>{}</dd></div>\n", htmlText(tr("Saved file")), htmlText(file));
-    }
-    addSection("facts", "run", title, out + "</dl>\n");
+    addSection("facts", "run", title, "<h2>" + title + "</h2>\n" + factList(facts));
   }
 
   void addMessages() {
@@ -117,27 +149,31 @@ class Page {
     addSection("messages", "run", title, out + "</ul>\n");
   }
 
-  void addItems() {
-    if (input_.document == nullptr || !input_.document->IsObject()) return;
-    const auto items = input_.document->FindMember("items");
-    if (items == input_.document->MemberEnd() || !items->value.IsArray()) return;
-    std::size_t number = 0;
+  void addItems(const ReportOutput& output) {
+    if (output.document == nullptr || !output.document->IsObject()) return;
+    const auto items = output.document->FindMember("items");
+    if (items == output.document->MemberEnd() || !items->value.IsArray()) return;
+    std::size_t place = 0;
     for (const Json& item : items->value.GetArray()) {
-      const std::string remarks = itemNotes(number);
-      const std::string id = fmt::format("item-{}", ++number);
-      const std::string type = item.IsObject() ? textProperty(item, "type") : "";
-      if (type == "table") {
-        addTable(id, readPivotTable(item, input_.locale), remarks);
-      } else if (type == "chart") {
-        addSection(id, "chart", htmlText(textProperty(item, "name")), charts_.add(item, input_.locale) + remarks);
-      }
+      if (!output.view.hidden.contains(place)) addItem(item, itemNotes(output.view, place));
+      ++place;
     }
   }
 
-  std::string itemNotes(std::size_t place) const {
+  void addItem(const Json& item, const std::string& remarks) {
+    const std::string id = fmt::format("item-{}", ++items_);
+    const std::string type = item.IsObject() ? textProperty(item, "type") : "";
+    if (type == "table") {
+      addTable(id, readPivotTable(item, input_.locale), remarks);
+    } else if (type == "chart") {
+      addSection(id, "chart", htmlText(textProperty(item, "name")), charts_.add(item, input_.locale) + remarks);
+    }
+  }
+
+  static std::string itemNotes(const DocumentView& view, std::size_t place) {
     std::string out;
-    const auto found = input_.itemNotes.find(place);
-    if (found == input_.itemNotes.end()) return out;
+    const auto found = view.notes.find(place);
+    if (found == view.notes.end()) return out;
     for (const std::string& note : found->second) {
       out += fmt::format("<p class=\"remark\">{}: {}</p>\n", htmlText(tr("Note")), htmlText(note));
     }
@@ -154,20 +190,20 @@ class Page {
                     htmlTable(table), remarks));
   }
 
-  std::string head(const std::string& heading) const {
+  std::string head(const std::string& title) const {
     return fmt::format(
         "<!DOCTYPE html>\n<html lang=\"{}\">\n<head>\n<meta charset=\"utf-8\">\n<meta "
         "http-equiv=\"Content-Security-Policy\" content=\"{}\">\n<meta name=\"viewport\" content=\"width=device-width, "
         "initial-scale=1\">\n<link rel=\"icon\" href=\"data:,\">\n<title>{}</title>\n<style>{}</style>\n</head>\n",
-        htmlText(input_.language), contentPolicy(), heading, pageStyle());
+        htmlText(input_.language), contentPolicy(), title, pageStyle());
   }
 
-  std::string body(const std::string& heading) const {
+  std::string body(const std::string& title) const {
     const std::string subtitle = htmlText(property("subtitle"));
     const std::string outline = htmlText(tr("Outline"));
     std::string out =
         fmt::format("<body>\n<a class=\"skip\" href=\"#content\">{}</a>\n<header>\n<div><h1><bdi>{}</bdi></h1>",
-                    htmlText(tr("Skip to the output")), heading);
+                    htmlText(tr("Skip to the output")), title);
     if (!subtitle.empty()) out += "<p>" + subtitle + "</p>";
     out += fmt::format(
         "</div>\n<div class=\"page-tools\" hidden><button type=\"button\" data-page=\"theme\">{}</button><button "
@@ -192,6 +228,7 @@ class Page {
 
   const ReportInput& input_;
   ChartSections charts_;
+  std::size_t items_ = 0;  // shown so far
   std::string outline_;
   std::string main_;
 };

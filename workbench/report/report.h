@@ -1,4 +1,4 @@
-// The report of one run: a page in one file that needs nothing else, opened without a network.
+// The report of a run: a page in one file that needs nothing else, opened without a network.
 
 #pragma once
 
@@ -22,14 +22,20 @@ struct ReportMessage {
   std::string text;  // may have several lines; they stay as they are
 };
 
-// Texts may hold any bytes. Empty parts leave no trace in the page.
-struct ReportInput {
+// One command and what came of it.
+struct ReportOutput {
   const rapidjson::Value* document = nullptr;  // as the converter received it; null when it received nothing
   std::string commandText;
-  ItemNotes itemNotes;            // below tables and charts
-  std::vector<ReportFact> facts;  // what the run was, in order of reading: data source, rows, sample, version, ...
-  std::vector<ReportMessage> messages;
+  DocumentView view;
+  std::vector<ReportFact> facts;  // rows, sample, ...
   std::vector<std::string> savedFiles;
+};
+
+// Texts may hold any bytes. Empty parts leave no trace in the page.
+struct ReportInput {
+  std::vector<ReportOutput> outputs;  // in the order run; several have a section each
+  std::vector<ReportFact> facts;      // what the run was, in order of reading: data source, version, ...
+  std::vector<ReportMessage> messages;
   std::string language = "en";  // BCP 47
   Locale locale;
 };

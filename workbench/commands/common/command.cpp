@@ -18,6 +18,10 @@ Outcome Command::outcome(const CallRecord& record, const CapturedStreams& stream
   return outcome;
 }
 
+std::string Command::itemId(const rapidjson::Value& item, std::size_t place) const {
+  return std::string(item["type"].GetString()) + "-" + std::to_string(place + 1);
+}
+
 std::unique_ptr<Composer> Command::composer() const {
   return nullptr;
 }

@@ -53,8 +53,10 @@ class Command {
   virtual std::string summaryNote(const FinishedRun& /*run*/) const { return {}; }
   // Notes under the output in reading order; the account of the rows is not among them.
   virtual std::vector<std::string> notes(const FinishedRun& /*run*/) const { return {}; }
-  // Notes below single tables and charts.
-  virtual ItemNotes itemNotes(const FinishedRun& /*run*/) const { return {}; }
+  // Notes below single tables and charts, and items that are not shown.
+  virtual DocumentView view(const FinishedRun& /*run*/) const { return {}; }
+  // A lasting English name for an item of the document, whatever the language. Without an override: type and place.
+  virtual std::string itemId(const rapidjson::Value& item, std::size_t place) const;
   // What a job's scale changed in the output, and what not.
   virtual std::string scaleNote(const FinishedRun& /*run*/) const { return {}; }
   // About an error or warning of the procedure. The runner may be used for further calls on the same data.
@@ -75,6 +77,7 @@ struct FinishedRun {
   std::string text;       // of the command
   double scale = 1.0;     // the factor of the variables of its scaledLists()
   bool complete = false;  // incomplete cases were hidden from the procedure
+  bool followed = false;  // a further command shows everything for what this one chose
   CallRecord record;
   CapturedStreams streams;
   Outcome outcome;

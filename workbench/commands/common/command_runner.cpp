@@ -1,11 +1,27 @@
 #include "workbench/commands/common/command_runner.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "workbench/commands/common/analysed_rows.h"
 #include "workbench/commands/common/dataset_change.h"
+#include "workbench/language/lexer.h"
 
 namespace workbench {
+
+namespace {
+
+std::string withoutLeadingBlanks(const std::string& text) {
+  return text.substr(std::min(text.find_first_not_of(kBlanks), text.size()));
+}
+
+void withoutPredict(TrendsSettings& trends) {
+  trends.predictSet = trends.predictIsDate = false;
+  trends.predictCase = 0;
+  for (DateVariable& variable : trends.dateVariables) variable.predictThru = kSystemMissing;
+}
+
+}  // namespace
 
 CommandRunner::CommandRunner(CallInput input, const RunnerSettings& settings) : settings_(settings) {
   static_cast<CallInput&>(session_) = std::move(input);
@@ -19,16 +35,21 @@ FinishedRun CommandRunner::call(const Command& command, bool parseOnly) {
   session_.parseOnly = parseOnly;
   static_cast<CallRecord&>(session_) = {};
   CapturedStreams streams = module->call(session_);
-  FinishedRun run{command, session_, session_.commandText, 1.0, false, {}, std::move(streams), {}};
+  FinishedRun run{
+      command, session_, withoutLeadingBlanks(session_.commandText), 1.0, false, false, {}, std::move(streams), {}};
   run.record = std::move(static_cast<CallRecord&>(session_));
   run.outcome = command.outcome(run.record, run.streams);
   return run;
 }
 
-FinishedRun CommandRunner::run(const Command& command, const std::string& text, const RunnerSettings& settings) {
+FinishedRun CommandRunner::parse(const Command& command, const std::string& text) {
   session_.commandText = text;
   command.requestSummary(false);
-  FinishedRun parsed = call(command, true);
+  return call(command, true);
+}
+
+FinishedRun CommandRunner::run(const Command& command, const std::string& text, const RunnerSettings& settings) {
+  FinishedRun parsed = parse(command, text);
   if (!parsed.record.parsed) return parsed;
 
   DatasetChange change(session_.dataset);
@@ -41,7 +62,10 @@ FinishedRun CommandRunner::run(const Command& command, const std::string& text, 
   change.multiply(scaled, settings.scale);
   session_.savedScale = scaled.empty() ? 1.0 : settings.scale;
   command.requestSummary(settings.summary);
+  const TrendsSettings trends = session_.trends;
+  if (!settings.predicts) withoutPredict(session_.trends);
   FinishedRun finished = call(command, false);
+  session_.trends = trends;
   finished.scale = session_.savedScale;
   finished.complete = settings.complete;
   return finished;

@@ -15,6 +15,7 @@ struct RunnerSettings {
   double scale = 1.0;     // factor of the variables of a command's scaledLists()
   bool complete = false;  // cases that lack one of a command's variables are hidden from its procedure
   bool summary = false;   // procedures write their text summaries
+  bool predicts = true;   // procedures see the session's PREDICT target
 };
 
 // While it lives, its session is the current one.
@@ -22,6 +23,8 @@ class CommandRunner {
  public:
   CommandRunner(CallInput input, const RunnerSettings& settings);
 
+  // Parses the command alone; its record holds what the parser found.
+  FinishedRun parse(const Command& command, const std::string& text);
   // Parses the command and, if that succeeds, runs it on the cases that it may see. A run that could not be parsed has
   // the parser's messages.
   FinishedRun run(const Command& command, const std::string& text) { return run(command, text, settings_); }

@@ -30,8 +30,10 @@ class Composer {
   // Adds the options of this command; those of data, dates, horizon and output are the program's. They are read into
   // this object, which outlives the parser.
   virtual void addOptions(CLI::App& app) = 0;
-  // The command text, after the options were read.
-  virtual std::string compose(const ComposerRequest& request) const = 0;
+  // The text of the first command, after the options were read.
+  virtual std::string compose(const ComposerRequest& request) = 0;
+  // With which settings it runs.
+  virtual RunnerSettings firstSettings(RunnerSettings settings) const { return settings; }
   // What follows the last run; nothing when all is done. The runner may be used for further calls on the same data.
   virtual std::optional<NextRun> next(const FinishedRun& /*last*/, CommandRunner& /*runner*/) { return std::nullopt; }
 };

@@ -62,11 +62,15 @@ std::vector<RunMessage> collectMessages(const FinishedRun& run, CommandRunner& r
     if (result.empty()) result.push_back({Kind::error, explainSilentStop(run)});
   }
   if (run.record.document.IsObject()) {
-    if (run.scale != 1.0) result.push_back({Kind::note, run.command.scaleNote(run), true, true});
-    addNotes(rowNotes(run), true, result);
+    if (run.scale != 1.0 && !run.followed) result.push_back({Kind::note, run.command.scaleNote(run), true, true});
+    if (!run.followed) addNotes(rowNotes(run), true, result);
     addNotes(run.command.notes(run), false, result);
   }
   return result;
+}
+
+std::string RunMessage::shown() const {
+  return command == 0 ? text : tr("command ^1: ^2", command, text);
 }
 
 const char* labelOf(RunMessage::Kind kind) {

@@ -17,6 +17,10 @@ struct RunMessage {
   std::string text;          // in the session's language; may have several lines
   bool shownQuietly = true;  // also with -q: all but what concerns nothing asked for, and notes that are not on data
   bool aboveOutput = false;  // a note that the output must be read with
+  int command = 0;           // the number of its command in a job of several
+
+  // With that number in front.
+  std::string shown() const;
 };
 
 // The procedure's messages, equal ones once, each with its hint; why the run stopped, if nothing else says so; and the

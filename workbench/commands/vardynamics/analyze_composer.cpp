@@ -62,7 +62,7 @@ std::string AnalyzeComposer::modelSubcommand() const {
   return text + "\n";
 }
 
-std::string AnalyzeComposer::compose(const ComposerRequest& request) const {
+std::string AnalyzeComposer::compose(const ComposerRequest& request) {
   std::string text = "VARDYNAMICS\n" + modelSubcommand() + "  /STABILITY\n  /TESTS\n  /CAUSALITY\n";
   if (request.predictPeriods) {
     text += fmt::format("  /FORECAST HORIZON={}{}\n", *request.predictPeriods,

@@ -34,7 +34,7 @@ class AnalyzeComposer final : public Composer {
     return "Compose a VARDYNAMICS command (tests, causality, forecasts with limits), print it, and run it";
   }
   void addOptions(CLI::App& app) override;
-  std::string compose(const ComposerRequest& request) const override;
+  std::string compose(const ComposerRequest& request) override;
 
  private:
   std::string modelSubcommand() const;

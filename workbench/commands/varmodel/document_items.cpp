@@ -43,6 +43,32 @@ constexpr std::array keywordItems = {
     KeywordItem{seriesPlot, "FORECAST", "chart", "Forecast -"},
 };
 
+// What an item is called in documents, without its variable, and the lasting name that records give it.
+struct ItemName {
+  std::string_view type;
+  std::string_view name;    // in English; documents hold it in the session's language
+  std::string_view before;  // what stands between that and the variable's name
+  bool perVariable;
+  std::string_view id;
+};
+constexpr std::array itemNames = {
+    ItemName{"table", "Descriptive Statistics", "", false, "descriptive-statistics"},
+    ItemName{"table", "VAR Model Parameters", " - ", true, "parameters"},
+    ItemName{"table", "Goodness of Fit", "", false, "lag-selection"},
+    ItemName{"table", "Correlation Matrix of Residuals", "", false, "residual-correlations"},
+    ItemName{"table", "Covariance Matrix of Residuals", "", false, "residual-covariances"},
+    ItemName{"table", "Model Fit Statistics", "", false, "model-fit"},
+    ItemName{"table", "Test for Residuals", "", false, "residual-tests"},
+    ItemName{"table", "Forecast", "", false, "forecasts"},
+    ItemName{"chart", "Time Series -", "", true, "series-chart"},
+    ItemName{"chart", "ACF -", "", true, "autocorrelation-chart"},
+    ItemName{"chart", "ACF Residuals -", "", true, "residual-autocorrelation-chart"},
+    ItemName{"chart", "Residuals", "", false, "combined-residual-chart"},
+    ItemName{"chart", "Residuals -", "", true, "residual-chart"},
+    ItemName{"chart", "Fit Values -", "", true, "fit-chart"},
+    ItemName{"chart", "Forecast -", "", true, "forecast-chart"},
+};
+
 }  // namespace
 
 bool requested(const CallRecord& record, std::string_view list, std::string_view keyword) {
@@ -68,6 +94,21 @@ const rapidjson::Value* findItem(const CallRecord& record, std::string_view type
   const auto found = std::find_if(items->Begin(), items->End(),
                                   [&](const rapidjson::Value& item) { return isItem(item, type, name); });
   return found == items->End() ? nullptr : found;
+}
+
+std::string itemId(const rapidjson::Value& item) {
+  const std::string_view name(item["name"].GetString(), item["name"].GetStringLength());
+  for (const ItemName& known : itemNames) {
+    if (known.type != item["type"].GetString()) continue;
+    for (std::string begin : {tr(known.name), std::string(known.name)}) {
+      begin += known.before;
+      if (!known.perVariable && name == begin) return std::string(known.id);
+      if (known.perVariable && name.starts_with(begin)) {
+        return std::string(known.id) + ":" + std::string(name.substr(begin.size()));
+      }
+    }
+  }
+  return {};
 }
 
 std::vector<std::string> keywordNotes(const CallRecord& record) {

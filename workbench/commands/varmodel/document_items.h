@@ -24,6 +24,9 @@ bool isItem(const rapidjson::Value& item, std::string_view type, std::string_vie
 // The first such item of the run's document; null when there is none.
 const rapidjson::Value* findItem(const CallRecord& record, std::string_view type, std::string_view name);
 
+// A lasting English name for the item, such as "parameters:realgdp"; empty for an item that is not known.
+std::string itemId(const rapidjson::Value& item);
+
 // One note for each keyword that was requested and has no item in the document.
 std::vector<std::string> keywordNotes(const CallRecord& record);
 

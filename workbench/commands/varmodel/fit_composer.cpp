@@ -2,6 +2,7 @@
 
 #include <fmt/core.h>
 
+#include "workbench/commands/varmodel/selected_lag.h"
 #include "workbench/commands/varmodel/small_units.h"
 #include "workbench/language/quoting.h"
 
@@ -21,13 +22,15 @@ std::string keywords(const std::vector<std::string>& list) {
   return "[" + text + "]";
 }
 
-std::string modelSubcommand(const FitOptions& options) {
+std::string modelSubcommand(const FitOptions& options, const std::string& lags) {
   std::string text = "  /MODEL ENDOGENOUS=" + names(options.endogenous);
   if (!options.exogenous.empty()) text += " EXOGENOUS=" + names(options.exogenous);
   text += " LAG=" + (options.criteria.empty() ? std::string("[BIC]") : keywords(options.criteria));
-  if (options.minLag) text += fmt::format(" MINLAG={}", *options.minLag);
-  if (options.maxLag) text += fmt::format(" MAXLAG={}", *options.maxLag);
-  return text + "\n";
+  return text + lags + "\n";
+}
+
+std::string missingSubcommand(const FitOptions& options) {
+  return options.includeUserMissing ? "  /MISSING USERMISSING=INCLUDE\n" : "";
 }
 
 }  // namespace
@@ -46,29 +49,53 @@ void FitComposer::addOptions(CLI::App& app) {
   app.add_flag("--include-missing", options_.includeUserMissing, "Treat user-missing values as valid");
 }
 
-std::string FitComposer::compose(const ComposerRequest& request) const {
-  const bool predict = request.predictPeriods.has_value();
-  std::string text = predict ? "VARMODEL PREDICT\n" : "VARMODEL\n";
-  text += modelSubcommand(options_);
+std::string FitComposer::compose(const ComposerRequest& request) {
+  predicts_ = request.predictPeriods.has_value();
+  choosing_ = choosesLag();
+  return choosing_ ? lagChoice() : everything(options_.minLag.value_or(1), options_.maxLag.value_or(kDefaultMaxLag));
+}
+
+std::string FitComposer::lagChoice() const {
+  std::string lags;
+  if (options_.minLag) lags += fmt::format(" MINLAG={}", *options_.minLag);
+  if (options_.maxLag) lags += fmt::format(" MAXLAG={}", *options_.maxLag);
+  return "VARMODEL\n" + modelSubcommand(options_, lags) +
+         "  /METHOD TYPE=[OLS]\n  /MODELSTATISTICS MODELFIT=[GOODFIT PARAMETERS]\n" + missingSubcommand(options_);
+}
+
+std::string FitComposer::everything(int minLag, int maxLag) const {
+  std::string text = predicts_ ? "VARMODEL PREDICT\n" : "VARMODEL\n";
+  text += modelSubcommand(options_, fmt::format(" MINLAG={} MAXLAG={}", minLag, maxLag));
   text += "  /METHOD TYPE=[OLS]\n";
-  text += "  /MODELSTATISTICS MODELFIT=[DESCRIPTIVES GOODFIT PARAMETERS RES RESIDACF MSE RMSE MAE MAPE\n";
-  text += "    RSQUARE ARSQUARE CORRMATRIX EIGEN TNORM TAUTO";
-  text += predict ? " FORECASTS]\n" : "]\n";
+  text += choosing_ ? "  /MODELSTATISTICS MODELFIT=[DESCRIPTIVES" : "  /MODELSTATISTICS MODELFIT=[DESCRIPTIVES GOODFIT";
+  text += " PARAMETERS RES RESIDACF MSE RMSE MAE MAPE\n    RSQUARE ARSQUARE CORRMATRIX EIGEN TNORM TAUTO";
+  text += predicts_ ? " FORECASTS]\n" : "]\n";
   text += "  /SERIESPLOT PLOT=[TIMESERIES ACF RES RESCOMB RESACF FIT";
-  text += predict ? " FORECAST]\n" : "]\n";
+  text += predicts_ ? " FORECAST]\n" : "]\n";
   if (!options_.saveFile.empty()) {
     text += "  /SAVE FILE=" + quoteText(options_.saveFile) + " PREDICTED NRESIDUAL\n";
   }
   if (options_.ciLevel) text += fmt::format("  /AUXILIARY CILEVEL={}\n", *options_.ciLevel);
-  if (options_.includeUserMissing) text += "  /MISSING USERMISSING=INCLUDE\n";
-  return text;
+  return text + missingSubcommand(options_);
+}
+
+RunnerSettings FitComposer::firstSettings(RunnerSettings settings) const {
+  if (choosing_) settings.predicts = settings.summary = false;
+  return settings;
 }
 
 std::optional<NextRun> FitComposer::next(const FinishedRun& last, CommandRunner& runner) {
+  RunnerSettings settings = runner.settings();
+  settings.scale = last.scale;
+  if (last.outcome.succeeded && choosing_) {
+    const std::string text = everything(selectedLag(last), selectedLag(last));
+    choosing_ = false;
+    return NextRun{text, settings, false};
+  }
   if (last.scale != 1.0 || !stoppedAtSingularCovariance(last)) return std::nullopt;
   const std::optional<double> scale = fittingScale(last, runner);
   if (!scale) return std::nullopt;
-  RunnerSettings settings = runner.settings();
+  settings = firstSettings(settings);
   settings.scale = *scale;
   return NextRun{last.text, settings, true};
 }

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "workbench/commands/common/composer.h"
+#include "workbench/commands/varmodel/usable_lag.h"
 
 namespace workbench::varmodel {
 
@@ -27,13 +28,20 @@ class FitComposer final : public Composer {
   std::string name() const override { return "fit"; }
   std::string description() const override { return "Compose a command from options, print it, and run it"; }
   void addOptions(CLI::App& app) override;
-  std::string compose(const ComposerRequest& request) const override;
+  std::string compose(const ComposerRequest& request) override;
 
-  // Small units: the same again in a larger one.
+  RunnerSettings firstSettings(RunnerSettings settings) const override;
+  // Small units: the same again in a larger one. After the choice of a lag: everything for that lag.
   std::optional<NextRun> next(const FinishedRun& last, CommandRunner& runner) override;
 
  private:
+  bool choosesLag() const { return options_.minLag.value_or(1) != options_.maxLag.value_or(kDefaultMaxLag); }
+  std::string lagChoice() const;
+  std::string everything(int minLag, int maxLag) const;
+
   FitOptions options_;
+  bool predicts_ = false;
+  bool choosing_ = false;  // the last run is the choice of the lag
 };
 
 }  // namespace workbench::varmodel

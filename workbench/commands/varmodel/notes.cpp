@@ -60,20 +60,26 @@ std::string withFixedLag(const std::string& command, int lag) {
 std::string lagRemedy(const FinishedRun& run) {
   const int selected = selectedLag(run);
   if (selected == lagRange(run.record).most) return {};
-  return run.input.composed
-             ? tr("To have everything for lag ^1, give --minlag ^1 --maxlag ^1.", selected)
-             : tr("To have everything for lag ^1, run this command:\n^2", selected, withFixedLag(run.text, selected));
+  return tr("To have everything for lag ^1, run this command:\n^2", selected, withFixedLag(run.text, selected));
+}
+
+// The warnings of the trace, but for those that another note says or that the next run settles.
+std::vector<std::string> warningNotes(const FinishedRun& run) {
+  std::vector<std::string> notes;
+  const bool tabled = findItem(run.record, "table", "Forecast") != nullptr;
+  for (const std::string& text : tracedWarnings(run)) {
+    const bool settled = run.followed && text.starts_with("The selected lag ");
+    if (settled || (tabled && text == forecastsWithoutExogenous)) continue;
+    notes.push_back(run.input.texts.translate(text));
+  }
+  return notes;
 }
 
 }  // namespace
 
 std::vector<std::string> collectNotes(const FinishedRun& run) {
-  std::vector<std::string> notes;
-  for (const std::string& text : tracedWarnings(run)) {
-    // Said below the table of forecasts, where there is one.
-    if (text == forecastsWithoutExogenous && findItem(run.record, "table", "Forecast") != nullptr) continue;
-    notes.push_back(run.input.texts.translate(text));
-  }
+  std::vector<std::string> notes = warningNotes(run);
+  if (run.followed) return notes;
   if (const std::string remedy = lagRemedy(run); !remedy.empty()) notes.push_back(remedy);
   if (const rapidjson::Value* items = itemsOf(run.record)) {
     if (items->Empty()) notes.push_back(tr("No output was requested: add keywords to MODELSTATISTICS or SERIESPLOT."));

@@ -10,10 +10,12 @@
 
 namespace workbench::varmodel {
 
+inline constexpr int kDefaultMaxLag = 10;
+
 // MINLAG and MAXLAG as the command gives them, or their defaults.
 struct LagRange {
   int least = 1;
-  int most = 10;
+  int most = kDefaultMaxLag;
 };
 LagRange lagRange(const CallRecord& parsed);
 

@@ -4,8 +4,8 @@
 #include <string_view>
 
 #include "workbench/commands/varmodel/document_items.h"
+#include "workbench/commands/varmodel/document_view.h"
 #include "workbench/commands/varmodel/fit_composer.h"
-#include "workbench/commands/varmodel/item_notes.h"
 #include "workbench/commands/varmodel/notes.h"
 #include "workbench/commands/varmodel/small_units.h"
 #include "workbench/commands/varmodel/summary.h"
@@ -42,8 +42,13 @@ std::string VarmodelCommand::summaryNote(const FinishedRun& run) const {
   return varmodel::summaryNote(run);
 }
 
-ItemNotes VarmodelCommand::itemNotes(const FinishedRun& run) const {
-  return varmodel::itemNotes(run);
+DocumentView VarmodelCommand::view(const FinishedRun& run) const {
+  return varmodel::viewOf(run);
+}
+
+std::string VarmodelCommand::itemId(const rapidjson::Value& item, std::size_t place) const {
+  const std::string id = varmodel::itemId(item);
+  return id.empty() ? Command::itemId(item, place) : id;
 }
 
 std::string VarmodelCommand::scaleNote(const FinishedRun& run) const {

@@ -17,7 +17,8 @@ class VarmodelCommand final : public Command {
   Outcome outcome(const CallRecord& record, const CapturedStreams& streams) const override;
   std::string summary(const FinishedRun& run) const override;
   std::string summaryNote(const FinishedRun& run) const override;
-  ItemNotes itemNotes(const FinishedRun& run) const override;
+  DocumentView view(const FinishedRun& run) const override;
+  std::string itemId(const rapidjson::Value& item, std::size_t place) const override;
   std::vector<std::string> notes(const FinishedRun& run) const override;
   std::string scaleNote(const FinishedRun& run) const override;
   Advice advice(const std::string& message, const FinishedRun& run, CommandRunner& runner) const override;

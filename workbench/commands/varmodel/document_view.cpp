@@ -1,4 +1,4 @@
-#include "workbench/commands/varmodel/item_notes.h"
+#include "workbench/commands/varmodel/document_view.h"
 
 #include <algorithm>
 #include <array>
@@ -120,17 +120,17 @@ class Notes {
   // Once over all items.
   void addOnce(std::size_t item, const std::string& note) {
     for (const auto& [place, said] : notes_) {
-      if (std::ranges::find(said, note) != said.end()) return;
+      if (std::find(said.begin(), said.end(), note) != said.end()) return;
     }
     add(item, note);
   }
   void add(std::size_t item, const std::string& note) {
     if (!note.empty()) notes_[item].push_back(note);
   }
-  ItemNotes take() { return std::move(notes_); }
+  std::map<std::size_t, std::vector<std::string>> take() { return std::move(notes_); }
 
  private:
-  ItemNotes notes_;
+  std::map<std::size_t, std::vector<std::string>> notes_;
 };
 
 void addTableNotes(const FinishedRun& run, const Json& table, std::size_t place, Notes& notes) {
@@ -150,16 +150,18 @@ void addTableNotes(const FinishedRun& run, const Json& table, std::size_t place,
 
 }  // namespace
 
-ItemNotes itemNotes(const FinishedRun& run) {
+DocumentView viewOf(const FinishedRun& run) {
+  DocumentView view;
   Notes notes;
   const Json* items = itemsOf(run.record);
   for (rapidjson::SizeType i = 0; items != nullptr && i < items->Size(); ++i) {
-    addTableNotes(run, (*items)[i], i, notes);
-    if (run.scale != 1.0 && showsValues((*items)[i])) {
-      notes.add(i, tr("Values are multiplied by ^1.", scaleText(run.scale)));
-    }
+    const Json& item = (*items)[i];
+    if (run.followed && !isItem(item, "table", "Goodness of Fit")) view.hidden.insert(i);
+    addTableNotes(run, item, i, notes);
+    if (run.scale != 1.0 && showsValues(item)) notes.add(i, tr("Values are multiplied by ^1.", scaleText(run.scale)));
   }
-  return notes.take();
+  view.notes = notes.take();
+  return view;
 }
 
 }  // namespace workbench::varmodel

@@ -1,0 +1,72 @@
+#include "workbench/cli/job_input.h"
+
+#include <fmt/core.h>
+
+#include "workbench/base/errors.h"
+#include "workbench/base/standard_streams.h"
+#include "workbench/cli/output_files.h"
+#include "workbench/dataset/fingerprint.h"
+#include "workbench/dates/date_setup.h"
+#include "workbench/edge/languages.h"
+
+namespace workbench {
+
+namespace {
+
+// Standard input is a file to be spared only when one is redirected to it.
+void spareInputs(const Job& job, CallInput& input) {
+  for (const std::filesystem::path& file : {job.data.source, job.file}) {
+    const std::filesystem::path named = file == kStandardStream ? "/dev/stdin" : file;
+    if (named == file ? !file.empty() : std::filesystem::is_regular_file(named)) {
+      input.takenFiles.push_back({named, "this run reads it"});
+    }
+  }
+}
+
+int columnOf(const Dataset& dataset, const std::string& name, const char* setting) {
+  const int column = dataset.find(name);
+  if (column < 0) throw UsageError(fmt::format("'{}': there is no variable {} in the data.", setting, name));
+  return column;
+}
+
+void setPredict(const Job& job, CallInput& input) {
+  if (job.predictPeriods) {
+    const long last = static_cast<long>(input.dataset.rowCount);
+    definePredict(input.dataset, {.date = {}, .caseNumber = last + *job.predictPeriods, .end = false}, input.trends);
+  } else if (job.predict) {
+    definePredict(input.dataset, *job.predict, input.trends);
+  }
+}
+
+// What is known before the data are read.
+CallInput surroundings(const Job& job, const OutputOptions& options) {
+  CallInput input;
+  input.dictionaryFolder = installedDictionaries();
+  setLanguage(input, options.language);
+  spareInputs(job, input);
+  claimOutputFiles(options, input);
+  input.composed = job.file.empty();
+  input.baseFolder = job.baseFolder;
+  return input;
+}
+
+}  // namespace
+
+JobInput prepareInput(const Job& job, const OutputOptions& options) {
+  JobInput input;
+  CallInput& call = input.call;
+  call = surroundings(job, options);
+  call.dataset = loadDataset(job.data);
+  input.variables = call.dataset.columns.size();
+  input.rows = call.dataset.rowCount;
+  if (!options.json.empty() || !options.html.empty()) input.fingerprint = fingerprint(call.dataset);
+  applyDictionary(call.dataset, job.dictionary);
+  if (!job.weight.empty()) call.weightColumn = columnOf(call.dataset, job.weight, "weight");
+  for (const std::string& name : job.split) columnOf(call.dataset, name, "split");
+  call.splitVariables = job.split;
+  if (job.dates) defineDates(call.dataset, *job.dates, call.trends);
+  setPredict(job, call);
+  return input;
+}
+
+}  // namespace workbench

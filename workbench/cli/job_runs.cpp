@@ -1,0 +1,104 @@
+#include "workbench/cli/job_runs.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "workbench/base/errors.h"
+#include "workbench/base/taken_file.h"
+#include "workbench/cli/job_notes.h"
+#include "workbench/commands/registry.h"
+#include "workbench/edge/texts.h"
+#include "workbench/language/command_list.h"
+
+namespace workbench {
+
+namespace {
+
+ToldRun tell(FinishedRun run, CommandRunner& runner) {
+  ToldRun told{std::move(run), 0, {}, {}};
+  told.messages = collectMessages(told.run, runner);
+  if (told.hasOutput()) told.view = told.run.command.view(told.run);
+  return told;
+}
+
+void requireOwnFiles(const FinishedRun& parsed, std::size_t number, std::vector<TakenFile>& taken) {
+  std::vector<std::filesystem::path> own;
+  for (const std::string& file : parsed.record.namedFiles) own.push_back(parsed.input.baseFolder / file);
+  for (const auto& file : own) {
+    if (const auto reason = refusedTarget(file, taken)) throw UsageError(tr("command ^1: ^2", number, *reason));
+  }
+  for (const auto& file : own) taken.push_back({file, tr("command ^1 saves to it", number)});
+}
+
+// The runs of those that cannot be parsed; none when all can.
+std::vector<ToldRun> unparsed(const std::vector<std::string>& texts, CommandRunner& runner) {
+  std::vector<ToldRun> failed;
+  std::vector<TakenFile> taken;
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    FinishedRun parsed = runner.parse(commandOf(texts[i]), texts[i]);
+    if (parsed.record.parsed) {
+      requireOwnFiles(parsed, i + 1, taken);
+    } else {
+      failed.push_back(tell(std::move(parsed), runner));
+      failed.back().number = static_cast<int>(i) + 1;
+    }
+  }
+  return failed;
+}
+
+std::vector<ToldRun> runAll(const std::vector<std::string>& texts, CommandRunner& runner) {
+  std::vector<ToldRun> runs;
+  for (const std::string& text : texts) runs.push_back(tell(runner.run(commandOf(text), text), runner));
+  return runs;
+}
+
+std::vector<ToldRun> runComposed(const Job& job, CommandRunner& runner) {
+  std::vector<ToldRun> runs;
+  NextRun next{job.command, job.composer->firstSettings(runner.settings()), false};
+  for (bool more = true; more;) {
+    FinishedRun run = runner.run(commandOf(next.text), next.text, next.settings);
+    const std::optional<NextRun> following = job.composer->next(run, runner);
+    more = following.has_value();
+    if (more) next = *following;
+    if (more && next.replaces) continue;
+    run.followed = more;
+    runs.push_back(tell(std::move(run), runner));
+  }
+  return runs;
+}
+
+void number(std::vector<ToldRun>& runs) {
+  if (runs.size() < 2) return;
+  for (std::size_t i = 0; i < runs.size(); ++i) runs[i].number = static_cast<int>(i) + 1;
+}
+
+void addJobNotes(const Job& job, const Dataset& dataset, ToldRun& first) {
+  std::vector<RunMessage> notes;
+  for (std::string& note : jobNotes(job, dataset)) notes.push_back({RunMessage::Kind::note, std::move(note)});
+  first.messages.insert(first.messages.begin(), notes.begin(), notes.end());
+}
+
+}  // namespace
+
+std::vector<ToldRun> runCommands(const Job& job, CommandRunner& runner) {
+  const std::vector<std::string> texts = splitCommands(job.command);
+  std::vector<ToldRun> runs;
+  if (texts.size() > 1) runs = unparsed(texts, runner);
+  if (runs.empty()) {
+    runs = job.composer ? runComposed(job, runner) : runAll(texts, runner);
+    number(runs);
+  }
+  addJobNotes(job, runner.input().dataset, runs.front());
+  for (ToldRun& told : runs) {
+    for (RunMessage& message : told.messages) message.command = told.number;
+  }
+  return runs;
+}
+
+int exitCodeOf(const std::vector<ToldRun>& runs) {
+  const auto failed =
+      std::find_if(runs.begin(), runs.end(), [](const ToldRun& one) { return !one.run.outcome.succeeded; });
+  return failed == runs.end() ? 0 : failed->run.outcome.exitCode();
+}
+
+}  // namespace workbench

@@ -1,0 +1,129 @@
+#include "workbench/cli/run_description.h"
+
+#include <fmt/format.h>
+
+#include <array>
+#include <sstream>
+
+#include "workbench/cli/toml_reader.h"
+#include "workbench/commands/common/analysed_rows.h"
+#include "workbench/dates/case_label.h"
+#include "workbench/render/number_format.h"
+
+namespace workbench {
+
+namespace {
+
+std::string tomlText(const std::string& text) {
+  std::ostringstream out;
+  out << toml::value<std::string>(text);
+  return out.str();
+}
+
+std::string tomlTexts(const std::vector<std::string>& texts) {
+  std::string list;
+  for (const std::string& text : texts) list += (list.empty() ? "" : ", ") + tomlText(text);
+  return "[" + list + "]";
+}
+
+std::string tomlNumber(double value) {
+  const std::string text = fullPrecision(value);
+  return text.find_first_of(".e") == std::string::npos ? text + ".0" : text;
+}
+
+std::string tomlDate(const DateComponents& components) {
+  std::string list;
+  for (const auto& [unit, value] : components)
+    list += fmt::format("{}{} = {}", list.empty() ? "" : ", ", unitName(unit), value);
+  return "{ " + list + " }";
+}
+
+std::string tomlColumns(const std::map<Unit, std::string>& variables) {
+  std::string list;
+  for (const auto& [unit, name] : variables) {
+    list += fmt::format("{}{} = {}", list.empty() ? "" : ", ", unitName(unit), tomlText(name));
+  }
+  return "{ " + list + " }";
+}
+
+void addDictionary(const Job& job, Settings& settings) {
+  constexpr std::array levels = {"", "nominal", "ordinal", "scale"};
+  for (const DictionaryEntry& entry : job.dictionary) {
+    const std::string key = "variables." + tomlText(entry.variable) + ".";
+    if (entry.label) settings.emplace_back(key + "label", tomlText(*entry.label));
+    if (entry.level) settings.emplace_back(key + "level", tomlText(levels[static_cast<std::size_t>(*entry.level)]));
+    std::string list;
+    for (const double value : entry.userMissing) list += (list.empty() ? "" : ", ") + tomlNumber(value);
+    if (!list.empty()) settings.emplace_back(key + "missing", "[" + list + "]");
+  }
+}
+
+void addDates(const Job& job, Settings& settings) {
+  if (!job.dates) return;
+  if (!job.dates->start.empty()) settings.emplace_back("dates.start", tomlDate(job.dates->start));
+  if (!job.dates->column.empty()) settings.emplace_back("dates.column", tomlText(job.dates->column));
+  if (!job.dates->variables.empty()) settings.emplace_back("dates.variables", tomlColumns(job.dates->variables));
+}
+
+void addPredict(const Job& job, std::size_t rows, Settings& settings) {
+  constexpr const char* key = "predict.thru";
+  if (job.predictPeriods) {
+    settings.emplace_back(key, fmt::format("{}", static_cast<long>(rows) + *job.predictPeriods));
+  } else if (job.predict && job.predict->end) {
+    settings.emplace_back(key, "\"end\"");
+  } else if (job.predict && job.predict->caseNumber) {
+    settings.emplace_back(key, fmt::format("{}", *job.predict->caseNumber));
+  } else if (job.predict) {
+    settings.emplace_back(key, tomlDate(job.predict->date));
+  }
+}
+
+Settings settingsOf(const Job& job, std::size_t rows) {
+  Settings settings;
+  if (job.scale != 1.0) settings.emplace_back("data.scale", tomlNumber(job.scale));
+  if (job.complete) settings.emplace_back("data.complete", "true");
+  addDictionary(job, settings);
+  addDates(job, settings);
+  addPredict(job, rows, settings);
+  if (!job.weight.empty()) settings.emplace_back("weight", tomlText(job.weight));
+  if (!job.split.empty()) settings.emplace_back("split", tomlTexts(job.split));
+  return settings;
+}
+
+}  // namespace
+
+RunDescription describeRun(const Job& job, const OutputOptions& options, const JobInput& input) {
+  const std::string program = VARMODEL_VERSION;
+  const std::size_t blank = program.find(' ');
+  return {.program = program.substr(0, blank),
+          .version = program.substr(blank + 1),
+          .commandLine = options.commandLine,
+          .source = job.data.source.string(),
+          .query = job.data.query,
+          .fingerprint = input.fingerprint,
+          .rows = input.rows,
+          .variables = input.variables,
+          .language = options.language,
+          .settings = settingsOf(job, input.rows),
+          .seconds = {}};
+}
+
+std::optional<RowDescription> describeRows(const FinishedRun& run) {
+  const std::optional<AnalysedRows> rows = analysedRows(run);
+  if (!rows) return std::nullopt;
+  const RowAccount& account = rows->account;
+  RowDescription description{
+      .read = account.read, .used = account.used, .dropped = account.dropped, .missing = {}, .first = {}, .last = {}};
+  for (std::size_t i = 0; i < account.missing.size(); ++i) {
+    if (account.missing[i] == 0) continue;
+    const Column& column = run.input.dataset.columns[static_cast<std::size_t>(rows->columns[i])];
+    description.missing.emplace_back(column.name, account.missing[i]);
+  }
+  if (account.used > 0) {
+    description.first = caseLabel(run.input.dataset, run.input.trends, account.firstUsed);
+    description.last = caseLabel(run.input.dataset, run.input.trends, account.lastUsed);
+  }
+  return description;
+}
+
+}  // namespace workbench
