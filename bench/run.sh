@@ -18,6 +18,9 @@ echo "== whole processes"
 $core bench/process_bench.py $bin
 echo "== the example, beside gretl"
 $core bench/process_time.sh $bin/varmodel
+echo "== bootstrap and back-test, beside statsmodels and gretl"
+$core $bin/dynamics_bench
+OPENBLAS_NUM_THREADS=1 $core bench/dynamics_rivals.py
 echo "== growth (docs/growth.svg)"
 $core $bin/engine_bench grow 2>/dev/null >"$work/growth.csv"
 /usr/bin/python3 bench/plot_growth.py "$work/growth.csv" docs/growth.svg

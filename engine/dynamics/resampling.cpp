@@ -5,6 +5,8 @@
 #include <limits>
 #include <stdexcept>
 
+#include "engine/arithmetic/scaled_addition.h"
+
 namespace engine {
 namespace {
 
@@ -46,13 +48,10 @@ void Replication::sumProducts() {
   for (std::size_t r = 0; r < plan_.rows; ++r) {
     const double* const row = path_.data() + r * k;
     for (std::size_t i = 0; i < k; ++i) {
-      double* const sums = products_.data() + (newest + i) * window_;
-      const double factor = row[newest + i];
-      for (std::size_t j = 0; j < window_; ++j) sums[j] += factor * row[j];
+      addScaled(row[newest + i], row, products_.data() + (newest + i) * window_, window_);
     }
     for (std::size_t d = 0; d < plan_.terms; ++d) {
-      const double factor = plan_.basis[r * plan_.terms + d];
-      for (std::size_t j = 0; j < window_; ++j) termSums_[d * window_ + j] += factor * row[j];
+      addScaled(plan_.basis[r * plan_.terms + d], row, termSums_.data() + d * window_, window_);
     }
   }
   const double* const last = path_.data() + (plan_.rows - 1) * k;
@@ -71,8 +70,7 @@ bool Replication::factorize() {
     double* const row = products_.data() + i * window_;
     const double whole = row[i];
     for (std::size_t d = 0; d < plan_.terms; ++d) {
-      const double factor = termSums_[d * window_ + i];
-      for (std::size_t j = 0; j <= i; ++j) row[j] -= factor * termSums_[d * window_ + j];
+      addScaled(-termSums_[d * window_ + i], termSums_.data() + d * window_, row, i + 1);
     }
     for (std::size_t j = 0; j <= i; ++j) {
       const double* const other = products_.data() + j * window_;
@@ -101,7 +99,7 @@ void Replication::solve(const DrawnModel& target) const {
     for (std::size_t c = past; c-- > 0;) {
       const double* const factor = products_.data() + c * window_;
       b[c] /= factor[c];
-      for (std::size_t j = 0; j < c; ++j) b[j] -= b[c] * factor[j];
+      addScaled(-b[c], factor, b, c);
     }
     for (std::size_t j = 0; j < k; ++j) target.root[i * k + j] = j <= i ? row[past + j] * scale : 0.0;
   }
