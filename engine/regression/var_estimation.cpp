@@ -35,13 +35,19 @@ ModelSize sizeOf(const VarEstimation& estimation, const VarOptions& options, std
           .parameters = static_cast<double>(equations * counted)};
 }
 
+// Whether a variance is 0 though residuals are not.
+bool vanishes(const LagEstimate& estimate, std::size_t i) {
+  return estimate.covariance[i][i] == 0.0 &&
+         std::ranges::any_of(estimate.residuals[i], [](double residual) { return residual != 0.0; });
+}
+
 // Coefficients, variances and standard errors: units far apart leave the range of doubles.
 bool isInRange(const LagEstimate& estimate) {
   double smallest = std::numeric_limits<double>::infinity();
   double largest = 0.0;
   for (std::size_t i = 0; i < estimate.coefficients.size(); ++i) {
     if (!std::ranges::all_of(estimate.coefficients[i], inRange)) return false;
-    if (!inRange(estimate.covariance[i][i])) return false;
+    if (!inRange(estimate.covariance[i][i]) || vanishes(estimate, i)) return false;
     smallest = std::min(smallest, estimate.covariance[i][i]);
     largest = std::max(largest, estimate.covariance[i][i]);
   }
@@ -137,10 +143,16 @@ const LagEstimate* findLag(const VarEstimation& estimation, std::int32_t lag) {
   return found == estimation.lags.end() ? nullptr : &*found;
 }
 
-std::int32_t selectedLag(const VarEstimation& estimation, Criterion criterion) {
+std::int32_t selectedLag(const VarEstimation& estimation, Criterion criterion, std::int32_t minLag) {
   std::vector<double> values;
-  for (const LagEstimate& estimate : estimation.lags) values.push_back(valueOf(criterion, estimate.criteria));
-  return estimation.lags[placeOfSmallest(values)].lag;
+  std::vector<std::int32_t> lags;
+  for (const LagEstimate& estimate : estimation.lags) {
+    if (estimate.lag < minLag) continue;
+    values.push_back(valueOf(criterion, estimate.criteria));
+    lags.push_back(estimate.lag);
+  }
+  assert(!lags.empty());
+  return lags[placeOfSmallest(values)];
 }
 
 std::optional<LikelihoodRatio> likelihoodRatio(const VarEstimation& estimation, std::int32_t lag) {

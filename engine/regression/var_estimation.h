@@ -88,8 +88,8 @@ VarEstimation estimateVar(const VarSeries& series, const VarOptions& options);
 // The estimate of `lag`, or null when it was not fitted.
 const LagEstimate* findLag(const VarEstimation& estimation, std::int32_t lag);
 
-// The lag of the smallest value, the lowest among equals; at least one lag must be fitted.
-std::int32_t selectedLag(const VarEstimation& estimation, Criterion criterion);
+// The lag of the smallest value among those from `minLag` on, the lowest among equals; at least one must be fitted.
+std::int32_t selectedLag(const VarEstimation& estimation, Criterion criterion, std::int32_t minLag = 0);
 
 // Twice what the likelihood rose by from the lag below (-1 before the first), and the degrees of freedom K^2 of its
 // chi-squared distribution.

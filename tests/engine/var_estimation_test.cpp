@@ -121,6 +121,7 @@ TEST(EstimateVar, ReadsLikelihoodRatioAndSelection) {
   for (std::size_t t = 2; t < 200; ++t) y[0][t] += 0.8 * y[0][t - 2];
   const VarEstimation estimation = estimateVar({y, {}}, {.minLag = 0, .maxLag = 4});
   for (const CriterionRow& row : criterionTable()) EXPECT_EQ(selectedLag(estimation, row.criterion), 2) << row.name;
+  EXPECT_EQ(selectedLag(estimation, Criterion::bic, 3), 3);
   const auto ratio = likelihoodRatio(estimation, 2);
   ASSERT_TRUE(ratio);
   // n ln(V1 / V2)
@@ -169,6 +170,11 @@ TEST(EstimateVar, TellsWhyALagCannotBeFitted) {
     SeriesList odd = y;
     odd[1][20] = value;
     EXPECT_EQ(reasonOf(odd, {}, {}), outOfRange);
+  }
+  for (const double unit : {1e-300, 1e-160, 1e160}) {
+    SeriesList scaled = y;
+    for (double& value : scaled[0]) value *= unit;
+    EXPECT_EQ(reasonOf(scaled, {}, {}), outOfRange) << unit;
   }
   // n = 50 - p, m = 1 + 2 p: lag 16 has 34 rows for 33 regressors.
   EXPECT_FALSE(estimateVar({y, {}}, {.minLag = 16, .maxLag = 16, .allowSingularCovariance = true}).error);
