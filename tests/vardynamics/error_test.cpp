@@ -140,6 +140,8 @@ std::vector<Fault> faults() {
        kModel + "/SAVE FILE='r.csv' RESIDUALS"},
       {"NoForecastToSave", kModel + "/SAVE FILE='r.csv' FORECASTS", "Add /FORECAST, or leave out FORECASTS.",
        kModel + "/FORECAST /SAVE FILE='r.csv' FORECASTS"},
+      {"NoForecastToPlot", kModel + "/PLOT TYPE=[FORECAST]", "Add /FORECAST, or leave out the keyword.",
+       kModel + "/FORECAST /PLOT TYPE=[FORECAST]"},
       {.name = "UnknownFormat",
        .command = kModel + "/SAVE FILE='r.txt' RESIDUALS",
        .says = "no file that can be written"},

@@ -93,8 +93,8 @@ std::string foot(const PivotTable& table) {
   if (table.footnotes.empty()) return {};
   std::string rows;
   for (const Footnote& note : table.footnotes)
-    rows += fmt::format("<tr><td colspan=\"{}\"><div><sup>{}</sup> {}</div></td></tr>\n", table.leafCount() + 1,
-                        note.marker, name(note.text));
+    rows += fmt::format("<tr><td colspan=\"{}\"><div>{}{}</div></td></tr>\n", table.leafCount() + 1,
+                        note.marker.empty() ? "" : "<sup>" + note.marker + "</sup> ", name(note.text));
   return fmt::format("<tfoot>\n{}</tfoot>\n", rows);
 }
 

@@ -48,7 +48,9 @@ std::string paintMarkdown(const PivotTable& table) {
     for (const Cell& cell : table.cells[row]) out += ' ' + cell.shown.text + " |";
     out += '\n';
   }
-  for (const Footnote& note : table.footnotes) out += "\n(" + note.marker + ") " + markdownText(note.text) + '\n';
+  for (const Footnote& note : table.footnotes) {
+    out += '\n' + (note.marker.empty() ? "" : "(" + note.marker + ") ") + markdownText(note.text) + '\n';
+  }
   return out;
 }
 

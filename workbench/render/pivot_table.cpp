@@ -40,13 +40,14 @@ std::string footnoteMarker(std::size_t index) {
 }
 
 void readFootnotes(const Value& item, PivotTable& table) {
-  for (std::string& note : textList(item, "footnotes"))
-    table.footnotes.push_back({footnoteMarker(table.footnotes.size()), std::move(note)});
+  for (std::string& note : textList(item, "footnotes")) table.footnotes.push_back({"", std::move(note)});
   const Value* references = property(item, "titleFootnotes");
   if (references == nullptr) return;
   for (const Value& reference : references->GetArray()) {
     const auto index = static_cast<std::size_t>(reference.GetUint64());
-    if (index < table.footnotes.size()) table.titleFootnotes.push_back(index);
+    if (index >= table.footnotes.size()) continue;
+    table.titleFootnotes.push_back(index);
+    table.footnotes[index].marker = footnoteMarker(index);
   }
 }
 
@@ -108,10 +109,25 @@ void readCells(const Value& item, const Locale& locale, PivotTable& table) {
   }
 }
 
+// What the chart's statements call it; its name when they do not say.
+std::string chartTitle(const Value& item) {
+  constexpr std::string_view begin = "GUIDE: text.title(label(\"";
+  constexpr std::string_view end = "\"))";
+  for (const std::string& line : textList(item, "vizl")) {
+    if (!line.starts_with(begin) || !line.ends_with(end)) continue;
+    return line.substr(begin.size(), line.size() - begin.size() - end.size());
+  }
+  return textProperty(item, "name");
+}
+
 ChartItem readChart(const Value& item) {
-  ChartItem chart{textProperty(item, "name"), 0, &item};
-  if (const Value* columns = property(item, "columns"))
-    if (const Value* values = property(*columns, "ydata")) chart.points = values->Size();
+  ChartItem chart{chartTitle(item), 0, &item};
+  const Value* columns = property(item, "columns");
+  if (columns == nullptr) return chart;
+  // Columns are parallel: a row is a point.
+  for (const auto& column : columns->GetObject()) {
+    chart.points = std::max<std::size_t>(chart.points, column.value.Size());
+  }
   return chart;
 }
 

@@ -34,7 +34,7 @@ struct ColumnWidth {
 };
 
 struct Footnote {
-  std::string marker;  // "a", "b", ..., "z", "aa", ...
+  std::string marker;  // "a", "b", ..., "z", "aa", ...; empty for one that nothing refers to
   std::string text;
 };
 

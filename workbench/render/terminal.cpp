@@ -155,7 +155,7 @@ class TablePainter {
 
   void paintFootnotes() {
     for (const Footnote& note : table_.footnotes) {
-      std::string marker = fmt::format("[{}] ", note.marker);
+      std::string marker = note.marker.empty() ? "" : fmt::format("[{}] ", note.marker);
       const int indent = displayWidth(marker);
       for (const std::string& part : wrapText(visibleText(note.text), width_ - indent)) {
         newLine(marker + part);

@@ -65,6 +65,7 @@ std::vector<Subcommand> syntaxTable() {
       {.name = "FORECAST",
        .parameters = {within("HORIZON", 1, kLongestHorizon), oneKeyword("INTERVAL", spellings(kIntervals)),
                       yesOrNo("CONDITIONAL")}},
+      {.name = "PLOT", .parameters = {keywordList("TYPE", false, keywordsOf(kPlots))}},
       {.name = "SAVE",
        .parameters = {{.name = "FILE", .kind = codes::kFileName, .required = true, .saysQualification = false},
                       flag("FORECASTS"),

@@ -68,8 +68,14 @@ void readIfGiven(const CommandSpec& command, const char* name, Read read, Target
   if (const SubComObj* given = command.getSubComObj(name)) target = read(*given);
 }
 
-void refuseSavingWithoutForecast(const Settings& settings) {
-  if (!settings.save || !settings.save->forecasts || settings.forecast) return;
+// A keyword that asks for something of a subcommand that is not there.
+void refuseWithoutForecast(const CommandSpec& command, const Settings& settings) {
+  if (settings.forecast) return;
+  const SubComObj* plot = command.getSubComObj("PLOT");
+  if (plot != nullptr && plot->getParamObj("TYPE") != nullptr && settings.plot->forecast) {
+    fail("PLOT asks for FORECAST, and there is no subcommand FORECAST. Add /FORECAST, or leave out the keyword.");
+  }
+  if (!settings.save || !settings.save->forecasts) return;
   fail("SAVE asks for FORECASTS, and there is no subcommand FORECAST. Add /FORECAST, or leave out FORECASTS.");
 }
 
@@ -88,7 +94,7 @@ Settings readSettings(const CommandSpec& command, const CommandDescriptor& descr
   readIfGiven(command, "SAVE", readSave, settings.save);
   readIfGiven(command, "AUXILIARY", readLevels, settings.levels);
   readIfGiven(command, "MISSING", readUserMissing, settings.includeUserMissing);
-  refuseSavingWithoutForecast(settings);
+  refuseWithoutForecast(command, settings);
   return settings;
 }
 

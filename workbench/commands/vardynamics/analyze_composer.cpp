@@ -68,6 +68,7 @@ std::string AnalyzeComposer::compose(const ComposerRequest& request) {
     text += fmt::format("  /FORECAST HORIZON={}{}\n", *request.predictPeriods,
                         options_.conditional ? " CONDITIONAL=YES" : "");
   }
+  text += "  /PLOT\n";
   if (!options_.saveFile.empty()) {
     text += "  /SAVE FILE=" + quoteText(options_.saveFile) + " RESIDUALS" +
             (request.predictPeriods ? " FORECASTS\n" : "\n");

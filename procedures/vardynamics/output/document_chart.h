@@ -1,0 +1,26 @@
+// A chart of the output document as data.
+
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "host/output.h"
+
+namespace vardynamics {
+
+// Columns are parallel. A statement of the chart language refers to them by the names in `data`.
+struct DocumentChart {
+  std::string id;     // English, the same in every language
+  std::string title;  // a display text
+  std::vector<std::pair<std::string, std::vector<std::string>>> texts = {};
+  std::vector<std::pair<std::string, std::vector<double>>> numbers = {};  // NaN where there is none
+  std::vector<std::string> statements = {};                               // scales, guides and elements
+};
+
+// Appends the chart to the document, with the statements that name its data and its title. Host exceptions pass
+// through.
+void writeChart(StatJSONGenerator& generator, const DocumentChart& chart);
+
+}  // namespace vardynamics
