@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <cmath>
 #include <string>
 
 #include "host/codes.h"
@@ -44,11 +43,9 @@ std::vector<std::optional<engine::ChiSquaredTest>> likelihoodRatios(const engine
 
 TableColumn criterionColumn(const engine::CriterionRow& row, const std::vector<engine::LagEstimate>& lags) {
   const auto index = static_cast<std::size_t>(row.criterion);
-  TableColumn column{criterionName(row), columnOf(lags, [&](const auto& lag) {
-                       return row.logarithmic ? std::exp(lag.criteria[index]) : lag.criteria[index];
-                     })};
-  if (row.logarithmic) column.decimals = decimalsForErrors(column.values);
-  return column;
+  const std::string name = criterionName(row);
+  return {row.logarithmic ? "ln(" + name + ")" : name,
+          columnOf(lags, [index](const auto& lag) { return lag.criteria[index]; })};
 }
 
 DocumentTable selectionTable(const ReportContext& context) {
@@ -127,7 +124,7 @@ DocumentTable parameterTable(const ReportContext& context, std::size_t equation)
           .columns = {{texts.localize("Coefficient"), {coefficients.begin(), coefficients.end()}, decimals},
                       {texts.localize("Std. Error"), found.standardErrors, decimals},
                       {texts.localize("t"), found.tStatistics},
-                      {texts.localize("Sig."), found.pValues, kProbabilityDecimals},
+                      probabilityColumn(texts, found.pValues),
                       {texts.localize("^1 Lower", {level}), found.lowerLimits, decimals},
                       {texts.localize("^1 Upper", {level}), found.upperLimits, decimals}}};
 }

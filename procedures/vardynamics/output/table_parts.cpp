@@ -26,7 +26,7 @@ std::vector<TableColumn> chiSquaredColumns(const Texts& texts,
   using Test = engine::ChiSquaredTest;
   return {{texts.localize("Statistic"), valuesOf(tests, &Test::statistic), kStatisticDecimals},
           {texts.localize("df"), valuesOf(tests, &Test::degreesOfFreedom), 0},
-          {texts.localize("Sig."), valuesOf(tests, &Test::pValue), kProbabilityDecimals}};
+          probabilityColumn(texts, valuesOf(tests, &Test::pValue))};
 }
 
 std::vector<TableColumn> fColumns(const Texts& texts, const std::vector<std::optional<engine::FTest>>& tests) {
@@ -34,7 +34,14 @@ std::vector<TableColumn> fColumns(const Texts& texts, const std::vector<std::opt
   return {{texts.localize("F"), valuesOf(tests, &Test::statistic), kStatisticDecimals},
           {texts.localize("df1"), valuesOf(tests, &Test::numeratorDegrees), 0},
           {texts.localize("df2"), valuesOf(tests, &Test::denominatorDegrees), 0},
-          {texts.localize("Sig."), valuesOf(tests, &Test::pValue), kProbabilityDecimals}};
+          probabilityColumn(texts, valuesOf(tests, &Test::pValue))};
+}
+
+TableColumn probabilityColumn(const Texts& texts, std::vector<double> values) {
+  for (double& value : values) {
+    if (value == 0.0) value = std::numeric_limits<double>::min();
+  }
+  return {texts.localize("Sig."), std::move(values), kProbabilityDecimals};
 }
 
 std::vector<TableColumn> grouped(std::vector<TableColumn> columns, const std::string& group) {

@@ -23,6 +23,9 @@ std::vector<double> columnOf(const Rows& rows, ValueOf valueOf) {
   return values;
 }
 
+// The column "Sig.". A p-value too small for a double stands as the smallest one: no probability is zero.
+TableColumn probabilityColumn(const Texts& texts, std::vector<double> values);
+
 // Statistic, df and Sig. of tests, one a row; missing where a test is absent.
 std::vector<TableColumn> chiSquaredColumns(const Texts& texts,
                                            const std::vector<std::optional<engine::ChiSquaredTest>>& tests);

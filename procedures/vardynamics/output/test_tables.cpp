@@ -7,8 +7,6 @@
 namespace vardynamics {
 namespace {
 
-constexpr int kProbabilityDecimals = 4;
-
 using OptionalChiSquared = std::vector<std::optional<engine::ChiSquaredTest>>;
 
 DocumentTable portmanteauTable(const ReportContext& context) {
@@ -126,11 +124,11 @@ DocumentTable unitRootTable(const ReportContext& context) {
   const auto probability = [](const auto& test) { return test.pValue; };
   table.columns = grouped({{texts.localize("t"), ofDickeyFuller(statistic)},
                            {texts.localize("Lags"), ofDickeyFuller(lags), 0},
-                           {texts.localize("Sig."), ofDickeyFuller(probability), kProbabilityDecimals}},
+                           probabilityColumn(texts, ofDickeyFuller(probability))},
                           texts.localize("ADF (H0: unit root)"));
   append(table.columns, grouped({{texts.localize("Statistic"), ofKpss(statistic)},
                                  {texts.localize("Lags"), ofKpss(lags), 0},
-                                 {texts.localize("Sig."), ofKpss(probability), kProbabilityDecimals}},
+                                 probabilityColumn(texts, ofKpss(probability))},
                                 texts.localize("KPSS (H0: stationary)")));
   return table;
 }

@@ -1,9 +1,11 @@
 #include "procedures/vardynamics/output/write_document.h"
 
+#include <cstddef>
 #include <iostream>
 
 #include "host/case_input.h"
 #include "host/output.h"
+#include "procedures/vardynamics/output/charts.h"
 #include "procedures/vardynamics/output/tables.h"
 #include "procedures/vardynamics/syntax/command_identity.h"
 
@@ -17,9 +19,10 @@ class DocumentWriter {
   void write() {
     const Settings& settings = context_.settings;
     writeTable(generator_, summaryTable(context_));
-    if (settings.forecast) add(forecastTables(context_));
+    if (settings.forecast) addForecast();
     add(modelTables(context_));
     if (settings.stability) add(stabilityTables(context_));
+    if (settings.plot && settings.plot->roots) writeChart(generator_, rootsChart(context_));
     if (settings.tests) add(testTables(context_));
     if (settings.causality) add(causalityTables(context_));
   }
@@ -29,6 +32,20 @@ class DocumentWriter {
  private:
   void add(const Tables& tables) {
     for (const DocumentTable& table : tables) writeTable(generator_, table);
+  }
+
+  // Each series' chart behind its table; behind the one table of all series where there are no limits.
+  void addForecast() {
+    const Tables tables = forecastTables(context_);
+    const std::size_t seriesCount = context_.names().size();
+    const bool charts = context_.settings.plot && context_.settings.plot->forecast;
+    const bool tableOfAll = !context_.analysis.forecast->standardErrors;
+    if (tableOfAll) writeTable(generator_, tables.front());
+    for (std::size_t i = 0; i < seriesCount; ++i) {
+      if (!tableOfAll) writeTable(generator_, tables[i]);
+      if (charts) writeChart(generator_, forecastChart(context_, i));
+    }
+    for (std::size_t i = tableOfAll ? 1 : seriesCount; i < tables.size(); ++i) writeTable(generator_, tables[i]);
   }
 
   const ReportContext& context_;
