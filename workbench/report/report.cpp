@@ -7,6 +7,7 @@
 #include <string_view>
 #include <utility>
 
+#include "workbench/base/visible_text.h"
 #include "workbench/edge/texts.h"
 #include "workbench/render/html_escape.h"
 #include "workbench/render/html_table.h"
@@ -113,7 +114,7 @@ class Page {
 
   static std::vector<ReportFact> factsOf(const ReportOutput& output) {
     std::vector<ReportFact> facts = output.facts;
-    for (const std::string& file : output.savedFiles) facts.push_back({tr("Saved file"), file});
+    for (const std::string& file : output.savedFiles) facts.push_back({tr("Saved file"), visibleText(file)});
     return facts;
   }
 
