@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "tests/charts/chart_fixture.h"
+#include "tests/render/comma_language.h"
 #include "workbench/render/chart_description.h"
 
 namespace workbench {
@@ -99,7 +100,7 @@ TEST(ChartDescription, TellsTheNumbers) {
   EXPECT_EQ(describeChart(chart),
             "Line chart: Title. Share by Date, 1959Q1 to 1959Q3. Observed: 2 values from 1 at 1959Q1 to 2 at 1959Q2; "
             "lowest 1 at 1959Q1, highest 2 at 1959Q2. Fitted: 1.5 at 1959Q1. Forecast: 9 at 1959Q3.");
-  EXPECT_THAT(describeChart(chart, {","}), HasSubstr("Fitted: 1,5 at 1959Q1."));
+  EXPECT_THAT(describeChart(chart, commaLanguage()), HasSubstr("Fitted: 1,5 at 1959Q1."));
 }
 
 TEST(ChartDescription, TellsBandsPointsAndGuides) {

@@ -73,7 +73,7 @@ TEST_F(OutputTest, TheDocumentOutlivesItsGenerator) {
 class DisplayTextTest : public SessionTest {
  protected:
   std::string path(const std::string& language) {
-    session.language = language;
+    session.language = workbench::Language(language, {});
     return PathFactory::getPathInstance(3)->getPath();
   }
 };

@@ -4,7 +4,7 @@
 
 #include "tests/document/document_fixture.h"
 #include "workbench/base/errors.h"
-#include "workbench/edge/languages.h"
+#include "workbench/base/languages.h"
 
 namespace workbench {
 namespace {
@@ -13,7 +13,7 @@ class TextsTest : public SessionTest {
  protected:
   void use(const std::string& content) {
     write(content);
-    setLanguage(session, "de");
+    session.language = readLanguage(session.dictionaryFolder, "de");
   }
 };
 
@@ -41,7 +41,7 @@ TEST_F(TextsTest, FinishedMessagesAreFoundByTheirPattern) {
       {"The name must be whole.", "name muss ganz sein."},  // arguments are data
       {"they disagree (A chose 1, B chose 2).", "uneins (A nahm 1, B nahm 2)."},
   };
-  for (const auto& [english, german] : cases) EXPECT_EQ(session.texts.translate(english), german) << english;
+  for (const auto& [english, german] : cases) EXPECT_EQ(session.language.translate(english), german) << english;
 }
 
 TEST_F(TextsTest, LanguagesAreTheFilesOfTheFolderAndDamagedOnesAreRefused) {
@@ -49,7 +49,7 @@ TEST_F(TextsTest, LanguagesAreTheFilesOfTheFolderAndDamagedOnesAreRefused) {
   std::ofstream(session.dictionaryFolder / "notes.txt") << "{}";
   EXPECT_THAT(availableLanguages(session.dictionaryFolder), testing::ElementsAre("de", "en"));
   EXPECT_THAT(availableLanguages("no such folder"), testing::ElementsAre("en"));
-  EXPECT_THROW(setLanguage(session, "fr"), UsageError);
+  EXPECT_THROW(readLanguage(session.dictionaryFolder, "fr"), UsageError);
   EXPECT_THROW(use("[1"), UsageError);
 }
 

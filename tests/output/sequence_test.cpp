@@ -94,14 +94,14 @@ TEST_F(SequenceTest, RoutinesSayWhatTheyLack) {
 TEST_F(SequenceTest, MarkersAreReplacedOnceAndTextsComeFromTheDictionary) {
   write(R"x({"^1 CI Lower": "Untergrenze (^1)", "Optimal lag: ": "Bestes: ", "Lag ": "V", "Forecast -": "P: "})x");
   settings.showParameters = settings.showGoodFit = settings.useAic = settings.plotForecast = true;
-  session.language = "de";
+  session.language = workbench::Language("de", {});
   ASSERT_EQ(run(), 0);
   EXPECT_EQ(items()[0]["columns"][4]["label"], "Untergrenze (95%)");
   EXPECT_EQ(items()[0]["columns"][5]["label"], "95% CI Upper");
   EXPECT_EQ(items()[2]["footnotes"][0], "Bestes:  1 .AIC : V2 ");
   EXPECT_EQ(items()[3]["name"], "P: y");
 
-  session.language = "en";
+  session.language = {};
   const VAROutputGen generator(&procedure, dataSource, &settings, &algo);
   EXPECT_EQ(generator.localize("^1 and ^1", "a"), "a and ^1");
   EXPECT_EQ(generator.localize("^2 of ^1", "a", "b"), "b of a");

@@ -14,6 +14,7 @@
 #include <limits>
 
 #include "tests/charts/chart_fixture.h"
+#include "tests/render/comma_language.h"
 #include "workbench/plots/gnuplot.h"
 #include "workbench/plots/gnuplot_script.h"
 #include "workbench/render/display_text.h"
@@ -70,8 +71,8 @@ class ChartDocument {
     return *this;
   }
 
-  Plots plots(const Locale& locale = {}) const { return paintPlots(json_, {.width = 80}, locale); }
-  std::string paint(const Locale& locale = {}) const { return plots(locale).text; }
+  Plots plots(const Language& language = {}) const { return paintPlots(json_, {.width = 80}, language); }
+  std::string paint(const Language& language = {}) const { return plots(language).text; }
 
  private:
   rapidjson::Document::AllocatorType& pool() { return json_.GetAllocator(); }
@@ -139,7 +140,7 @@ TEST(Plots, GlyphsStayWithTheirNames) {
 
 TEST(Plots, BarsStandOnTheZeroLineWithTheirValues) {
   SKIP_WITHOUT_GNUPLOT();
-  const std::string text = ChartDocument().chart("ACF", "interval").series("r", {1, -0.5, 0.06}).paint({","});
+  const std::string text = ChartDocument().chart("ACF", "interval").series("r", {1, -0.5, 0.06}).paint(commaLanguage());
   const auto lines = linesOf(text);
   ASSERT_EQ(lines.size(), 17U);
   EXPECT_THAT(lines[2], testing::MatchesRegex(" *1,00"));

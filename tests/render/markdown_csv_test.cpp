@@ -31,7 +31,7 @@ TEST(Csv, WritesFullPrecisionAndQuotesWhatNeedsIt) {
       "real_gdp|1,7221.171900985223,8,\r\n"
       "\"two\nlines\",1e-09,-1.5,2\r\n";
   EXPECT_EQ(paintCsv(tableFromJson(kTable)), expected);
-  EXPECT_EQ(paintCsv(tableFromJson(kTable, {","})), expected) << "the same in every language";
+  EXPECT_EQ(paintCsv(tableFromJson(kTable, commaLanguage())), expected) << "the same in every language";
 }
 
 TEST(TableFormats, WriteEveryTableInTheFormatOfAFileName) {

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <limits>
 
+#include "tests/render/comma_language.h"
 #include "workbench/dataset/dataset.h"
 
 namespace workbench {
@@ -44,8 +45,8 @@ TEST(NumberFormat, ShowsFixedDecimalsAndNothingMisleading) {
 }
 
 TEST(NumberFormat, TakesTheDecimalSeparatorOfTheLanguage) {
-  EXPECT_EQ(formatNumber(-1234.5, {5, 10, 2}, {","}).text, "-1234,50");
-  EXPECT_EQ(formatNumber(3.2e-7, {5, 10, 2}, {","}).text, "3,2e-07");
+  EXPECT_EQ(formatNumber(-1234.5, {5, 10, 2}, commaLanguage()).text, "-1234,50");
+  EXPECT_EQ(formatNumber(3.2e-7, {5, 10, 2}, commaLanguage()).text, "3,2e-07");
 }
 
 TEST(NumberFormat, FullPrecisionReadsBackAsTheSameDouble) {

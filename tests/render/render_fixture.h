@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/render/comma_language.h"
 #include "workbench/render/pivot_table.h"
 
 namespace workbench {
@@ -20,8 +21,8 @@ inline rapidjson::Document parseJson(const std::string& json) {
   return document;
 }
 
-inline PivotTable tableFromJson(const std::string& json, const Locale& locale = {}) {
-  return readPivotTable(parseJson(json), locale);
+inline PivotTable tableFromJson(const std::string& json, const Language& language = {}) {
+  return readPivotTable(parseJson(json), language);
 }
 
 // Names that a variable may have and that a page, a plot and a terminal must survive.

@@ -127,7 +127,7 @@ TEST(Terminal, PaintsADocumentWithItsChartsListedLast) {
       parseJson(R"({ "procedure": "Vector Autoregressive Models", "subtitle": "", "items": [
     { "type": "chart", "name": "Time Series -\u001b[2Jgdp", "columns": { "ydata": [1, 2, 3] } },
     { "type": "table", "title": "One", "columns": [ { "label": "t" } ], "rows": ["a"], "cells": [[-1.5]] } ] })");
-  EXPECT_EQ('\n' + paintDocumentTerminal(document, {}, {","}), R"(
+  EXPECT_EQ('\n' + paintDocumentTerminal(document, {}, commaLanguage()), R"(
 Vector Autoregressive Models
 
 One

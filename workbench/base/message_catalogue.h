@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace workbench {
@@ -14,6 +15,7 @@ namespace workbench {
 class MessageCatalogue {
  public:
   MessageCatalogue() = default;  // holds none
+  explicit MessageCatalogue(std::map<std::string, std::string, std::less<>> texts) : texts_(std::move(texts)) {}
   // A dictionary file: one JSON object in UTF-8, English text -> text; other entries are left out. Throws
   // std::runtime_error with what is wrong with the file ("cannot be opened").
   static MessageCatalogue read(const std::filesystem::path& file);

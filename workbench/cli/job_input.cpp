@@ -3,11 +3,11 @@
 #include <fmt/core.h>
 
 #include "workbench/base/errors.h"
+#include "workbench/base/languages.h"
 #include "workbench/base/standard_streams.h"
 #include "workbench/cli/output_files.h"
 #include "workbench/dataset/fingerprint.h"
 #include "workbench/dates/date_setup.h"
-#include "workbench/edge/languages.h"
 
 namespace workbench {
 
@@ -42,7 +42,7 @@ void setPredict(const Job& job, CallInput& input) {
 CallInput surroundings(const Job& job, const OutputOptions& options) {
   CallInput input;
   input.dictionaryFolder = installedDictionaries();
-  setLanguage(input, options.language);
+  input.language = readLanguage(input.dictionaryFolder, options.language);
   spareInputs(job, input);
   claimOutputFiles(options, input);
   input.composed = job.file.empty();

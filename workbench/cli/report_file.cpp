@@ -42,7 +42,7 @@ std::vector<ReportFact> factsOf(const RunDescription& description) {
   facts.push_back({tr("Command line"), joined(description.commandLine)});
   facts.push_back({tr("Version"), description.program + " " + description.version});
   for (const auto& [stage, seconds] : description.seconds) {
-    facts.push_back({stage, tr("^1 s", formatNumber(seconds, {.decimals = 3}, sessionLocale()).text)});
+    facts.push_back({stage, tr("^1 s", formatNumber(seconds, {.decimals = 3}, currentLanguage()).text)});
   }
   std::erase_if(facts, [](const ReportFact& fact) { return fact.value.empty(); });
   return facts;
@@ -82,11 +82,7 @@ ReportOutput outputOf(const ToldRun& told) {
 }  // namespace
 
 std::string reportPage(const RunDescription& description, const std::vector<ToldRun>& runs) {
-  ReportInput input{.outputs = {},
-                    .facts = factsOf(description),
-                    .messages = {},
-                    .language = description.language,
-                    .locale = sessionLocale()};
+  ReportInput input{.outputs = {}, .facts = factsOf(description), .messages = {}, .language = currentLanguage()};
   for (const ToldRun& told : runs) {
     input.outputs.push_back(outputOf(told));
     for (const RunMessage& message : told.messages) {

@@ -54,7 +54,8 @@ void showNotes(const std::vector<RunMessage>& messages, bool aboveOutput) {
   for (const RunMessage& message : messages) {
     if (message.kind != RunMessage::Kind::note || message.aboveOutput != aboveOutput) continue;
     if (!aboveOutput && std::exchange(first, false)) put(stdout, "\n");
-    put(stdout, paintMessage(labelOf(message.kind), message.shown(), style) + (aboveOutput ? "\n" : ""));
+    put(stdout,
+        paintMessage(labelOf(message.kind), message.shown(), style, currentLanguage()) + (aboveOutput ? "\n" : ""));
   }
 }
 
@@ -69,12 +70,13 @@ void showHead(const ToldRun& told) {
 void showOutput(const ToldRun& told, const OutputOptions& options) {
   const rapidjson::Document& document = told.run.record.document;
   TerminalStyle style = styleOf(STDOUT_FILENO);
-  const Plots plots = options.plots ? paintPlots(document, style, sessionLocale()) : Plots{};
+  const Plots plots = options.plots ? paintPlots(document, style, currentLanguage()) : Plots{};
   style.listsCharts = plots.text.empty();
-  if (!plots.problem.empty()) put(stderr, paintMessage("warning", plots.problem, messageStyle(STDERR_FILENO)));
+  if (!plots.problem.empty())
+    put(stderr, paintMessage("warning", plots.problem, messageStyle(STDERR_FILENO), currentLanguage()));
   showHead(told);
   showNotes(told.messages, true);
-  put(stdout, paintDocumentTerminal(document, style, sessionLocale(), told.view));
+  put(stdout, paintDocumentTerminal(document, style, currentLanguage(), told.view));
   if (!plots.text.empty()) put(stdout, "\n" + plots.text);
   showNotes(told.messages, false);
   for (const auto& file : told.run.record.savedFiles) put(stdout, tr("saved: ^1", file.string()) + "\n");
@@ -83,7 +85,7 @@ void showOutput(const ToldRun& told, const OutputOptions& options) {
 void showSummary(const FinishedRun& run) {
   put(stdout, run.command.summary(run));
   const std::string note = run.command.summaryNote(run);
-  if (!note.empty()) put(stdout, paintMessage("note", note, styleOf(STDOUT_FILENO)));
+  if (!note.empty()) put(stdout, paintMessage("note", note, styleOf(STDOUT_FILENO), currentLanguage()));
 }
 
 // Errors, warnings and hints are for standard error; so are notes on the data where standard output shows none.
@@ -99,7 +101,7 @@ void showLine(const std::string& text) {
 }
 
 void showError(const std::string& text) {
-  put(stderr, paintMessage("error", text, messageStyle(STDERR_FILENO)));
+  put(stderr, paintMessage("error", text, messageStyle(STDERR_FILENO), currentLanguage()));
 }
 
 void showRun(const ToldRun& told, const OutputOptions& options) {
@@ -110,7 +112,7 @@ void showRun(const ToldRun& told, const OutputOptions& options) {
   std::fflush(stdout);
   for (const RunMessage& message : told.messages) {
     if (!isForStandardError(message, options)) continue;
-    put(stderr, paintMessage(labelOf(message.kind), message.shown(), messageStyle(STDERR_FILENO)));
+    put(stderr, paintMessage(labelOf(message.kind), message.shown(), messageStyle(STDERR_FILENO), currentLanguage()));
   }
 }
 

@@ -4,7 +4,8 @@
 #include <utility>
 
 #include "host/codes.h"
-#include "workbench/edge/languages.h"
+#include "workbench/base/languages.h"
+#include "workbench/edge/session.h"
 
 namespace {
 
@@ -37,7 +38,8 @@ PathFactory* PathFactory::getPathInstance(int kind) {
 // The dictionary file of the session's language; empty when none is needed.
 std::string PathFactory::getPath() const {
   if (!state_->findsDisplayTexts) return {};
-  return workbench::dictionaryFile(workbench::currentSession()).string();
+  const workbench::CallInput& input = workbench::currentSession();
+  return workbench::dictionaryFile(input.dictionaryFolder, input.language.code()).string();
 }
 
 struct FacSTDictionary::State {

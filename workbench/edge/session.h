@@ -13,7 +13,7 @@
 #include <vector>
 
 #include "workbench/base/json.h"
-#include "workbench/base/message_catalogue.h"
+#include "workbench/base/language.h"
 #include "workbench/base/taken_file.h"
 #include "workbench/dataset/dataset.h"
 #include "workbench/dates/trends_settings.h"
@@ -55,9 +55,8 @@ struct CallInput {
   TrendsSettings trends;
   int weightColumn = -1;
   std::vector<std::string> splitVariables;
-  std::string language = "en";
+  Language language;
   std::filesystem::path dictionaryFolder;
-  MessageCatalogue texts;             // of the language; English without any
   std::filesystem::path baseFolder;   // relative SAVE paths start here
   std::vector<TakenFile> takenFiles;  // that a saved file must not overwrite
 };

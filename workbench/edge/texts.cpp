@@ -4,10 +4,10 @@
 
 namespace workbench {
 
-const MessageCatalogue& currentTexts() {
-  static const MessageCatalogue english;
+const Language& currentLanguage() {
+  static const Language english;
   const Session* session = runningSession();
-  return session == nullptr ? english : session->texts;
+  return session == nullptr ? english : session->language;
 }
 
 }  // namespace workbench

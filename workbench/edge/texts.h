@@ -1,30 +1,20 @@
-// Texts in the language of the session.
+// Texts in the language of the running call, for those who speak about it.
 
 #pragma once
 
-#include <concepts>
 #include <string>
 #include <string_view>
 
-#include "workbench/base/message_catalogue.h"
+#include "workbench/base/language.h"
 
 namespace workbench {
 
-// The texts of the running session; English ones when no session is running.
-const MessageCatalogue& currentTexts();
+// English when no call is running.
+const Language& currentLanguage();
 
-inline std::string argumentText(std::string_view text) {
-  return std::string(text);
-}
-template <std::integral Number>
-std::string argumentText(Number number) {
-  return std::to_string(number);
-}
-
-// The text for a key in the running session's language, with its arguments.
 template <class... Arguments>
 std::string tr(std::string_view key, const Arguments&... arguments) {
-  return fillMarkers(currentTexts().lookUp(key), {argumentText(arguments)...});
+  return currentLanguage().tr(key, arguments...);
 }
 
 }  // namespace workbench

@@ -29,14 +29,14 @@ constexpr int kAxisColumns = 8;      // about what the value axis takes
 
 class ScriptWriter {
  public:
-  ScriptWriter(const Chart& chart, const PlotSize& size, const Locale& locale)
+  ScriptWriter(const Chart& chart, const PlotSize& size, const Language& language)
       : chart_(chart),
         layout_(layOutChart(chart)),
         spec_(chart.spec),
         data_(chart.data),
         size_(size),
         bars_(!spec_.elements.empty() && spec_.elements[0].kind == Kind::interval),
-        locale_(locale) {
+        language_(language) {
     if (spec_.equalAxes) size_.width = std::min(size_.width, 2 * (size_.height - 1) + kAxisColumns + 2);
     first_ = layout_.firstShown;
     valuesShown_ = bars_ && !spec_.elements[0].stacked && data_.series.size() == 1 && barsFit(kColumnsPerValue);
@@ -77,7 +77,7 @@ class ScriptWriter {
     line("reset");
     line("set terminal dumb mono noenhanced size {},{}", size_.width, size_.height);
     line("set encoding utf8");
-    line("set decimalsign {}", gnuplotText(locale_.decimalSeparator));
+    line("set decimalsign {}", gnuplotText(language_.decimalSeparator()));
     line("set print '-'");
     line("set key off");
     line("set border 3 back");
@@ -196,7 +196,7 @@ class ScriptWriter {
   std::string barText(double value) const {
     std::string text = spec_.yRange ? fmt::format("{:.2f}", value) : fmt::format("{:.3g}", value);
     if (const std::size_t point = text.find('.'); point != std::string::npos) {
-      text.replace(point, 1, locale_.decimalSeparator);
+      text.replace(point, 1, language_.decimalSeparator());
     }
     return text;
   }
@@ -220,7 +220,7 @@ class ScriptWriter {
   GridFrame frame_;
   std::size_t blocks_ = 0;
   std::string elements_;  // of the plot command
-  const Locale& locale_;
+  const Language& language_;
   std::string out_;
 };
 
@@ -252,8 +252,8 @@ bool hasValues(const Chart& chart) {
   });
 }
 
-std::string gnuplotScript(const Chart& chart, const PlotSize& size, const Locale& locale) {
-  return ScriptWriter(chart, size, locale).write();
+std::string gnuplotScript(const Chart& chart, const PlotSize& size, const Language& language) {
+  return ScriptWriter(chart, size, language).write();
 }
 
 }  // namespace workbench

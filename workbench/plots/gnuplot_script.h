@@ -34,7 +34,7 @@ struct PlotSize {
 // that was set before. Of a long history the last part is drawn; where series meet, the earlier one shows, except that
 // one drawn below others leaves them every third place. Axes of equal units take the width that fits their height.
 // Expects data that has values.
-std::string gnuplotScript(const Chart& chart, const PlotSize& size, const Locale& locale = {});
+std::string gnuplotScript(const Chart& chart, const PlotSize& size, const Language& language = {});
 
 inline constexpr char kPlotEnd = '\x1e';
 

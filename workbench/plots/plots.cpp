@@ -10,7 +10,6 @@
 
 #include "workbench/charts/chart.h"
 #include "workbench/charts/chart_layout.h"
-#include "workbench/edge/texts.h"
 #include "workbench/plots/gnuplot.h"
 #include "workbench/plots/gnuplot_script.h"
 #include "workbench/render/chart_description.h"
@@ -39,30 +38,32 @@ std::string wrapped(const std::string& text, int width) {
 }
 
 // "* realgdp  # realcons", no glyph at a line's end without its name; empty for one series.
-std::string legend(const Chart& chart) {
+std::string legend(const Chart& chart, const Language& language) {
   if (chart.data.series.size() < 2) return {};
   const auto glyphs = seriesGlyphs(chart, layOutChart(chart));
   std::vector<std::string> entries;
   for (const auto& [i, glyph] : glyphs)
     entries.push_back(fmt::format("{}{}{}", glyph, kTied, shortName(chart.data.series[i].name)));
   if (glyphs.size() < chart.data.series.size())
-    entries.push_back(tr("(the first ^1 of ^2 series)", glyphs.size(), chart.data.series.size()));
+    entries.push_back(language.tr("(the first ^1 of ^2 series)", glyphs.size(), chart.data.series.size()));
   return fmt::format("{}", fmt::join(entries, "  "));
 }
 
-std::string axes(const Chart& chart) {
+std::string axes(const Chart& chart, const Language& language) {
   const std::string x = shortName(chart.spec.xLabel);
   const std::string y = shortName(chart.spec.yLabel);
-  if (chart.spec.numericX) return tr("^1 by ^2", y, x);
+  if (chart.spec.numericX) return language.tr("^1 by ^2", y, x);
   const auto& categories = chart.data.categories;
   const std::size_t first = layOutChart(chart).firstShown;
-  const std::string shown = tr("^1 by ^2, ^3 to ^4", y, x, shortName(categories[first]), shortName(categories.back()));
-  return first == 0 ? shown : shown + ' ' + tr("(the last ^1 of ^2)", categories.size() - first, categories.size());
+  const std::string shown =
+      language.tr("^1 by ^2, ^3 to ^4", y, x, shortName(categories[first]), shortName(categories.back()));
+  return first == 0 ? shown
+                    : shown + ' ' + language.tr("(the last ^1 of ^2)", categories.size() - first, categories.size());
 }
 
-std::string whyNotDrawn(const Chart& chart) {
-  if (chart.data.problem) return problemText(chart.data.problem);
-  return hasValues(chart) ? "" : tr("All values are missing.");
+std::string whyNotDrawn(const Chart& chart, const Language& language) {
+  if (chart.data.problem) return problemText(chart.data.problem, language);
+  return hasValues(chart) ? "" : language.tr("All values are missing.");
 }
 
 // gnuplot's rows without the form feed and the blanks around them.
@@ -105,22 +106,22 @@ std::string sideBySide(const std::vector<std::string>& blocks, int width) {
   return fmt::format("{}\n", fmt::join(rows, "\n"));
 }
 
-std::vector<Chart> readCharts(const rapidjson::Document& document) {
+std::vector<Chart> readCharts(const rapidjson::Document& document, const Language& language) {
   std::vector<Chart> charts;
   for (const DocumentItem& item : documentItems(document)) {
     if (const auto* chart = std::get_if<ChartItem>(&item))
-      charts.push_back(readChart(*chart->json, tr("(not a text)")));
+      charts.push_back(readChart(*chart->json, language.tr("(not a text)")));
   }
   return charts;
 }
 
 // Title, axes, span of the categories, and the series by their glyphs where there are several.
-std::string plotHeading(const Chart& chart, const TerminalStyle& style) {
+std::string plotHeading(const Chart& chart, const TerminalStyle& style, const Language& language) {
   const int width = std::max(style.width, kNarrowest);
   std::string text = paintHeading(chart.spec.title, style);
   if (chart.data.problem) return text;
-  const std::string series = legend(chart.cells.empty() ? chart : chart.cells.front());
-  std::string lines = wrapped(axes(chart) + (series.empty() ? "" : ": " + series), width);
+  const std::string series = legend(chart.cells.empty() ? chart : chart.cells.front(), language);
+  std::string lines = wrapped(axes(chart, language) + (series.empty() ? "" : ": " + series), width);
   for (std::size_t at = lines.find(kTied); at != std::string::npos; at = lines.find(kTied, at))
     lines.replace(at, kTied.size(), " ");
   return text + lines;
@@ -129,19 +130,21 @@ std::string plotHeading(const Chart& chart, const TerminalStyle& style) {
 // Draws charts, first as gnuplot's commands for all of them, then from its output, in the same order.
 class PlotPainter {
  public:
-  PlotPainter(const TerminalStyle& style, const Locale& locale)
-      : style_(style), width_(std::max(style.width, kNarrowest)), locale_(locale) {}
+  PlotPainter(const TerminalStyle& style, const Language& language)
+      : style_(style), width_(std::max(style.width, kNarrowest)), language_(language) {}
 
   std::string script(const Chart& chart) const {
-    if (chart.cells.empty()) return whyNotDrawn(chart).empty() ? gnuplotScript(chart, sizeOf(chart), locale_) : "";
+    if (chart.cells.empty())
+      return whyNotDrawn(chart, language_).empty() ? gnuplotScript(chart, sizeOf(chart), language_) : "";
     std::string commands;
     for (const Chart& cell : chart.cells)
-      if (whyNotDrawn(cell).empty()) commands += gnuplotScript(cell, cellSize(chart), locale_);
+      if (whyNotDrawn(cell, language_).empty()) commands += gnuplotScript(cell, cellSize(chart), language_);
     return commands;
   }
 
   std::string paint(const Chart& chart, std::string_view& output) const {
-    return plotHeading(chart, style_) + (chart.cells.empty() ? rows(chart, width_, output) : panel(chart, output));
+    return plotHeading(chart, style_, language_) +
+           (chart.cells.empty() ? rows(chart, width_, output) : panel(chart, output));
   }
 
  private:
@@ -159,9 +162,9 @@ class PlotPainter {
 
   // What gnuplot drew, or why nothing.
   std::string rows(const Chart& chart, int width, std::string_view& output) const {
-    std::string remark = whyNotDrawn(chart);
+    std::string remark = whyNotDrawn(chart, language_);
     std::string drawn = remark.empty() ? nextPlot(output) : "";
-    if (remark.empty() && drawn.empty()) remark = tr("gnuplot cannot draw this chart.");
+    if (remark.empty() && drawn.empty()) remark = language_.tr("gnuplot cannot draw this chart.");
     return remark.empty() ? drawn : wrapped(remark, width);
   }
 
@@ -181,7 +184,7 @@ class PlotPainter {
 
   const TerminalStyle& style_;
   int width_;
-  const Locale& locale_;
+  const Language& language_;
 };
 
 std::string paintCharts(const std::vector<Chart>& charts, std::string_view output, const PlotPainter& painter) {
@@ -192,20 +195,21 @@ std::string paintCharts(const std::vector<Chart>& charts, std::string_view outpu
 
 }  // namespace
 
-Plots paintPlots(const rapidjson::Document& document, const TerminalStyle& style, const Locale& locale) {
-  const std::vector<Chart> charts = readCharts(document);
+Plots paintPlots(const rapidjson::Document& document, const TerminalStyle& style, const Language& language) {
+  const std::vector<Chart> charts = readCharts(document, language);
   if (charts.empty()) return {};
-  const PlotPainter painter(style, locale);
+  const PlotPainter painter(style, language);
   std::string script;
   for (const Chart& chart : charts) script += painter.script(chart);
   try {
     const auto output = runGnuplot(script);
     if (output) return {paintCharts(charts, *output, painter), ""};
   } catch (const std::system_error& error) {
-    return {"", tr("The charts are not drawn: ^1.", std::string(error.what()))};
+    return {"", language.tr("The charts are not drawn: ^1.", std::string(error.what()))};
   }
-  return {"", tr("The charts are not drawn: gnuplot is not installed. Install it (for instance: apt-get install "
-                 "gnuplot-nox), or leave out --plots.")};
+  return {"",
+          language.tr("The charts are not drawn: gnuplot is not installed. Install it (for instance: apt-get install "
+                      "gnuplot-nox), or leave out --plots.")};
 }
 
 }  // namespace workbench

@@ -16,6 +16,6 @@ struct Plots {
 };
 
 // A title, a line with the axes and the series' glyphs, and the plot, for each chart in the document's order.
-Plots paintPlots(const rapidjson::Document& document, const TerminalStyle& style, const Locale& locale = {});
+Plots paintPlots(const rapidjson::Document& document, const TerminalStyle& style, const Language& language = {});
 
 }  // namespace workbench

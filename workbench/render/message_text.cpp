@@ -2,7 +2,6 @@
 
 #include <sstream>
 
-#include "workbench/edge/texts.h"
 #include "workbench/render/display_text.h"
 
 namespace workbench {
@@ -11,8 +10,8 @@ namespace {
 
 constexpr int indentation = 2;
 
-std::string labelled(std::string_view label, const TerminalStyle& style) {
-  std::string text = tr(label) + ":";
+std::string labelled(std::string_view label, const TerminalStyle& style, const Language& language) {
+  std::string text = language.tr(label) + ":";
   if (!style.colour) return text;
   const char* colour = label == "error" ? "\x1b[1;31m" : label == "warning" ? "\x1b[1;33m" : "\x1b[1m";
   return colour + text + "\x1b[0m";
@@ -24,8 +23,9 @@ bool isVerbatim(const std::string& line) {
 
 }  // namespace
 
-std::string paintMessage(std::string_view label, std::string_view text, const TerminalStyle& style) {
-  const std::string shownLabel = tr(label) + ":";
+std::string paintMessage(std::string_view label, std::string_view text, const TerminalStyle& style,
+                         const Language& language) {
+  const std::string shownLabel = language.tr(label) + ":";
   std::istringstream lines{std::string(text)};
   std::string painted;
   for (std::string line; std::getline(lines, line);) {
@@ -38,7 +38,8 @@ std::string paintMessage(std::string_view label, std::string_view text, const Te
     const std::string shown = (first ? shownLabel + " " : std::string()) + visibleText(line);
     bool begin = first;
     for (const std::string& part : wrapText(shown, style.width - indentation)) {
-      painted += begin ? labelled(label, style) + part.substr(shownLabel.size()) : std::string(indentation, ' ') + part;
+      painted += begin ? labelled(label, style, language) + part.substr(shownLabel.size())
+                       : std::string(indentation, ' ') + part;
       painted += "\n";
       begin = false;
     }

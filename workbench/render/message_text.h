@@ -9,9 +9,10 @@
 
 namespace workbench {
 
-// "LABEL: text" for a label "error", "warning", "note" or "hint", shown in the session's language; wrapped to the
+// "LABEL: text" for a label "error", "warning", "note" or "hint", shown in the language; wrapped to the
 // style's width with the following lines indented by two blanks. Lines of the text that begin with two blanks (a quoted
 // line of the command and its caret) and an unbroken command stay as they are.
-std::string paintMessage(std::string_view label, std::string_view text, const TerminalStyle& style);
+std::string paintMessage(std::string_view label, std::string_view text, const TerminalStyle& style,
+                         const Language& language);
 
 }  // namespace workbench

@@ -6,7 +6,6 @@
 #include <cmath>
 
 #include "workbench/dataset/dataset.h"
-#include "workbench/edge/texts.h"
 
 namespace workbench {
 
@@ -28,24 +27,18 @@ std::string inDigits(double value, int decimals) {
 
 }  // namespace
 
-Locale sessionLocale() {
-  const std::string half = tr("0.5");
-  const bool usable = half.size() > 2 && half.front() == '0' && half.back() == '5';
-  return usable ? Locale{half.substr(1, half.size() - 2)} : Locale{};
-}
-
 bool isMissing(double value) {
   return !std::isfinite(value) || value == kSystemMissing;
 }
 
-NumberText formatNumber(double value, const CellFormat& format, const Locale& locale) {
+NumberText formatNumber(double value, const CellFormat& format, const Language& language) {
   const int decimals = std::clamp(format.decimals, 0, kMostDecimals);
   // Under whole numbers the sign of a missing value stands below the last digit, not after it.
   if (isMissing(value)) return {".", decimals == 0 ? std::size_t{1} : std::size_t{0}};
   std::string text = inDigits(value, decimals);
   const std::size_t point = text.find('.');
   if (point == std::string::npos) return {text, text.size()};
-  text.replace(point, 1, locale.decimalSeparator);
+  text.replace(point, 1, language.decimalSeparator());
   return {text, point};
 }
 

@@ -5,15 +5,9 @@
 #include <cstddef>
 #include <string>
 
+#include "workbench/base/language.h"
+
 namespace workbench {
-
-// How a language writes numbers.
-struct Locale {
-  std::string decimalSeparator = ".";
-};
-
-// The locale of the running session's language, which shows in how it writes the text "0.5".
-Locale sessionLocale();
 
 // A table's cell format. Painters size columns by their contents, so that `width` never cuts a number.
 struct CellFormat {
@@ -33,7 +27,7 @@ bool isMissing(double value);
 // Fixed decimals. A missing value is "."; a non-zero value that would print as all zeros takes short scientific form
 // (3.2e-07); from 1e16 on, where a double holds no decimals and not even every integer, so does the number
 // (1.234568e+20).
-NumberText formatNumber(double value, const CellFormat& format, const Locale& locale = {});
+NumberText formatNumber(double value, const CellFormat& format, const Language& language = {});
 
 // The shortest text that reads back as the same double; "" for a missing value.
 std::string fullPrecision(double value);

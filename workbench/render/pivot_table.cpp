@@ -88,14 +88,14 @@ std::vector<CellFormat> readFormats(const Value& item, std::size_t leaves) {
   return formats;
 }
 
-Cell makeCell(const Value* value, const CellFormat& format, const Locale& locale) {
+Cell makeCell(const Value* value, const CellFormat& format, const Language& language) {
   const double number =
       value == nullptr || value->IsNull() ? std::numeric_limits<double>::quiet_NaN() : value->GetDouble();
   const bool missing = isMissing(number);
-  return {missing ? 0 : number, missing, formatNumber(number, format, locale)};
+  return {missing ? 0 : number, missing, formatNumber(number, format, language)};
 }
 
-void readCells(const Value& item, const Locale& locale, PivotTable& table) {
+void readCells(const Value& item, const Language& language, PivotTable& table) {
   const std::vector<CellFormat> formats = readFormats(item, table.leafCount());
   const Value* rows = property(item, "cells");
   const rapidjson::SizeType given = rows == nullptr ? 0 : rows->Size();
@@ -104,7 +104,7 @@ void readCells(const Value& item, const Locale& locale, PivotTable& table) {
     std::vector<Cell>& cells = table.cells.emplace_back();
     for (rapidjson::SizeType c = 0; c < formats.size(); ++c) {
       const Value* value = row != nullptr && c < row->Size() ? &(*row)[c] : nullptr;
-      cells.push_back(makeCell(value, formats[c], locale));
+      cells.push_back(makeCell(value, formats[c], language));
     }
   }
 }
@@ -172,7 +172,7 @@ std::string PivotTable::titleMarkers() const {
   return markers;
 }
 
-PivotTable readPivotTable(const Value& item, const Locale& locale) {
+PivotTable readPivotTable(const Value& item, const Language& language) {
   PivotTable table;
   table.title = textProperty(item, item.HasMember("title") ? "title" : "name");
   if (const Value* shown = property(item, "titleShown")) table.titleShown = shown->GetBool();
@@ -182,17 +182,17 @@ PivotTable readPivotTable(const Value& item, const Locale& locale) {
   table.columns = readColumns(item);
   table.columnWidth = readColumnWidth(item);
   table.rows = textList(item, "rows");
-  readCells(item, locale, table);
+  readCells(item, language, table);
   return table;
 }
 
-std::vector<DocumentItem> documentItems(const Value& document, const Locale& locale) {
+std::vector<DocumentItem> documentItems(const Value& document, const Language& language) {
   std::vector<DocumentItem> items;
   const Value* list = property(document, "items");
   if (list == nullptr) return items;
   for (const Value& item : list->GetArray()) {
     const std::string type = textProperty(item, "type");
-    if (type == "table") items.emplace_back(readPivotTable(item, locale));
+    if (type == "table") items.emplace_back(readPivotTable(item, language));
     if (type == "chart") items.emplace_back(readChart(item));
   }
   return items;

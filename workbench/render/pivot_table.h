@@ -81,10 +81,10 @@ using DocumentItem = std::variant<PivotTable, ChartItem>;
 
 // Reads one item of type "table". Absent properties take their defaults, an absent title is the table's name; cells
 // that the document does not hold are missing. Throws std::runtime_error where a property has the wrong JSON type.
-PivotTable readPivotTable(const rapidjson::Value& item, const Locale& locale = {});
+PivotTable readPivotTable(const rapidjson::Value& item, const Language& language = {});
 
 // The tables and charts of a document in their order; items of other types are skipped.
-std::vector<DocumentItem> documentItems(const rapidjson::Value& document, const Locale& locale = {});
+std::vector<DocumentItem> documentItems(const rapidjson::Value& document, const Language& language = {});
 
 // A string property of a JSON object; "" when the object has none of that name.
 std::string textProperty(const rapidjson::Value& object, const char* name);

@@ -35,9 +35,9 @@ const TableFormat* tableFormatOf(std::string_view fileName) {
   return found == kFormats.end() ? nullptr : found;
 }
 
-std::string writeTables(const rapidjson::Value& document, const TableFormat& format, const Locale& locale) {
+std::string writeTables(const rapidjson::Value& document, const TableFormat& format, const Language& language) {
   std::vector<std::string> tables;
-  for (const DocumentItem& item : documentItems(document, locale)) {
+  for (const DocumentItem& item : documentItems(document, language)) {
     if (const auto* table = std::get_if<PivotTable>(&item)) tables.push_back(format.paint(*table));
   }
   return fmt::format("{}", fmt::join(tables, "\n"));

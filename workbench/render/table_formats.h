@@ -22,6 +22,6 @@ std::span<const TableFormat> tableFormats();
 const TableFormat* tableFormatOf(std::string_view fileName);
 
 // The tables of a document in their order, an empty line between them.
-std::string writeTables(const rapidjson::Value& document, const TableFormat& format, const Locale& locale = {});
+std::string writeTables(const rapidjson::Value& document, const TableFormat& format, const Language& language = {});
 
 }  // namespace workbench

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <string_view>
 
-#include "workbench/edge/texts.h"
 #include "workbench/render/display_text.h"
 #include "workbench/render/message_text.h"
 #include "workbench/render/terminal_layout.h"
@@ -171,16 +170,16 @@ class TablePainter {
   std::string out_;
 };
 
-std::string chartLine(const ChartItem& chart, const TerminalStyle& style) {
-  const std::string text = tr("Chart: ^1 (^2 points)", chart.name, chart.points);
+std::string chartLine(const ChartItem& chart, const TerminalStyle& style, const Language& language) {
+  const std::string text = language.tr("Chart: ^1 (^2 points)", chart.name, chart.points);
   std::string lines;
   for (const std::string& line : wrapText(visibleText(text), lineWidth(style))) lines += line + '\n';
   return lines;
 }
 
-std::string noteLines(const std::vector<std::string>& notes, const TerminalStyle& style) {
+std::string noteLines(const std::vector<std::string>& notes, const TerminalStyle& style, const Language& language) {
   std::string lines;
-  for (const std::string& note : notes) lines += paintMessage("note", note, {.width = lineWidth(style)});
+  for (const std::string& note : notes) lines += paintMessage("note", note, {.width = lineWidth(style)}, language);
   return lines;
 }
 
@@ -197,21 +196,21 @@ std::string paintTerminal(const PivotTable& table, const TerminalStyle& style) {
   return TablePainter(table, style).paint();
 }
 
-std::string paintDocumentTerminal(const rapidjson::Document& document, const TerminalStyle& style, const Locale& locale,
-                                  const DocumentView& view) {
-  std::vector<std::string> blocks{paintHeading(tr(textProperty(document, "procedure")), style) +
+std::string paintDocumentTerminal(const rapidjson::Document& document, const TerminalStyle& style,
+                                  const Language& language, const DocumentView& view) {
+  std::vector<std::string> blocks{paintHeading(language.tr(textProperty(document, "procedure")), style) +
                                   paintHeading(textProperty(document, "subtitle"), style)};
   std::string charts;
   std::size_t next = 0;
-  for (const DocumentItem& item : documentItems(document, locale)) {
+  for (const DocumentItem& item : documentItems(document, language)) {
     const std::size_t place = next++;
     if (view.hidden.contains(place)) continue;
     const auto notes = view.notes.find(place);
-    const std::string below = notes == view.notes.end() ? "" : noteLines(notes->second, style);
+    const std::string below = notes == view.notes.end() ? "" : noteLines(notes->second, style, language);
     if (const auto* table = std::get_if<PivotTable>(&item)) blocks.push_back(paintTerminal(*table, style) + below);
-    if (const auto* chart = std::get_if<ChartItem>(&item)) charts += chartLine(*chart, style);
+    if (const auto* chart = std::get_if<ChartItem>(&item)) charts += chartLine(*chart, style, language);
   }
-  if (!charts.empty() && style.listsCharts) blocks.push_back(paintHeading(tr("Charts"), style) + charts);
+  if (!charts.empty() && style.listsCharts) blocks.push_back(paintHeading(language.tr("Charts"), style) + charts);
   std::erase(blocks, "");
   return fmt::format("{}", fmt::join(blocks, "\n"));
 }

@@ -25,6 +25,6 @@ std::string paintHeading(const std::string& text, const TerminalStyle& style);
 
 // The document's heading, its tables with the notes below them, and a list of its charts.
 std::string paintDocumentTerminal(const rapidjson::Document& document, const TerminalStyle& style,
-                                  const Locale& locale = {}, const DocumentView& view = {});
+                                  const Language& language = {}, const DocumentView& view = {});
 
 }  // namespace workbench

@@ -4,7 +4,6 @@
 
 #include <utility>
 
-#include "workbench/edge/texts.h"
 #include "workbench/render/chart_description.h"
 #include "workbench/render/html_escape.h"
 #include "workbench/report/chart_model.h"
@@ -16,28 +15,28 @@ namespace {
 using Json = rapidjson::Value;
 
 // The texts that the page's script shows.
-std::string textsJson() {
+std::string textsJson(const Language& language) {
   rapidjson::Document json(rapidjson::kObjectType);
-  for (const auto& [key, text] : {std::pair{"copy", tr("Copy")},
-                                  {"copied", tr("Copied")},
-                                  {"notCopied", tr("Not copied")},
-                                  {"saveCsv", tr("Save CSV")},
-                                  {"showMore", tr("Show ^1 more of ^2")},
-                                  {"showFrom", tr("Show from ^1")},
-                                  {"range", tr("^1 to ^2")},
-                                  {"lower", tr("^1, lower")},
-                                  {"upper", tr("^1, upper")},
-                                  {"remark", tr("Remark")},
-                                  {"series", tr("Series")},
-                                  {"chart", tr("Chart")},
-                                  {"dark", tr("Dark")},
-                                  {"light", tr("Light")}}) {
+  for (const auto& [key, text] : {std::pair{"copy", language.tr("Copy")},
+                                  {"copied", language.tr("Copied")},
+                                  {"notCopied", language.tr("Not copied")},
+                                  {"saveCsv", language.tr("Save CSV")},
+                                  {"showMore", language.tr("Show ^1 more of ^2")},
+                                  {"showFrom", language.tr("Show from ^1")},
+                                  {"range", language.tr("^1 to ^2")},
+                                  {"lower", language.tr("^1, lower")},
+                                  {"upper", language.tr("^1, upper")},
+                                  {"remark", language.tr("Remark")},
+                                  {"series", language.tr("Series")},
+                                  {"chart", language.tr("Chart")},
+                                  {"dark", language.tr("Dark")},
+                                  {"light", language.tr("Light")}}) {
     json.AddMember(rapidjson::StringRef(key), Json(text, json.GetAllocator()), json.GetAllocator());
   }
   return scriptJson(json);
 }
 
-std::string tools() {
+std::string tools(const Language& language) {
   constexpr std::string_view kFormat = R"(<div class="chart-tools" hidden>
 <button type="button" data-do="part" hidden></button>
 <button type="button" data-do="in" aria-label="{0}" title="{0}">+</button>
@@ -47,38 +46,38 @@ std::string tools() {
 <button type="button" data-do="png" title="{5}">PNG</button>
 </div>
 )";
-  return fmt::format(kFormat, htmlText(tr("Zoom in")), htmlText(tr("Zoom out")), htmlText(tr("Show everything")),
-                     htmlText(tr("Reset")), htmlText(tr("Save as an SVG picture")),
-                     htmlText(tr("Save as a PNG picture")));
+  return fmt::format(kFormat, htmlText(language.tr("Zoom in")), htmlText(language.tr("Zoom out")),
+                     htmlText(language.tr("Show everything")), htmlText(language.tr("Reset")),
+                     htmlText(language.tr("Save as an SVG picture")), htmlText(language.tr("Save as a PNG picture")));
 }
 
-std::string dataPart(const ChartData& data, const std::string& description) {
+std::string dataPart(const ChartData& data, const std::string& description, const Language& language) {
   const std::size_t longest = data.longestSeries();
   std::string out;
   if (longest > kMostDrawn) {
-    out =
-        fmt::format("<p class=\"remark\">{}</p>\n",
-                    htmlText(tr("Drawn from a sample: the longest series has ^1 points, about ^2 of them are shown at "
-                                "a time, the extremes among them. Zooming in shows every point; the data below is "
-                                "complete.",
-                                longest, kMostDrawn)));
+    out = fmt::format(
+        "<p class=\"remark\">{}</p>\n",
+        htmlText(language.tr("Drawn from a sample: the longest series has ^1 points, about ^2 of them are shown at "
+                             "a time, the extremes among them. Zooming in shows every point; the data below is "
+                             "complete.",
+                             longest, kMostDrawn)));
   }
   return out + fmt::format(
                    "<details class=\"data\"><summary>{}</summary>\n<p class=\"remark\">{}</p>\n<div "
                    "class=\"data-view\"></div></details>\n",
-                   htmlText(tr("Show data")), htmlText(description));
+                   htmlText(language.tr("Show data")), htmlText(description));
 }
 
-std::string remarks(const std::vector<std::string>& notUnderstood) {
+std::string remarks(const std::vector<std::string>& notUnderstood, const Language& language) {
   if (notUnderstood.empty()) return {};
   std::string out = fmt::format("<div class=\"remark not-understood\"><p>{}</p>\n<ul>\n",
-                                htmlText(tr("Not understood in this chart's specification, and not drawn:")));
+                                htmlText(language.tr("Not understood in this chart's specification, and not drawn:")));
   for (const std::string& line : notUnderstood) out += fmt::format("<li><code>{}</code></li>\n", htmlText(line));
   return out + "</ul></div>\n";
 }
 
-std::string problemRemark(const Chart& chart) {
-  return fmt::format("<p class=\"remark problem\">{}</p>\n", htmlText(problemText(chart.data.problem)));
+std::string problemRemark(const Chart& chart, const Language& language) {
+  return fmt::format("<p class=\"remark problem\">{}</p>\n", htmlText(problemText(chart.data.problem, language)));
 }
 
 }  // namespace
@@ -90,40 +89,42 @@ std::string ChartSections::addFrame(const Chart& chart, const std::string& descr
       charts_.size() - 1, htmlText(description));
 }
 
-std::string ChartSections::addPanel(const Chart& panel, const std::string& description, const Locale& locale) {
-  const std::string axes = axesText(panel.spec);
+std::string ChartSections::addPanel(const Chart& panel, const std::string& description, const Language& language) {
+  const std::string axes = axesText(panel.spec, language);
   std::string out = fmt::format(
       "<p class=\"remark\">{}</p>\n<div class=\"panel\" data-panel=\"{}\" role=\"group\" aria-label=\"{}\">\n",
       htmlText(axes), panels_.size(), htmlText(description));
   std::vector<std::size_t> cells;
   for (const Chart& cell : panel.cells) {
     if (!cell.data.problem) cells.push_back(charts_.size());
-    out += fmt::format("<div class=\"panel-cell\"><h4><bdi>{}</bdi></h4>\n{}</div>\n", htmlText(cell.spec.title),
-                       cell.data.problem ? problemRemark(cell) : addFrame(cell, describeChart(cell, locale)));
+    out +=
+        fmt::format("<div class=\"panel-cell\"><h4><bdi>{}</bdi></h4>\n{}</div>\n", htmlText(cell.spec.title),
+                    cell.data.problem ? problemRemark(cell, language) : addFrame(cell, describeChart(cell, language)));
   }
   panels_.push_back(panelModel(panel, axes, description, cells));
   return out + "</div>\n";
 }
 
-std::string ChartSections::add(const Json& item, const Locale& locale) {
-  const Chart chart = readChart(item, tr("(not a text)"));
-  const std::string description = describeChart(chart, locale);
+std::string ChartSections::add(const Json& item, const Language& language) {
+  const Chart chart = readChart(item, language.tr("(not a text)"));
+  const std::string description = describeChart(chart, language);
   std::string out = fmt::format("<h3><bdi>{}</bdi></h3>\n", htmlText(chart.spec.title));
   if (chart.data.problem) {
-    out += problemRemark(chart);
+    out += problemRemark(chart, language);
   } else {
-    out += tools() + (chart.cells.empty() ? addFrame(chart, description) : addPanel(chart, description, locale));
-    out += dataPart(chart.data, description);
+    out +=
+        tools(language) + (chart.cells.empty() ? addFrame(chart, description) : addPanel(chart, description, language));
+    out += dataPart(chart.data, description, language);
   }
-  return out + remarks(chart.spec.notUnderstood);
+  return out + remarks(chart.spec.notUnderstood, language);
 }
 
-std::string ChartSections::json(const Locale& locale) const {
-  const std::string& decimal = locale.decimalSeparator;
+std::string ChartSections::json(const Language& language) const {
+  const std::string& decimal = language.decimalSeparator();
   constexpr std::string_view kFormat =
       "{{\"sample\":{},\n\"decimal\":{},\n\"texts\":{},\n\"columns\":{},\n\"charts\":[{}],\n\"panels\":[{}]}}";
   return fmt::format(kFormat, kMostDrawn, scriptJson(Json(rapidjson::StringRef(decimal.data(), decimal.size()))),
-                     textsJson(), columns_.json(), fmt::join(charts_, ",\n"), fmt::join(panels_, ",\n"));
+                     textsJson(language), columns_.json(), fmt::join(charts_, ",\n"), fmt::join(panels_, ",\n"));
 }
 
 }  // namespace workbench

@@ -17,18 +17,18 @@ class ChartSections {
  public:
   // The place of a chart in the page: a heading, an empty frame that the script fills when it comes into view (for a
   // panel, a frame each), the data to be shown on request, and below whatever of its statements was not understood.
-  std::string add(const rapidjson::Value& item, const Locale& locale);
+  std::string add(const rapidjson::Value& item, const Language& language);
 
   bool empty() const { return charts_.empty(); }
 
   // {"sample": points that a series is drawn with at most, "decimal": separator of decimals, "texts": {...} what the
   // script shows, "columns": [[...], ...], "charts": [...], "panels": [...]}, safe inside a <script> element. Charts
   // and panels are as in chart_model.h.
-  std::string json(const Locale& locale) const;
+  std::string json(const Language& language) const;
 
  private:
   std::string addFrame(const Chart& chart, const std::string& description);
-  std::string addPanel(const Chart& panel, const std::string& description, const Locale& locale);
+  std::string addPanel(const Chart& panel, const std::string& description, const Language& language);
 
   ColumnStore columns_;
   std::vector<std::string> charts_;  // JSON

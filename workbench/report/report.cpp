@@ -8,7 +8,6 @@
 #include <utility>
 
 #include "workbench/base/visible_text.h"
-#include "workbench/edge/texts.h"
 #include "workbench/render/html_escape.h"
 #include "workbench/render/html_table.h"
 #include "workbench/render/pivot_table.h"
@@ -47,18 +46,18 @@ std::string messageText(std::string_view text) {
 }
 
 // What a message's kind is called in mark-up, and what the reader sees of it.
-std::pair<std::string_view, std::string> kindNames(ReportMessage::Kind kind) {
+std::pair<std::string_view, std::string> kindNames(ReportMessage::Kind kind, const Language& language) {
   switch (kind) {
     case ReportMessage::Kind::error:
-      return {"error", tr("Error")};
+      return {"error", language.tr("Error")};
     case ReportMessage::Kind::warning:
-      return {"warning", tr("Warning")};
+      return {"warning", language.tr("Warning")};
     case ReportMessage::Kind::hint:
-      return {"hint", tr("Hint")};
+      return {"hint", language.tr("Hint")};
     case ReportMessage::Kind::note:
       break;
   }
-  return {"note", tr("Note")};
+  return {"note", language.tr("Note")};
 }
 
 class Page {
@@ -67,7 +66,8 @@ class Page {
 
   std::string write() {
     const std::string title = heading();
-    if (input_.outputs.size() == 1) addCommand(input_.outputs.front(), "command", htmlText(tr("Command")));
+    if (input_.outputs.size() == 1)
+      addCommand(input_.outputs.front(), "command", htmlText(input_.language.tr("Command")));
     addFacts();
     addMessages();
     for (std::size_t i = 0; i < input_.outputs.size(); ++i) {
@@ -89,7 +89,7 @@ class Page {
 
   std::string heading() const {
     const std::string procedure = property("procedure");
-    return htmlText(procedure.empty() ? tr("Run report") : procedure);
+    return htmlText(procedure.empty() ? input_.language.tr("Run report") : procedure);
   }
 
   // `title` is HTML already.
@@ -104,17 +104,18 @@ class Page {
     addSection(id, "run", title,
                fmt::format("<div class=\"section-head\"><h2>{}</h2><button type=\"button\" data-copy=\"command\">{}"
                            "</button></div>\n<pre class=\"command\" tabindex=\"0\">{}</pre>\n{}",
-                           title, htmlText(tr("Copy")), linesText(output.commandText), below));
+                           title, htmlText(input_.language.tr("Copy")), linesText(output.commandText), below));
   }
 
   void addOutputHead(const ReportOutput& output, std::size_t number) {
-    addCommand(output, fmt::format("command-{}", number), htmlText(tr("Command ^1", number)),
+    addCommand(output, fmt::format("command-{}", number), htmlText(input_.language.tr("Command ^1", number)),
                factList(factsOf(output)));
   }
 
-  static std::vector<ReportFact> factsOf(const ReportOutput& output) {
+  std::vector<ReportFact> factsOf(const ReportOutput& output) const {
     std::vector<ReportFact> facts = output.facts;
-    for (const std::string& file : output.savedFiles) facts.push_back({tr("Saved file"), visibleText(file)});
+    for (const std::string& file : output.savedFiles)
+      facts.push_back({input_.language.tr("Saved file"), visibleText(file)});
     return facts;
   }
 
@@ -134,16 +135,16 @@ class Page {
       facts.insert(facts.end(), own.begin(), own.end());
     }
     if (facts.empty()) return;
-    const std::string title = htmlText(tr("Run"));
+    const std::string title = htmlText(input_.language.tr("Run"));
     addSection("facts", "run", title, "<h2>" + title + "</h2>\n" + factList(facts));
   }
 
   void addMessages() {
     if (input_.messages.empty()) return;
-    const std::string title = htmlText(tr("Messages"));
+    const std::string title = htmlText(input_.language.tr("Messages"));
     std::string out = "<h2>" + title + "</h2>\n<ul class=\"messages\">\n";
     for (const ReportMessage& message : input_.messages) {
-      const auto& [kind, label] = kindNames(message.kind);
+      const auto& [kind, label] = kindNames(message.kind, input_.language);
       out += fmt::format("<li class=\"{}\"><strong>{}</strong><div>{}</div></li>\n", kind, htmlText(label),
                          messageText(message.text));
     }
@@ -165,18 +166,18 @@ class Page {
     const std::string id = fmt::format("item-{}", ++items_);
     const std::string type = item.IsObject() ? textProperty(item, "type") : "";
     if (type == "table") {
-      addTable(id, readPivotTable(item, input_.locale), remarks);
+      addTable(id, readPivotTable(item, input_.language), remarks);
     } else if (type == "chart") {
-      addSection(id, "chart", htmlText(textProperty(item, "name")), charts_.add(item, input_.locale) + remarks);
+      addSection(id, "chart", htmlText(textProperty(item, "name")), charts_.add(item, input_.language) + remarks);
     }
   }
 
-  static std::string itemNotes(const DocumentView& view, std::size_t place) {
+  std::string itemNotes(const DocumentView& view, std::size_t place) const {
     std::string out;
     const auto found = view.notes.find(place);
     if (found == view.notes.end()) return out;
     for (const std::string& note : found->second) {
-      out += fmt::format("<p class=\"remark\">{}: {}</p>\n", htmlText(tr("Note")), htmlText(note));
+      out += fmt::format("<p class=\"remark\">{}: {}</p>\n", htmlText(input_.language.tr("Note")), htmlText(note));
     }
     return out;
   }
@@ -187,8 +188,8 @@ class Page {
         id, "table", title,
         fmt::format("<div class=\"table-tools\"><button type=\"button\" data-copy=\"table\" title=\"{}\">{}</button>"
                     "</div>\n<div class=\"scroll\" tabindex=\"0\" role=\"region\" aria-label=\"{}\">\n{}</div>\n{}",
-                    htmlText(tr("Copy for a spreadsheet, in full precision")), htmlText(tr("Copy")), title,
-                    htmlTable(table), remarks));
+                    htmlText(input_.language.tr("Copy for a spreadsheet, in full precision")),
+                    htmlText(input_.language.tr("Copy")), title, htmlTable(table), remarks));
   }
 
   std::string head(const std::string& title) const {
@@ -196,31 +197,32 @@ class Page {
         "<!DOCTYPE html>\n<html lang=\"{}\">\n<head>\n<meta charset=\"utf-8\">\n<meta "
         "http-equiv=\"Content-Security-Policy\" content=\"{}\">\n<meta name=\"viewport\" content=\"width=device-width, "
         "initial-scale=1\">\n<link rel=\"icon\" href=\"data:,\">\n<title>{}</title>\n<style>{}</style>\n</head>\n",
-        htmlText(input_.language), contentPolicy(), title, pageStyle());
+        htmlText(input_.language.code()), contentPolicy(), title, pageStyle());
   }
 
   std::string body(const std::string& title) const {
     const std::string subtitle = htmlText(property("subtitle"));
-    const std::string outline = htmlText(tr("Outline"));
+    const std::string outline = htmlText(input_.language.tr("Outline"));
     std::string out =
         fmt::format("<body>\n<a class=\"skip\" href=\"#content\">{}</a>\n<header>\n<div><h1><bdi>{}</bdi></h1>",
-                    htmlText(tr("Skip to the output")), title);
+                    htmlText(input_.language.tr("Skip to the output")), title);
     if (!subtitle.empty()) out += "<p>" + subtitle + "</p>";
     out += fmt::format(
         "</div>\n<div class=\"page-tools\" hidden><button type=\"button\" data-page=\"theme\">{}</button><button "
         "type=\"button\" data-page=\"print\">{}</button></div>\n</header>\n<div class=\"columns\">\n<nav "
         "aria-label=\"{}\"><details open><summary>{}</summary>\n<ol>\n{}</ol>\n</details></nav>\n<main "
         "id=\"content\">\n",
-        htmlText(tr("Dark")), htmlText(tr("Print")), outline, outline, outline_);
+        htmlText(input_.language.tr("Dark")), htmlText(input_.language.tr("Print")), outline, outline, outline_);
     if (!charts_.empty()) {
-      out += "<noscript><p class=\"remark\">" + htmlText(tr("Charts are drawn by a script.")) + "</p></noscript>\n";
+      out += "<noscript><p class=\"remark\">" + htmlText(input_.language.tr("Charts are drawn by a script.")) +
+             "</p></noscript>\n";
     }
     return out + main_ + "</main>\n</div>\n<div id=\"status\" role=\"status\" aria-live=\"polite\"></div>\n";
   }
 
   std::string scripts() const {
     std::string out =
-        "<script type=\"application/json\" id=\"report-data\">" + charts_.json(input_.locale) + "</script>\n";
+        "<script type=\"application/json\" id=\"report-data\">" + charts_.json(input_.language) + "</script>\n";
     for (const std::string_view code : {vegaScript(), vegaLiteScript(), interpreterScript(), pageScript()}) {
       out.append("<script>").append(code).append("</script>\n");
     }

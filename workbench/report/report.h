@@ -36,8 +36,7 @@ struct ReportInput {
   std::vector<ReportOutput> outputs;  // in the order run; several have a section each
   std::vector<ReportFact> facts;      // what the run was, in order of reading: data source, version, ...
   std::vector<ReportMessage> messages;
-  std::string language = "en";  // BCP 47
-  Locale locale;
+  Language language;
 };
 
 // The whole page. Tables and charts stand in the document's order. Throws std::runtime_error where a property of the

@@ -98,14 +98,14 @@ std::string jarqueBera(const FinishedRun& run, const Json& table) {
     if (!cell.IsNumber() || cell.GetDouble() < jarqueBeraFloorStatistic) continue;
     const double tail = std::exp(-cell.GetDouble() / 2.0);
     list += (list.empty() ? "" : ", ") + std::string(table["rows"][row].GetString()) + " " +
-            formatNumber(tail, {.decimals = 4}, sessionLocale()).text;
+            formatNumber(tail, {.decimals = 4}, run.input.language).text;
   }
   if (list.empty()) return {};
   return tr(
       "Sig. of the Jarque-Bera test stands at ^1 wherever the statistic is ^2 or more. The tail of its distribution "
       "is: ^3.",
-      formatNumber(jarqueBeraFloor, {.decimals = 3}, sessionLocale()).text, static_cast<int>(jarqueBeraFloorStatistic),
-      list);
+      formatNumber(jarqueBeraFloor, {.decimals = 3}, run.input.language).text,
+      static_cast<int>(jarqueBeraFloorStatistic), list);
 }
 
 bool showsValues(const Json& chart) {
@@ -144,7 +144,7 @@ void addTableNotes(const FinishedRun& run, const Json& table, std::size_t place,
     notes.addOnce(place, jarqueBera(run, table));
   }
   if (isItem(table, "table", "Forecast") && run.record.requestedLists.contains("MODEL EXOGENOUS")) {
-    notes.addOnce(place, run.input.texts.translate(forecastsWithoutExogenous));
+    notes.addOnce(place, run.input.language.translate(forecastsWithoutExogenous));
   }
 }
 

@@ -70,7 +70,7 @@ std::vector<std::string> warningNotes(const FinishedRun& run) {
   for (const std::string& text : tracedWarnings(run)) {
     const bool settled = run.followed && text.starts_with("The selected lag ");
     if (settled || (tabled && text == forecastsWithoutExogenous)) continue;
-    notes.push_back(run.input.texts.translate(text));
+    notes.push_back(run.input.language.translate(text));
   }
   return notes;
 }

@@ -1,4 +1,4 @@
-#include "workbench/edge/languages.h"
+#include "workbench/base/languages.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -6,6 +6,7 @@
 
 #include "workbench/base/errors.h"
 #include "workbench/base/installation.h"
+#include "workbench/base/suggest.h"
 
 namespace workbench {
 
@@ -13,12 +14,6 @@ namespace {
 
 // The language of the keys; it needs no dictionary.
 constexpr const char* kKeyLanguage = "en";
-
-std::string listed(const std::vector<std::string>& codes) {
-  std::string text;
-  for (const std::string& code : codes) text += (text.empty() ? "" : ", ") + code;
-  return text;
-}
 
 }  // namespace
 
@@ -37,20 +32,19 @@ std::vector<std::string> availableLanguages(const std::filesystem::path& diction
   return codes;
 }
 
-std::filesystem::path dictionaryFile(const CallInput& input) {
-  return input.language == kKeyLanguage ? std::filesystem::path() : input.dictionaryFolder / (input.language + ".json");
+std::filesystem::path dictionaryFile(const std::filesystem::path& dictionaryFolder, const std::string& code) {
+  return code == kKeyLanguage ? std::filesystem::path() : dictionaryFolder / (code + ".json");
 }
 
-void setLanguage(CallInput& input, const std::string& code) {
-  const std::vector<std::string> codes = availableLanguages(input.dictionaryFolder);
+Language readLanguage(const std::filesystem::path& dictionaryFolder, const std::string& code) {
+  const std::vector<std::string> codes = availableLanguages(dictionaryFolder);
   if (std::find(codes.begin(), codes.end(), code) == codes.end()) {
     throw UsageError("there is no language '" + code + "'. Choose one of: " + listed(codes) + ".");
   }
-  input.language = code;
-  const std::filesystem::path file = dictionaryFile(input);
-  if (file.empty()) return;
+  const std::filesystem::path file = dictionaryFile(dictionaryFolder, code);
+  if (file.empty()) return {};
   try {
-    input.texts = MessageCatalogue::read(file);
+    return {code, MessageCatalogue::read(file)};
   } catch (const std::runtime_error& error) {
     throw UsageError("the dictionary '" + file.string() + "' " + error.what() + ". Repair it, or choose en.");
   }

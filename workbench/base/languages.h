@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "workbench/edge/session.h"
+#include "workbench/base/language.h"
 
 namespace workbench {
 
@@ -16,11 +16,10 @@ std::filesystem::path installedDictionaries();
 // The codes of all languages, sorted; a folder that cannot be read adds none to English.
 std::vector<std::string> availableLanguages(const std::filesystem::path& dictionaryFolder);
 
-// The dictionary file of the session's language; empty when it needs none.
-std::filesystem::path dictionaryFile(const CallInput& input);
+// The dictionary file of a language; empty when it needs none.
+std::filesystem::path dictionaryFile(const std::filesystem::path& dictionaryFolder, const std::string& code);
 
-// Sets the session's language and reads its texts from the session's dictionary folder. Throws UsageError for a
-// language that there is not, and for a damaged dictionary.
-void setLanguage(CallInput& input, const std::string& code);
+// Throws UsageError for a language that there is not, and for a damaged dictionary.
+Language readLanguage(const std::filesystem::path& dictionaryFolder, const std::string& code);
 
 }  // namespace workbench
