@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
-"""Checks that includes go one way: each folder may include only itself and the folders listed for it.
+"""Checks that includes go one way: each folder may include only itself and the folders or headers listed for it.
 
-Prints every offending line as FILE:LINE and exits with 1 when there is one.
+Prints every offending line as FILE:LINE, every file whose folder no line covers, and every cycle in the table, and
+exits with 1 when there is one.
 """
 
 import pathlib
@@ -21,25 +22,44 @@ ALLOWED = {
     "engine/diagnostics": {"engine/arithmetic", "engine/linear_algebra"},
     "engine/dynamics": {"engine/arithmetic", "engine/linear_algebra", "engine/regression", "engine/diagnostics"},
     "procedures/common": {"host"},
-    "workbench/base": {"host"},
+    "workbench/base": {"host/json_document.h"},  # JSON that crosses the edge is set up alike on both sides
     "workbench/dataset": {"workbench/base"},
     "workbench/dates": {"workbench/base", "workbench/dataset"},
     "workbench/language": {"workbench/base", "workbench/dataset"},
     "workbench/document": {"workbench/base", "workbench/dataset"},
-    "workbench/charts": {"workbench/base", "host"},
+    "workbench/charts": {"workbench/base", "workbench/document"},
     "workbench/casefile": {"workbench/base", "workbench/dataset"},
     "workbench/edge": {"host", *PURE, "workbench/casefile"},
-    "workbench/render": {"host", *PURE, "workbench/edge"},
-    "workbench/report": {"host", *PURE, "workbench/edge", "workbench/render"},
-    "workbench/plots": {"host", *PURE, "workbench/edge", "workbench/render"},
-    "workbench/commands/common": {"host", *PURE, "workbench/edge", "workbench/render"},
+    "workbench/render": {*PURE},
+    "workbench/report": {*PURE, "workbench/render"},
+    "workbench/plots": {*PURE, "workbench/render"},
+    "workbench/commands/common": {*PURE, "workbench/edge", "workbench/render"},
     "workbench/commands": {*PURE},
     "workbench/cli": {*PURE, "workbench/edge", "workbench/render", "workbench/report", "workbench/plots",
                       "workbench/commands"},
-    "workbench": set(),
-    "tests": {"host", "engine", "procedures", "workbench"},
+    "workbench": {"workbench/base", "workbench/cli"},
+    "bench": {"engine", "procedures", "workbench/edge", "tests/algo", "tests/engine"},
+    # A test knows what it tests, the host classes where it needs a host, and fixtures of others.
     "tests/engine": {"engine"},
+    "tests/algo": {"engine", "procedures/varmodel", "workbench/edge", "tests/engine"},
+    "tests/procedure": {"host", "procedures", "workbench/edge", "workbench/dataset"},
+    "tests/vardynamics": {"host", "engine", "procedures", "workbench/edge", "workbench/dates", "tests/engine"},
+    "tests/output": {"host", "procedures", "tests/document"},
     "tests/recording": {"host", "procedures", "tests/engine"},
+    "tests/dataset": {"host", "workbench/base", "workbench/dataset", "workbench/edge"},
+    "tests/dates": {"host", "workbench/base", "workbench/dates", "workbench/edge", "tests/dataset"},
+    "tests/language": {"host", "workbench/base", "workbench/language", "workbench/edge"},
+    "tests/document": {"host", "workbench/base", "workbench/dataset", "workbench/document", "workbench/edge"},
+    "tests/casefile": {"host", "workbench/base", "workbench/dataset", "workbench/casefile", "workbench/edge",
+                       "tests/dataset"},
+    "tests/render": {*PURE, "workbench/render"},
+    "tests/charts": {*PURE, "workbench/render", "procedures/common", "tests/render"},
+    "tests/report": {*PURE, "workbench/render", "workbench/report", "procedures/common", "tests/render"},
+    "tests/plots": {*PURE, "workbench/render", "workbench/plots", "tests/render", "tests/charts"},
+    "tests/browser": {"workbench/report"},
+    "tests/commands": {*PURE, "workbench/cli", "workbench/commands", "tests/cli", "tests/dataset"},
+    "tests/commands/module": {"host"},
+    "tests/cli": {"workbench/base", "tests/dataset"},
 }
 # The layers of every procedure: its own layers below, and what is not its own.
 LAYERS = {
@@ -65,11 +85,11 @@ INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]')
 
 
 def within(target: str, folders) -> bool:
-    return any(target.startswith(folder + "/") for folder in folders)
+    return any(target == folder or target.startswith(folder + "/") for folder in folders)
 
 
 def outside_is_allowed(folder: str, target: str) -> bool:
-    if folder.split("/")[0] in {"workbench", "tests"}:
+    if folder.split("/")[0] in {"workbench", "tests", "bench"}:
         return True
     return bool((OUTSIDE_ENGINE if folder.startswith("engine/") else OUTSIDE_PROCEDURE).match(target))
 

@@ -9,9 +9,9 @@
 #include <utility>
 #include <vector>
 
-#include "host/json_document.h"
 #include "source_texts.h"
 #include "tests/dataset/temp_folder.h"
+#include "workbench/base/json.h"
 
 namespace {
 

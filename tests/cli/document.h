@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "host/json_document.h"
+#include "workbench/base/json.h"
 
 // The documents in what `--json` wrote; an item is looked for in the last command's document first.
 class OutputDocument {

@@ -6,8 +6,8 @@
 #include <regex>
 #include <set>
 
-#include "host/json_document.h"
 #include "program.h"
+#include "workbench/base/json.h"
 
 namespace {
 

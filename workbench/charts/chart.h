@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "host/json_document.h"
+#include "workbench/base/json.h"
 #include "workbench/charts/chart_data.h"
 #include "workbench/charts/chart_spec.h"
 

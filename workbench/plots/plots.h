@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "host/json_document.h"
+#include "workbench/base/json.h"
 #include "workbench/render/number_format.h"
 #include "workbench/render/terminal.h"
 

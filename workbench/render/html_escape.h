@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/json_document.h"
+#include "workbench/base/json.h"
 
 namespace workbench {
 

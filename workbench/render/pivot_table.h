@@ -9,7 +9,7 @@
 #include <variant>
 #include <vector>
 
-#include "host/json_document.h"
+#include "workbench/base/json.h"
 #include "workbench/render/number_format.h"
 
 namespace workbench {

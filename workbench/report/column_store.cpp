@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "host/json_document.h"
+#include "workbench/base/json.h"
 #include "workbench/render/html_escape.h"
 
 namespace workbench {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "host/json_document.h"
+#include "workbench/base/json.h"
 #include "workbench/render/number_format.h"
 #include "workbench/render/pivot_table.h"
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/json_document.h"
+#include "workbench/base/json.h"
 #include "workbench/edge/session.h"
 
 namespace workbench::varmodel {
