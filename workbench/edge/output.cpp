@@ -1,22 +1,17 @@
 #include "host/output.h"
 
-#include "workbench/document/document_values.h"
+#include "workbench/document/document_writer.h"
 #include "workbench/edge/session.h"
 
-using workbench::jsonText;
 using workbench::StageClock;
 
 struct StatJSONGenerator::State {
-  rapidjson::Document document{rapidjson::kObjectType};
+  rapidjson::Document document;
 };
 
-StatJSONGenerator::StatJSONGenerator(const std::string& procedure, const std::string& subtitle) : state_(new State) {
+StatJSONGenerator::StatJSONGenerator(const std::string& procedure, const std::string& subtitle)
+    : state_(new State{workbench::newDocument(procedure, subtitle)}) {
   workbench::currentSession().clock.set(StageClock::outputStart);
-  rapidjson::Document& document = state_->document;
-  auto& pool = document.GetAllocator();
-  document.AddMember("procedure", jsonText(procedure, pool), pool);
-  document.AddMember("subtitle", jsonText(subtitle, pool), pool);
-  document.AddMember("items", workbench::Json(rapidjson::kArrayType), pool);
 }
 
 StatJSONGenerator::~StatJSONGenerator() = default;

@@ -1,4 +1,4 @@
-// Building blocks of the output document. All values live in the document's own memory pool.
+// Values of the output document. All live in the document's own memory pool.
 
 #pragma once
 

@@ -1,4 +1,4 @@
-#include "workbench/document/document_values.h"
+#include "workbench/document/json_values.h"
 
 #include <cmath>
 
