@@ -6,15 +6,9 @@
 #include <string>
 
 #include "workbench/base/language.h"
+#include "workbench/document/document_reader.h"
 
 namespace workbench {
-
-// A table's cell format. Painters size columns by their contents, so that `width` never cuts a number.
-struct CellFormat {
-  int type = 5;  // 5: plain numeric
-  int width = 10;
-  int decimals = 3;
-};
 
 struct NumberText {
   std::string text;

@@ -9,29 +9,10 @@
 #include <variant>
 #include <vector>
 
-#include "workbench/base/json.h"
+#include "workbench/document/document_reader.h"
 #include "workbench/render/number_format.h"
 
 namespace workbench {
-
-struct Dimension {
-  std::string label;
-  bool shown = false;
-};
-
-// A top-level column. Without children it is a leaf itself.
-struct ColumnCategory {
-  std::string label;
-  std::vector<std::string> children;
-
-  std::size_t leafCount() const { return children.empty() ? 1 : children.size(); }
-};
-
-// Pixels that a column of numbers takes at least and at most where there is room; 0 for no bound.
-struct ColumnWidth {
-  int min = 0;
-  int max = 0;
-};
 
 struct Footnote {
   std::string marker;  // "a", "b", ..., "z", "aa", ...; empty for one that nothing refers to
@@ -79,14 +60,10 @@ struct DocumentView {
 
 using DocumentItem = std::variant<PivotTable, ChartItem>;
 
-// Reads one item of type "table". Absent properties take their defaults, an absent title is the table's name; cells
-// that the document does not hold are missing. Throws std::runtime_error where a property has the wrong JSON type.
+// One item of type "table", its numbers as the language writes them.
 PivotTable readPivotTable(const rapidjson::Value& item, const Language& language = {});
 
 // The tables and charts of a document in their order; items of other types are skipped.
 std::vector<DocumentItem> documentItems(const rapidjson::Value& document, const Language& language = {});
-
-// A string property of a JSON object; "" when the object has none of that name.
-std::string textProperty(const rapidjson::Value& object, const char* name);
 
 }  // namespace workbench
