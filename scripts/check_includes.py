@@ -59,7 +59,7 @@ ALLOWED = {
     "tests/browser": {"workbench/report"},
     "tests/commands": {*PURE, "workbench/cli", "workbench/commands", "tests/cli", "tests/dataset"},
     "tests/commands/module": {"host"},
-    "tests/cli": {"workbench/base", "tests/dataset"},
+    "tests/cli": {"workbench/base", "tests/dataset", "tests/document"},
 }
 # The layers of every procedure: its own layers below, and what is not its own.
 LAYERS = {

@@ -2,27 +2,18 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <rapidjson/schema.h>
 
 #include "document.h"
 #include "program.h"
+#include "tests/document/schema_check.h"
 
 namespace {
 
 using testing::HasSubstr;
 using testing::Not;
 
-// Where the record breaks the schema, and by what; "" where it does not.
 std::string breach(const rapidjson::Document& record) {
-  rapidjson::Document schema;
-  const std::string text = workbench::contents(VARMODEL_SOURCE_DIR "/docs/varmodel-run.schema.json");
-  if (schema.Parse(text.c_str()).HasParseError()) return "the schema is no JSON";
-  const rapidjson::SchemaDocument compiled(schema);
-  rapidjson::SchemaValidator validator(compiled);
-  if (record.Accept(validator)) return "";
-  rapidjson::StringBuffer place;
-  validator.GetInvalidDocumentPointer().Stringify(place);
-  return std::string(validator.GetInvalidSchemaKeyword()) + " at " + place.GetString();
+  return workbench::breach(record, "varmodel-run.schema.json");
 }
 
 class Record : public testing::Test {
@@ -48,7 +39,8 @@ TEST_F(Record, KeepsToItsSchema) {
   EXPECT_EQ(ids.size(), documents[0]["items"].Size());
   EXPECT_THAT(ids, testing::IsSupersetOf({"lag-selection", "parameters:realinv", "combined-residual-chart"}));
   // The schema refuses what is missing, unknown or of another kind.
-  for (const char* change : {"/schema", "/run/data/sha256", "/messages/0/kind", "/documents/0/items/0"}) {
+  for (const char* change : {"/schema", "/run/data/sha256", "/messages/0/kind", "/documents/0/items/0",
+                             "/documents/0/document/items/0/name"}) {
     rapidjson::Document damaged;
     damaged.CopyFrom(output.record(), damaged.GetAllocator());
     rapidjson::Pointer(change).Set(damaged, 3);

@@ -1,12 +1,11 @@
 // What is written keeps to the schema, and is read back.
 
-#include <rapidjson/pointer.h>
-#include <rapidjson/schema.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <cmath>
-#include <fstream>
 
-#include "tests/document/document_fixture.h"
+#include "tests/document/schema_check.h"
 #include "workbench/document/chart_writer.h"
 #include "workbench/document/document_reader.h"
 #include "workbench/document/document_writer.h"
@@ -18,18 +17,8 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-// Where a document breaks the schema, and by what; "" where it does not.
 std::string breach(const Json& document) {
-  std::ifstream file(VARMODEL_SOURCE_DIR "/docs/document.schema.json");
-  const std::string text(std::istreambuf_iterator<char>(file), {});
-  rapidjson::Document schema;
-  schema.Parse(text.c_str());
-  const rapidjson::SchemaDocument compiled(schema);
-  rapidjson::SchemaValidator validator(compiled);
-  if (document.Accept(validator)) return "";
-  rapidjson::StringBuffer place;
-  validator.GetInvalidDocumentPointer().Stringify(place);
-  return std::string(validator.GetInvalidSchemaKeyword()) + " at " + place.GetString();
+  return workbench::breach(document, "document.schema.json");
 }
 
 class DocumentForm : public testing::Test {
