@@ -89,4 +89,9 @@ Chart readChart(const Json& item, const std::string& notAText) {
   return chart;
 }
 
+std::string chartTitle(const Json& item) {
+  std::string title = parseChartLanguage(statements(item, ""), {}).title;
+  return title.empty() ? nameOf(item) : title;
+}
+
 }  // namespace workbench

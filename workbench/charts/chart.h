@@ -27,4 +27,7 @@ struct Chart {
 // A line that is no text reads as `notAText`. Throws std::runtime_error where the item's name is no text.
 Chart readChart(const rapidjson::Value& item, const std::string& notAText);
 
+// What the item's statements call the chart; its name when they do not say.
+std::string chartTitle(const rapidjson::Value& item);
+
 }  // namespace workbench

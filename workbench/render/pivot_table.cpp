@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "workbench/charts/chart.h"
+
 namespace workbench {
 
 namespace {
