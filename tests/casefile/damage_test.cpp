@@ -72,6 +72,20 @@ TEST_P(Damage, AFullDiskLeavesTheOldFile) {
   EXPECT_THAT(folder_.listing(), ElementsAre(file()));
 }
 
+// The bytes up to the limit are taken, so that only the rest of them fails.
+TEST_F(SaveTest, AFileWrittenInPartIsAFailure) {
+  const auto target = folder_.write("out.json", "old");
+  const pid_t child = startChild([&] {
+    signal(SIGXFSZ, SIG_IGN);
+    const rlimit limit{kFileLimit, kFileLimit};
+    setrlimit(RLIMIT_FSIZE, &limit);
+    const std::string text(kFileLimit + 1, 'x');
+    return faultOf<OutputError>([&] { writeFileAtomically(target, text); }).find("File too large") != std::string::npos;
+  });
+  EXPECT_EQ(statusOf(child), 0);
+  EXPECT_EQ(contents(target), "old");
+}
+
 TEST_P(Damage, AKilledWriterLeavesTheOldFileOrTheWholeNewOne) {
   const std::vector<double> values = manyValues();
   for (const int milliseconds : {5, 20, 40, 80, 160}) {
@@ -150,7 +164,7 @@ TEST_F(SaveTest, DevicesAreWrittenDirectly) {
   EXPECT_THAT(folder_.listing(), SizeIs(2));
 }
 
-TEST_F(SaveTest, LinksStandForTheirFilesAndFoldersAreRefused) {
+TEST_F(SaveTest, LinksStandForTheirFilesLongNamesFitAndFoldersAreRefused) {
   const auto target = folder_.write("real.json", "old");
   std::filesystem::create_symlink("real.json", folder_ / "link.json");
   std::filesystem::create_hard_link(target, folder_ / "backup.json");
@@ -159,6 +173,9 @@ TEST_F(SaveTest, LinksStandForTheirFilesAndFoldersAreRefused) {
   EXPECT_EQ(contents(folder_ / "backup.json"), "old") << "written in place";
   EXPECT_TRUE(std::filesystem::is_symlink(folder_ / "link.json"));
   EXPECT_THAT(failureOf(folder_.path()), HasSubstr("folder"));
+  const std::string longest(255, 'n');  // the staging folder's own mark must find room
+  writeFileAtomically(folder_ / longest, "new");
+  EXPECT_EQ(contents(folder_ / longest), "new");
 }
 
 }  // namespace
