@@ -7,6 +7,7 @@
 
 #include "tests/casefile/save_fixture.h"
 #include "workbench/casefile/case_file_format.h"
+#include "workbench/casefile/case_writer.h"
 #include "workbench/dataset/load.h"
 
 namespace workbench {
@@ -102,11 +103,23 @@ TEST_P(SavedFile, LabelsLevelsAndFormatsAreKept) {
 
 INSTANTIATE_TEST_SUITE_P(Formats, SavedFile, testing::Values("csv", "parquet", "duckdb"));
 
+TEST(Metadata, NamesEveryLevel) {
+  Dataset dataset;
+  for (const MeasurementLevel level : {MeasurementLevel::nominal, MeasurementLevel::ordinal, MeasurementLevel::scale}) {
+    dataset.columns.emplace_back().level = level;
+  }
+  EXPECT_THAT(metadataJson(dataset), testing::ContainsRegex(R"("nominal".*"ordinal".*"scale")"));
+}
+
 TEST_F(SaveTest, SpecificationsTakeKnownExtensionsOnly) {
   const std::vector<std::pair<std::string, std::string>> cases = {
-      {"OUT.CSV", ""},         {"a b.parquet", ""},  {"x.duckdb", ""},
-      {"", "no file"},         {"out", "extension"}, {"out.sav", ".csv, .parquet or .duckdb"},
-      {"folder.csv", "folder"}};
+      {"OUT.CSV", ""},
+      {"a b.parquet", ""},
+      {"x.duckdb", ""},
+      {"", "no file"},
+      {"out", "extension"},
+      {"out.sav", ".csv, .parquet or .duckdb"},
+      {"folder.csv", "SAVE FILE folder.csv is a folder. Name a file in it."}};
   std::filesystem::create_directory(folder_ / "folder.csv");
   for (const auto& [path, reason] : cases) {
     session_.saveError.clear();
