@@ -112,6 +112,11 @@ def check_without_faults(faults):
         sys.exit(f"these fail without any fault: {' '.join(failing)}")
 
 
+def first_error(output):
+    found = next((line.strip() for line in output.splitlines() if "error" in line.lower()), None)
+    return found or sys.exit("a build ended without naming an error: was it killed?")
+
+
 def verdict_of(fault):
     path = COPY / fault.source
     if not path.is_file():
@@ -122,8 +127,8 @@ def verdict_of(fault):
     try:
         path.write_text(text.replace(fault.old, fault.new), encoding="utf-8")
         for program in fault.programs:  # the cheapest first; the next is built only when it noticed nothing
-            if build([program]).returncode:
-                return "refused by the compiler"
+            if (built := build([program])).returncode:
+                return f"not built: {first_error(built.stdout + built.stderr)}"
             if notices(program):
                 return "caught"
         return "survived"

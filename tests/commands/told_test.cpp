@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "workbench/commands/common/analysed_rows.h"
 #include "workbench/commands/common/command_runner.h"
 #include "workbench/commands/common/run_messages.h"
 #include "workbench/commands/varmodel/fit_composer.h"
@@ -185,19 +186,46 @@ TEST_F(Told, EveryKeywordWithoutItsItemIsNamed) {
                   missing("FORECASTS", forecasts), missing("TIMESERIES"), missing("ACF"), missing("RESCOMB"),
                   missing("RESACF"), missing("RESACFCOMB"), missing("FIT"), missing("FORECAST", forecasts)));
   // The last row of tests could not be computed.
-  ask();
-  record_.passes.resize(1);
-  record_.requestedLists["MODEL ENDOGENOUS"] = {"a", "b"};
-  document(R"({"items":[{"type":"table","name":"Descriptive Statistics"},{"type":"table","name":"Goodness of Fit"},
-    {"type":"table","name":"VAR Model Parameters - a","rows":["c"]},{"type":"table","name":"Model Fit Statistics"},
-    {"type":"table","name":"Correlation Matrix of Residuals"},{"type":"table","name":"Forecast"},
-    {"type":"table","name":"Test for Residuals","rows":["a","b"],"cells":[[3,1,0.5,1,1,0.1],[0,0,1,0,1,0.1]]},
-    {"type":"chart","name":"Time Series -a"},{"type":"chart","name":"ACF -a"},{"type":"chart","name":"Residuals -a"},
-    {"type":"chart","name":"ACF Residuals -a"},{"type":"chart","name":"Fit Values -a"},
-    {"type":"chart","name":"Forecast -a"}]})");
+  const std::vector<std::pair<std::string, std::vector<std::string>>> items = {
+      {R"("table","name":"Descriptive Statistics")", {"DESCRIPTIVES"}},
+      {R"("table","name":"Goodness of Fit")", {"GOODFIT"}},
+      {R"("table","name":"VAR Model Parameters - a","rows":["c"])", {"PARAMETERS"}},
+      {R"("table","name":"Model Fit Statistics")", {"RES", "MSE", "RMSE", "MAE", "MAPE", "RSQUARE", "ARSQUARE"}},
+      {R"("table","name":"Correlation Matrix of Residuals")", {"CORRMATRIX", "EIGEN"}},
+      {R"("table","name":"Test for Residuals","rows":["a","b"],"cells":[[3,1,0.5,1,1,0.1],[0,0,1,0,1,0.1]])",
+       {"RESIDACF", "TNORM", "TAUTO"}},
+      {R"("table","name":"Forecast")", {"FORECASTS"}},
+      {R"("chart","name":"Time Series -a")", {"TIMESERIES"}},
+      {R"("chart","name":"ACF -a")", {"ACF"}},
+      {R"("chart","name":"Residuals -a")", {"RES", "RESCOMB"}},  // the combined chart's name begins so
+      {R"("chart","name":"ACF Residuals -a")", {"RESACF"}},
+      {R"("chart","name":"Fit Values -a")", {"FIT"}},
+      {R"("chart","name":"Forecast -a")", {"FORECAST"}}};
+  for (const auto& [absent, keywords] : items) {
+    SCOPED_TRACE(absent);
+    std::string list = R"({"type":"table","name":"None"})";
+    for (const auto& [item, ignored] : items) list += item == absent ? "" : R"(,{"type":)" + item + "}";
+    ask();
+    record_.passes.resize(1);
+    record_.requestedLists["MODEL ENDOGENOUS"] = {"a", "b"};
+    document((R"({"items":[)" + list + "]}").c_str());
+    std::vector<std::string> named;
+    for (const std::string& line : messages()) {
+      const auto end = line.find(" was requested but");
+      if (end != std::string::npos) named.push_back(line.substr(0, end));
+    }
+    std::vector<std::string> expected = {"note (not quietly): RESACFCOMB"};
+    for (const std::string& keyword : keywords) expected.push_back("note (not quietly): " + keyword);
+    EXPECT_THAT(named, testing::UnorderedElementsAreArray(expected));
+  }
+}
+
+TEST_F(Told, ResidualTestsThatFailedAreNamed) {
+  record_.requestedLists["MODELSTATISTICS MODELFIT"] = {"TNORM", "TAUTO"};
+  document(R"({"items":[{"type":"table","name":"Test for Residuals","rows":["a","b"],
+    "cells":[[3,1,0.5,1,1,0.1],[0,0,1,0,1,0.1]]}]})");
   EXPECT_THAT(messages(),
-              ElementsAre(missing("RESACFCOMB"),
-                          "note (not quietly): The Ljung-Box test of b could not be computed: it needs at least one "
+              ElementsAre("note (not quietly): The Ljung-Box test of b could not be computed: it needs at least one "
                           "lag and more residuals than lags.",
                           "note (not quietly): The Jarque-Bera test of b could not be computed: it needs at least four "
                           "residuals with a variance of at least 1e-12."));
@@ -253,6 +281,22 @@ TEST_F(Told, NotesBelowTables) {
       "df shows that number less the lag order, at least 1.";
   EXPECT_THAT(notes({"TAUTO"}, "Test for Residuals", "[[1,2,1],[1,0,1]]"), IsEmpty());
   EXPECT_THAT(notes({"TAUTO"}, "Test for Residuals", "[[1,2,1],[1,1,1]]"), ElementsAre(freedom));
+}
+
+TEST(HiddenRows, AreThoseThatTheCommandMayNotSee) {
+  Dataset dataset;
+  dataset.columns.resize(1);
+  dataset.columns[0].numbers = {kSystemMissing, 1, kSystemMissing, 3, kSystemMissing, kSystemMissing};
+  dataset.rowCount = 6;
+  const std::vector<int> columns = {0};
+  const auto hidden = [&](bool dropsIncomplete, bool keepsFuture) {
+    return hiddenRows(dataset, columns,
+                      {.excludeUserMissing = true, .dropsIncomplete = dropsIncomplete, .keepsFuture = keepsFuture});
+  };
+  EXPECT_THAT(hidden(false, false), ElementsAre(4, 5));
+  EXPECT_THAT(hidden(true, false), ElementsAre(0, 2, 4, 5));
+  EXPECT_THAT(hidden(true, true), ElementsAre(0, 2));
+  EXPECT_THAT(hidden(false, true), IsEmpty());
 }
 
 TEST(UsableLag, LeavesAsManyRowsAsSeries) {
