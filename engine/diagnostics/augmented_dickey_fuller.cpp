@@ -1,8 +1,10 @@
+#include <algorithm>
 #include <boost/math/distributions/normal.hpp>
 #include <cmath>
 #include <vector>
 
 #include "engine/arithmetic/moments.h"
+#include "engine/arithmetic/plain_units.h"
 #include "engine/diagnostics/unit_root_tests.h"
 #include "engine/linear_algebra/orthonormal_basis.h"
 
@@ -29,7 +31,10 @@ class Regression {
   void appendLevel() { append(x_.subspan(first_ - 1, rows_)); }
   void appendDifference(std::size_t lag) { append(difference(lag)); }
 
+  // False when a column depends on those before it.
   bool regular() const { return regular_; }
+  // Whether the columns explain the differences but for rounding.
+  bool explainsAll() const { return !OrthonormalBasis(basis_).append(difference(0)); }
   std::size_t rows() const { return rows_; }
   double residualSumOfSquares() const { return sumOfSquares(rest_); }
   // Of the column appended last.
@@ -61,10 +66,10 @@ class Regression {
   bool regular_ = true;
 };
 
+// As many regressors as half of the values, at most: each has a degree of freedom.
 std::size_t mostLags(std::size_t length, UnitRootTerms terms) {
-  const double rule = std::ceil(12.0 * std::pow(static_cast<double>(length) / 100.0, 0.25));
-  const double half = std::floor(static_cast<double>(length - 1) / 2.0) - static_cast<double>(termCount(terms)) - 1.0;
-  return static_cast<std::size_t>(std::fmax(std::fmin(rule, half), 0.0));
+  const auto rule = static_cast<std::size_t>(std::ceil(12.0 * std::pow(static_cast<double>(length) / 100.0, 0.25)));
+  return std::min(rule, length / 2 - termCount(terms) - 1);
 }
 
 std::size_t chooseLags(std::span<const double> x, UnitRootTerms terms) {
@@ -113,13 +118,14 @@ double mackinnonTail(double statistic, UnitRootTerms terms) {
 }
 
 std::optional<AugmentedDickeyFuller> augmentedDickeyFuller(std::span<const double> x, UnitRootTerms terms) {
-  if (x.size() < termCount(terms) + 4) return std::nullopt;
-  const std::size_t lags = chooseLags(x, terms);
-  Regression regression(x, lags, terms);
+  if (x.size() / 2 < termCount(terms) + 1) return std::nullopt;
+  const std::vector<double> series = aboutFirst(x);
+  const std::size_t lags = chooseLags(series, terms);
+  Regression regression(series, lags, terms);
   for (std::size_t lag = 1; lag <= lags; ++lag) regression.appendDifference(lag);
   regression.appendLevel();
+  if (!regression.regular() || regression.explainsAll()) return std::nullopt;
   const double t = regression.studentT();
-  if (!regression.regular() || !std::isfinite(t)) return std::nullopt;
   return AugmentedDickeyFuller{t, mackinnonTail(t, terms), lags, regression.rows()};
 }
 

@@ -3,14 +3,14 @@
 #include <cmath>
 #include <vector>
 
-#include "engine/arithmetic/moments.h"
+#include "engine/arithmetic/plain_units.h"
 #include "engine/diagnostics/unit_root_tests.h"
 #include "engine/linear_algebra/orthonormal_basis.h"
 
 namespace engine {
 namespace {
 
-constexpr std::array<double, 4> kProbabilities = {0.10, 0.05, 0.025, 0.01};
+constexpr std::array<double, 4> kProbabilities = {Kpss::kLargestP, 0.05, 0.025, Kpss::kSmallestP};
 constexpr std::array<double, 4> kAroundLevel = {0.347, 0.463, 0.574, 0.739};
 constexpr std::array<double, 4> kAroundTrend = {0.119, 0.146, 0.176, 0.216};
 
@@ -23,8 +23,8 @@ std::vector<double> deviations(std::span<const double> x, UnitRootTerms terms) {
     for (std::size_t t = 0; t < x.size(); ++t) trend[t] = static_cast<double>(t);
     basis.append(trend);
   }
-  if (!OrthonormalBasis(basis).append(x)) return {};
-  std::vector<double> rest(x.begin(), x.end());
+  std::vector<double> rest = aboutFirst(x);
+  if (!OrthonormalBasis(basis).append(rest)) return {};
   basis.removeFrom(rest);
   return rest;
 }
@@ -44,7 +44,7 @@ std::size_t chooseLags(std::span<const double> e) {
     slope += static_cast<double>(i) * product;
   }
   const double factor = 1.1447 * std::cbrt(slope / level * (slope / level));
-  return std::min(static_cast<std::size_t>(factor * std::cbrt(n)), e.size() - 1);
+  return static_cast<std::size_t>(std::fmin(factor * std::cbrt(n), n - 1.0));  // the level may be zero
 }
 
 double longRunVariance(std::span<const double> e, std::size_t lags) {
@@ -80,6 +80,7 @@ std::optional<Kpss> kpss(std::span<const double> x, UnitRootTerms terms) {
   Kpss result;
   result.lags = chooseLags(e);
   result.statistic = squares / (n * n) / longRunVariance(e, result.lags);
+  if (!std::isfinite(result.statistic)) return std::nullopt;
   result.pValue = interpolated(result.statistic, terms == UnitRootTerms::constant ? kAroundLevel : kAroundTrend);
   return result;
 }

@@ -12,6 +12,7 @@ constexpr UnitRootTerms kTrend = UnitRootTerms::constantAndTrend;
 TEST(AugmentedDickeyFuller, AgreesWithStatsmodels) {
   const SeriesList level = levels();
   const SeriesList change = growth();
+  const std::vector<double> start20(level[0].begin(), level[0].begin() + 20);
   const struct {
     const std::vector<double>& series;
     UnitRootTerms terms;
@@ -25,6 +26,9 @@ TEST(AugmentedDickeyFuller, AgreesWithStatsmodels) {
       {level[2], kTrend, -2.3007595535377687, 0.43352980301056293, 3, 199},
       {change[0], kConstant, -6.972871347216232, 8.5750958448986e-10, 1, 200},
       {change[0], kTrend, -7.185508898203368, 5.355073530363373e-09, 1, 200},
+      // As many lags as so short a series allows.
+      {start20, kConstant, -1.3095030398170735, 0.624813524426717, 8, 11},
+      {start20, kTrend, -4.892522192432608, 0.0003214322860380631, 7, 12},
   };
   for (const auto& one : cases) {
     const AugmentedDickeyFuller seen = augmentedDickeyFuller(one.series, one.terms).value();
@@ -63,12 +67,22 @@ TEST(Kpss, AgreesWithStatsmodels) {
 }
 
 TEST(UnitRootTests, UnitsAndLevelChangeNothing) {
-  std::vector<double> series = growth()[1];
-  const double adf = augmentedDickeyFuller(series, kTrend)->statistic;
-  const double level = kpss(series, kConstant)->statistic;
-  for (double& value : series) value = value * 1e-6 + 1e-3;
-  EXPECT_TRUE(closeTo(augmentedDickeyFuller(series, kTrend)->statistic, adf, 1e-11));
-  EXPECT_TRUE(closeTo(kpss(series, kConstant)->statistic, level, 1e-11));
+  constexpr double kLevel = 4398046511104.0;  // 2^42: sums with these values are exact
+  std::vector<double> series;
+  for (const double value : growth()[1]) series.push_back(std::round(value * 1024.0) / 1024.0);
+  const auto adf = augmentedDickeyFuller(series, kTrend).value();
+  const Kpss level = kpss(series, kConstant).value();
+  const auto expectSame = [&](double shift, double unit) {
+    SCOPED_TRACE(testing::Message() << shift << " and times " << unit);
+    std::vector<double> moved;
+    for (const double value : series) moved.push_back((value + shift) * unit);
+    EXPECT_TRUE(closeTo(augmentedDickeyFuller(moved, kTrend).value().statistic, adf.statistic, 1e-11));
+    EXPECT_TRUE(closeTo(kpss(moved, kConstant).value().statistic, level.statistic, 1e-11));
+  };
+  expectSame(kLevel, 1.0);
+  expectSame(-kLevel, 0x1p-1000);
+  expectSame(0.0, 1e-290);
+  expectSame(0.0, 1e290);
 }
 
 TEST(UnitRootTests, RefuseWhatDoesNotVaryOrIsTooShort) {
@@ -76,8 +90,15 @@ TEST(UnitRootTests, RefuseWhatDoesNotVaryOrIsTooShort) {
   EXPECT_FALSE(augmentedDickeyFuller(trendColumn(50), kTrend));
   EXPECT_FALSE(kpss(std::vector<double>(50, 3.0), kConstant));
   EXPECT_FALSE(kpss(trendColumn(50), kTrend));
+  std::vector<double> exact{1.0};  // its own past explains it without error
+  while (exact.size() < 40) exact.push_back(0.75 * exact.back() + 1.0);
+  EXPECT_FALSE(augmentedDickeyFuller(exact, kConstant));
+  const std::vector<double> alternating = {1, -1, 1, -1, 1, -1, 1, -1};
+  EXPECT_FALSE(augmentedDickeyFuller(alternating, kConstant));
+  EXPECT_TRUE(std::isfinite(kpss(alternating, kConstant).value().statistic));
   for (std::size_t length = 0; length < 12; ++length) {
     const auto seen = augmentedDickeyFuller(noise(7, length), kTrend);
+    EXPECT_EQ(seen.has_value(), length >= 6);
     EXPECT_TRUE(!seen || std::isfinite(seen->statistic)) << length;
   }
 }

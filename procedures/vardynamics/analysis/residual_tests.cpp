@@ -1,9 +1,9 @@
 #include "procedures/vardynamics/analysis/residual_tests.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstdint>
 
+#include "engine/arithmetic/plain_units.h"
 #include "engine/diagnostics/portmanteau.h"
 #include "engine/diagnostics/residual_tests.h"
 
@@ -28,20 +28,11 @@ ArchTests testArch(const SeriesList& residuals, std::size_t lags) {
   return tests;
 }
 
-// The values in units near one, by a power of two: engine::ljungBox takes small values for none.
-std::vector<double> inPlainUnits(std::vector<double> values) {
-  double largest = 0.0;
-  for (const double value : values) largest = std::max(largest, std::fabs(value));
-  const int exponent = largest > 0.0 ? std::ilogb(largest) : 0;
-  for (double& value : values) value = std::scalbn(value, -exponent);
-  return values;
-}
-
-// On h - p degrees of freedom, as of a residual of p estimated lags.
+// On h - p degrees of freedom, as of a residual of p estimated lags. engine::ljungBox takes small values for none.
 LaggedChiSquared testLjungBox(const std::vector<double>& residuals, std::size_t lags, std::size_t lag) {
   LaggedChiSquared result{lags};
   if (lags <= lag) return result;
-  if (const auto box = engine::ljungBox(inPlainUnits(residuals), static_cast<std::int32_t>(lags))) {
+  if (const auto box = engine::ljungBox(engine::inPlainUnits(residuals), static_cast<std::int32_t>(lags))) {
     result.test = engine::chiSquaredTest(box->statistic, static_cast<double>(lags - lag));
   }
   return result;

@@ -1,4 +1,4 @@
-// Sentences about the tests of residuals and series.
+// Sentences about the tests of residuals.
 
 #include <string>
 #include <vector>
@@ -10,28 +10,6 @@ namespace {
 
 std::string count(std::size_t number) {
   return std::to_string(number);
-}
-
-struct UnitRootVerdicts {
-  std::vector<std::string> stationary = {};
-  std::vector<std::string> unitRoot = {};
-  std::vector<std::string> undecided = {};
-};
-
-UnitRootVerdicts judge(const ReportContext& context, std::size_t terms) {
-  UnitRootVerdicts verdicts;
-  const auto& series = context.analysis.tests->unitRoots;
-  for (std::size_t i = 0; i < series.size(); ++i) {
-    const UnitRootTests& tests = series[i][terms];
-    if (!tests.dickeyFuller || !tests.kpss) continue;
-    const bool refusesRoot = context.rejects(tests.dickeyFuller->pValue);
-    const bool refusesStationarity = context.rejects(tests.kpss->pValue);
-    auto& verdict = refusesRoot == refusesStationarity ? verdicts.undecided
-                    : refusesRoot                      ? verdicts.stationary
-                                                       : verdicts.unitRoot;
-    verdict.push_back(context.names()[i]);
-  }
-  return verdicts;
 }
 
 }  // namespace
@@ -108,20 +86,6 @@ Sentences normalitySentences(const ReportContext& context) {
       context.rejects(test->pValue)
           ? texts.localize("The residuals are not normally distributed (Doornik-Hansen test, ^1).", {p})
           : texts.localize("The residuals do not contradict a normal distribution (Doornik-Hansen test, ^1).", {p})};
-}
-
-Sentences unitRootSentences(const ReportContext& context) {
-  const Texts& texts = context.texts;
-  const bool trend = context.settings.model.deterministic == Deterministic::trend;
-  const UnitRootVerdicts verdicts = judge(context, trend ? 1 : 0);
-  std::string text =
-      trend ? texts.localize("Around a trend, by both tests:") : texts.localize("Around a constant, by both tests:");
-  const std::string none = texts.localize("none");
-  const auto listed = [&](const std::vector<std::string>& names) { return names.empty() ? none : texts.list(names); };
-  text += " " + texts.localize("stationary: ^1; unit root: ^2; the tests disagree: ^3.",
-                               {listed(verdicts.stationary), listed(verdicts.unitRoot), listed(verdicts.undecided)});
-  return {text, texts.localize("ADF: a small Sig. speaks against a unit root. KPSS: a small Sig. speaks against "
-                               "stationarity; its Sig. lies between 0.01 and 0.1.")};
 }
 
 }  // namespace vardynamics
