@@ -72,6 +72,25 @@ TEST(German, ShowsGermanTextsAndCommasWhileTheNumbersOfTheDocumentAreTheSame) {
                                                        "Sig.", "df", "t"));
 }
 
+TEST(German, ItemsKeepTheirLastingNames) {
+  Workspace space;
+  space.example("us_macro_quarterly.csv").example("us_macro_analyze.toml");
+  std::vector<rapidjson::Document> records;
+  for (const std::string code : {"en", "de"}) {
+    ASSERT_EQ(space.run({"run", "us_macro_analyze.toml", "--json", "out.json", "--lang", code}).exitCode, 0);
+    records.push_back(parse(space.read("out.json")));
+  }
+  const Json& english = records[0]["documents"][0]["items"];
+  EXPECT_TRUE(english == records[1]["documents"][0]["items"]);
+  std::set<std::string> ids;
+  for (const Json& id : english.GetArray()) {
+    ids.insert(id.GetString());
+    EXPECT_TRUE(std::regex_match(id.GetString(), std::regex("[a-z-]+(:.+)?"))) << id.GetString();
+  }
+  EXPECT_EQ(ids.size(), english.Size());
+  EXPECT_THAT(ids, testing::IsSupersetOf({"model-summary", "granger-causality", "roots-chart"}));
+}
+
 TEST(German, MessagesNotesAndHintsAreGerman) {
   struct Case {
     std::string command;  // after its endogenous variables

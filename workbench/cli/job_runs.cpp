@@ -14,9 +14,13 @@ namespace workbench {
 
 namespace {
 
-ToldRun tell(FinishedRun run, CommandRunner& runner) {
+ToldRun tell(FinishedRun run, CommandRunner& runner, const Composer* composer = nullptr) {
   ToldRun told{std::move(run), 0, {}, {}};
   told.messages = collectMessages(told.run, runner);
+  for (RunMessage& message : told.messages) {
+    if (composer == nullptr || message.kind == RunMessage::Kind::note) continue;
+    message.text = inOptions(message.text, composer->optionWords(), runner.input().dataset);
+  }
   if (told.hasOutput()) told.view = told.run.command.view(told.run);
   return told;
 }
@@ -62,7 +66,7 @@ std::vector<ToldRun> runComposed(const Job& job, CommandRunner& runner) {
     if (more) next = *following;
     if (more && next.replaces) continue;
     run.followed = more;
-    runs.push_back(tell(std::move(run), runner));
+    runs.push_back(tell(std::move(run), runner, job.composer.get()));
   }
   return runs;
 }

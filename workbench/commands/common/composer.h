@@ -5,8 +5,10 @@
 #include <CLI/CLI.hpp>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "workbench/commands/common/command_runner.h"
+#include "workbench/commands/common/option_words.h"
 
 namespace workbench {
 
@@ -32,6 +34,8 @@ class Composer {
   virtual void addOptions(CLI::App& app) = 0;
   // The text of the first command, after the options were read.
   virtual std::string compose(const ComposerRequest& request) = 0;
+  // What messages about its commands say instead of keywords.
+  virtual std::vector<OptionWord> optionWords() const { return {}; }
   // With which settings it runs.
   virtual RunnerSettings firstSettings(RunnerSettings settings) const { return settings; }
   // What follows the last run; nothing when all is done. The runner may be used for further calls on the same data.

@@ -3,6 +3,8 @@
 #include <fmt/core.h>
 #include <fmt/ranges.h>
 
+#include <array>
+
 #include "workbench/language/quoting.h"
 
 namespace workbench::vardynamics {
@@ -36,7 +38,31 @@ void addModelOptions(CLI::App& app, AnalyzeOptions& options) {
   app.add_flag("--seasonal", options.seasonal, "Seasonal dummies of the dates' cycle");
 }
 
+constexpr std::array optionNames = {
+    OptionWord{"ENDOGENOUS", "--endogenous"},
+    OptionWord{"EXOGENOUS", "--exogenous"},
+    OptionWord{"XLAGS", "--xlags"},
+    OptionWord{"LAG", "--lag"},
+    OptionWord{"SELECT", "--select"},
+    OptionWord{"MINLAG", "--minlag"},
+    OptionWord{"MAXLAG", "--maxlag"},
+    OptionWord{"SEASONAL=YES", "--seasonal"},
+    OptionWord{"SEASONAL", "--seasonal"},
+    OptionWord{"HORIZON", "--predict"},
+    OptionWord{"FORECAST", "--predict"},
+    OptionWord{"CONDITIONAL=YES", "--conditional"},
+    OptionWord{"CONDITIONAL", "--conditional"},
+    OptionWord{"SAVE FILE", "--save"},
+    OptionWord{"SAVE", "--save"},
+    OptionWord{"FILE", "--save"},
+    OptionWord{"CILEVEL", "--cilevel"},
+};
+
 }  // namespace
+
+std::vector<OptionWord> AnalyzeComposer::optionWords() const {
+  return {optionNames.begin(), optionNames.end()};
+}
 
 void AnalyzeComposer::addOptions(CLI::App& app) {
   addModelOptions(app, options_);

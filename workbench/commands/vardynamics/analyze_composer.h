@@ -35,6 +35,7 @@ class AnalyzeComposer final : public Composer {
   }
   void addOptions(CLI::App& app) override;
   std::string compose(const ComposerRequest& request) override;
+  std::vector<OptionWord> optionWords() const override;
 
  private:
   std::string modelSubcommand() const;

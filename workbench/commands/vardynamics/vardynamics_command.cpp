@@ -1,6 +1,7 @@
 #include "workbench/commands/vardynamics/vardynamics_command.h"
 
 #include <algorithm>
+#include <cctype>
 
 #include "workbench/commands/vardynamics/analyze_composer.h"
 
@@ -9,6 +10,15 @@ namespace workbench {
 bool VardynamicsCommand::includesUserMissing(const CallRecord& parsed) const {
   const auto found = parsed.requestedLists.find("MISSING USERMISSING");
   return found != parsed.requestedLists.end() && std::ranges::count(found->second, "INCLUDE") > 0;
+}
+
+// The procedure names its items in English in every language: "Forecast Chart - realgdp".
+std::string VardynamicsCommand::itemId(const rapidjson::Value& item, std::size_t /*place*/) const {
+  const std::string name(item["name"].GetString(), item["name"].GetStringLength());
+  const std::size_t dash = std::min(name.find(" - "), name.size());
+  std::string id = name.substr(0, dash);
+  for (char& c : id) c = c == ' ' ? '-' : static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  return dash == name.size() ? id : id + ":" + name.substr(dash + 3);
 }
 
 std::unique_ptr<Composer> VardynamicsCommand::composer() const {

@@ -12,6 +12,7 @@ class VardynamicsCommand final : public Command {
   std::string library() const override { return "vardynamics_procedure.so"; }
   bool includesUserMissing(const CallRecord& parsed) const override;
   bool readsFutureCases() const override { return true; }
+  std::string itemId(const rapidjson::Value& item, std::size_t place) const override;
   std::unique_ptr<Composer> composer() const override;
 };
 

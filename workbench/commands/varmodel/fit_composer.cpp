@@ -2,8 +2,15 @@
 
 #include <fmt/core.h>
 
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+#include "workbench/base/errors.h"
 #include "workbench/commands/varmodel/selected_lag.h"
 #include "workbench/commands/varmodel/small_units.h"
+#include "workbench/dataset/dataset.h"
+#include "workbench/edge/texts.h"
 #include "workbench/language/quoting.h"
 
 namespace workbench::varmodel {
@@ -33,12 +40,66 @@ std::string missingSubcommand(const FitOptions& options) {
   return options.includeUserMissing ? "  /MISSING USERMISSING=INCLUDE\n" : "";
 }
 
+constexpr std::array optionNames = {
+    OptionWord{"ENDOGENOUS", "--endogenous"},
+    OptionWord{"EXOGENOUS", "--exogenous"},
+    OptionWord{"LAG", "--select"},
+    OptionWord{"MINLAG", "--minlag"},
+    OptionWord{"MAXLAG", "--maxlag"},
+    OptionWord{"PREDICT", "--predict"},
+    OptionWord{"CILEVEL", "--cilevel"},
+    OptionWord{"SAVE FILE", "--save"},
+    OptionWord{"SAVE", "--save"},
+};
+const std::vector<std::string> criteriaNames = {"AIC", "BIC", "HQIC"};
+
+std::optional<int> lagOrder(const std::string& word) {
+  int lag = 0;
+  const char* end = word.data() + word.size();
+  const auto [stop, error] = std::from_chars(word.data(), end, lag);
+  return stop == end && error == std::errc() ? std::optional(lag) : std::nullopt;
+}
+
 }  // namespace
+
+// A number is the lag order; the names of criteria are another way to write --select.
+void FitComposer::readLag() {
+  if (options_.lag.empty()) return;
+  const std::optional<int> order = options_.lag.size() == 1 ? lagOrder(options_.lag.front()) : std::nullopt;
+  if (order) {
+    const char* other = !options_.criteria.empty() ? "--select" : options_.minLag ? "--minlag" : "--maxlag";
+    if (!options_.criteria.empty() || options_.minLag || options_.maxLag) {
+      throw UsageError(
+          tr("--lag ^1 gives the lag order, ^2 belongs to its choice. Leave out one of the two.", *order, other));
+    }
+    options_.minLag = options_.maxLag = order;
+    fixedLag_ = true;
+    return;
+  }
+  for (const std::string& word : options_.lag) {
+    const auto known =
+        std::ranges::find_if(criteriaNames, [&](const std::string& name) { return sameName(name, word); });
+    if (known == criteriaNames.end()) {
+      throw UsageError(tr(
+          "--lag: \"^1\" is neither one lag order, as in --lag 2, nor a criterion that chooses it, as in --select bic.",
+          word));
+    }
+    options_.criteria.push_back(*known);
+  }
+}
+
+std::vector<OptionWord> FitComposer::optionWords() const {
+  std::vector<OptionWord> words(optionNames.begin(), optionNames.end());
+  if (fixedLag_) words.insert(words.begin(), {{"MINLAG", "--lag"}, {"MAXLAG", "--lag"}});
+  return words;
+}
 
 void FitComposer::addOptions(CLI::App& app) {
   app.add_option("--endogenous", options_.endogenous, "Two or more endogenous variables")->required()->type_name("VAR");
   app.add_option("--exogenous", options_.exogenous, "Exogenous variables")->type_name("VAR");
-  app.add_option("--lag", options_.criteria, "Criteria that choose the lag (default: bic)")
+  app.add_option("--lag", options_.lag, "Lag order; without it criteria choose (their names are taken here too)")
+      ->type_name("N");
+  app.add_option("--select", options_.criteria, "Criteria that choose the lag (default: bic)")
       ->type_name("aic|bic|hqic")
       ->transform(CLI::IsMember({"AIC", "BIC", "HQIC"}, CLI::ignore_case));
   app.add_option("--minlag", options_.minLag, "Smallest lag order tried (default: 1)")->type_name("N");
@@ -50,6 +111,7 @@ void FitComposer::addOptions(CLI::App& app) {
 }
 
 std::string FitComposer::compose(const ComposerRequest& request) {
+  readLag();
   predicts_ = request.predictPeriods.has_value();
   choosing_ = choosesLag();
   return choosing_ ? lagChoice() : everything(options_.minLag.value_or(1), options_.maxLag.value_or(kDefaultMaxLag));
