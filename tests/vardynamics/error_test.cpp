@@ -197,8 +197,9 @@ TEST_F(ErrorTest, TheSessionMustBePlain) {
 TEST_F(ErrorTest, BoundsAreTheParsers) {
   columns(goodData());
   for (const std::string bad :
-       {"/FORECAST HORIZON=0", "/FORECAST HORIZON=1001", "/AUXILIARY CILEVEL=-1", "/TESTS LAGS=0", "/IMPULSE",
-        "/FORECAST INTERVAL=BOOTSTRAP", "/FORECAST SIMULTANEOUS=YES"}) {
+       {"/FORECAST HORIZON=0", "/FORECAST HORIZON=1001", "/AUXILIARY CILEVEL=-1", "/TESTS LAGS=0",
+        "/IMPULSE HORIZON=1001", "/IMPULSE ORDER=a nobody", "/DECOMPOSITION HORIZON=0", "/BACKTEST STEP=0",
+        "/BOOTSTRAP REPLICATIONS=99", "/BOOTSTRAP REPLICATIONS=1000001", "/BOOTSTRAP SEED=-1"}) {
     EXPECT_FALSE(run(kModel + bad)) << bad;
     EXPECT_THAT(failure, HasSubstr("vardynamics_entry: Step2")) << bad;
   }

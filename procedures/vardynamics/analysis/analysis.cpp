@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "procedures/vardynamics/data/known_columns.h"
+#include "procedures/vardynamics/data/user_error.h"
 
 namespace vardynamics {
 namespace {
@@ -16,9 +17,20 @@ SeriesList shortened(const SeriesList& columns, std::size_t count) {
   return result;
 }
 
+void refuseUnmade(const Settings& settings) {
+  const auto refuse = [](const char* what) { fail("This version cannot compute ^1. Leave it out.", {what}); };
+  if (settings.impulse) refuse("IMPULSE");
+  if (settings.decomposition) refuse("DECOMPOSITION");
+  if (settings.backtest) refuse("BACKTEST");
+  if (settings.forecast && settings.forecast->interval == Interval::bootstrap) refuse("INTERVAL=BOOTSTRAP");
+  if (settings.save && settings.save->shocks) refuse("SHOCKS");
+}
+
 }  // namespace
 
-Analysis analyse(const Settings& settings, const Observations& observations) {
+Analysis analyse(const Settings& settings, const Observations& observations, const Work& work) {
+  refuseUnmade(settings);
+  if (needsDraws(settings)) requireReplications(settings);
   const KnownColumnOptions options{.trend = settings.model.deterministic == Deterministic::trend,
                                    .seasons = observations.seasons,
                                    .exogenousLags = static_cast<std::size_t>(settings.model.exogenousLags)};
@@ -31,9 +43,11 @@ Analysis analyse(const Settings& settings, const Observations& observations) {
   analysis.roots = engine::rootsOf(engine::lagMatrices(analysis.model.fit)).value_or(std::vector<engine::Root>{});
   if (settings.tests) analysis.tests = testResiduals(analysis.model, data, *settings.tests);
   if (settings.causality) analysis.causality = testCausality(analysis.model, data, *settings.causality);
+  Draws draws(settings, analysis.model, data, work);
   if (settings.forecast) {
     analysis.forecast = forecastModel(analysis.model, data, known, observations.horizon, *settings.forecast);
   }
+  analysis.draws = draws.count();
   return analysis;
 }
 

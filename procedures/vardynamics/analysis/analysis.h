@@ -7,6 +7,7 @@
 
 #include "engine/dynamics/roots.h"
 #include "procedures/vardynamics/analysis/causality.h"
+#include "procedures/vardynamics/analysis/draws.h"
 #include "procedures/vardynamics/analysis/forecast.h"
 #include "procedures/vardynamics/analysis/model.h"
 #include "procedures/vardynamics/analysis/residual_tests.h"
@@ -22,9 +23,10 @@ struct Analysis {
   std::optional<ResidualTests> tests = {};
   std::optional<Causality> causality = {};
   std::optional<Forecast> forecast = {};
+  std::optional<DrawCount> draws = {};  // where bands were read from them
 };
 
-// Throws UserError for what the sample does not allow.
-Analysis analyse(const Settings& settings, const Observations& observations);
+// Throws UserError for what the sample does not allow, Stopped where the work was stopped.
+Analysis analyse(const Settings& settings, const Observations& observations, const Work& work = {});
 
 }  // namespace vardynamics

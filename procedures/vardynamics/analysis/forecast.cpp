@@ -16,17 +16,6 @@ namespace {
   fail("The forecast has no limits: the residuals are linearly dependent to rounding. Leave out a series.");
 }
 
-// The terms by name where they have short forms; nothing when exogenous series are among them.
-std::optional<engine::KnownTerms> namedTerms(const ModelData& data) {
-  if (!data.settings.exogenous.names.empty()) return std::nullopt;
-  engine::KnownTerms terms;
-  terms.polynomial = data.settings.deterministic == Deterministic::none    ? 0
-                     : data.settings.deterministic == Deterministic::trend ? 2
-                                                                           : 1;
-  if (data.cycle > 0) terms.seasons = data.cycle;
-  return terms;
-}
-
 std::vector<engine::HeldValue> heldValues(const Sample& sample, std::size_t horizon) {
   std::vector<engine::HeldValue> held;
   for (std::size_t step = 0; step < std::min(horizon, sample.futureRows()); ++step) {
@@ -57,7 +46,7 @@ Forecast forecastModel(const Model& model, const ModelData& data, const SeriesLi
   if (settings.interval == Interval::none && !settings.conditional) {
     return {.values = engine::forecastPath(model.fit, sample, data.sample.rows(), horizon).values};
   }
-  const auto terms = namedTerms(data);
+  const auto terms = namedTerms(data.settings, data.cycle);
   auto analytic = engine::analyticForecast(model.fit, sample, horizon, terms ? &*terms : nullptr);
   if (!analytic) refuseDependentShocks();
   Forecast forecast{.values = std::move(analytic->values),

@@ -30,6 +30,23 @@ std::vector<Regressor> regressorsOf(const ModelSettings& model, std::size_t lag,
   return regressors;
 }
 
+std::vector<std::vector<std::size_t>> exogenousColumns(const ModelSettings& model, std::size_t lag, std::size_t cycle) {
+  std::vector<std::vector<std::size_t>> columns(model.exogenous.names.size());
+  const std::vector<Regressor> regressors = regressorsOf(model, lag, cycle);
+  for (std::size_t j = 0; j < regressors.size(); ++j) {
+    if (regressors[j].kind == Regressor::Kind::exogenous) columns[regressors[j].index].push_back(j);
+  }
+  return columns;
+}
+
+std::optional<engine::KnownTerms> namedTerms(const ModelSettings& model, std::size_t cycle) {
+  if (!model.exogenous.names.empty()) return std::nullopt;
+  engine::KnownTerms terms;
+  terms.polynomial = !hasConstant(model) ? 0 : model.deterministic == Deterministic::trend ? 2 : 1;
+  if (cycle > 0) terms.seasons = cycle;
+  return terms;
+}
+
 std::string plainName(const Regressor& regressor, const ModelSettings& model) {
   switch (regressor.kind) {
     case Regressor::Kind::constant:

@@ -4,6 +4,7 @@
 #include <iostream>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "host/codes.h"
 #include "host/command_parser.h"
@@ -45,6 +46,15 @@ class StepRunner {
   ParserMessage reporter_;
 };
 
+std::vector<std::string> variableNames(ProcedureDataSource& dataSource) {
+  VEXA_DataSource& dataset = *dataSource.GetDataSource();
+  std::vector<std::string> names;
+  for (unsigned i = 0; i < dataset.ColumnCount(); ++i) {
+    names.push_back(dataset.GetVariable(static_cast<int>(i))->GetName());
+  }
+  return names;
+}
+
 void runCommand() {
   StepRunner steps;
   BpProcedure procedure(kIdentity.title, codes::kStatisticalProcedure);
@@ -52,7 +62,7 @@ void runCommand() {
   CommandDescriptor descriptor(kIdentity.commandName);
   VEXA_TokenSequence tokens(true);
   const auto done = [] { return true; };
-  if (!steps.run(1, [&] { return describeCommand(descriptor), done(); })) return;
+  if (!steps.run(1, [&] { return describeCommand(descriptor, variableNames(dataSource)), done(); })) return;
 
   CommandSpec command;
   UniversalParser parser(tokens, command, descriptor);

@@ -1,5 +1,6 @@
 #include "procedures/vardynamics/syntax/command_description.h"
 
+#include <limits>
 #include <utility>
 #include <vector>
 
@@ -43,6 +44,11 @@ Parameter variables(const char* name, bool required = false) {
   return {.name = name, .kind = codes::kVariableList, .required = required};
 }
 
+// Names of variables that may stand in other lists too.
+Parameter namesOf(const char* name, std::vector<std::string> variables) {
+  return {.name = name, .kind = codes::kKeywordList, .keywords = std::move(variables)};
+}
+
 Parameter flag(const char* name) {
   return {.name = name, .kind = codes::kOptionalName};
 }
@@ -54,7 +60,30 @@ Subcommand model() {
                          oneKeyword("DETERMINISTIC", spellings(kDeterministics)), yesOrNo("SEASONAL")}};
 }
 
-std::vector<Subcommand> syntaxTable() {
+Subcommand impulse(const std::vector<std::string>& variables) {
+  std::vector<std::string> cumulative = variables;
+  cumulative.emplace_back(kAllSeries);
+  return {.name = "IMPULSE",
+          .parameters = {within("HORIZON", 1, kLongestHorizon), keywordList("TYPE", false, keywordsOf(kShockTypes)),
+                         oneKeyword("SIZE", {"SD", "UNIT"}), namesOf("CUMULATIVE", std::move(cumulative)),
+                         namesOf("ORDER", variables), namesOf("SHOCKS", variables),
+                         oneKeyword("BANDS", spellings(kResponseBands)), yesOrNo("SIMULTANEOUS"),
+                         oneKeyword("RESAMPLE", spellings(kResamplings))}};
+}
+
+Subcommand decomposition(const std::vector<std::string>& variables) {
+  return {.name = "DECOMPOSITION",
+          .parameters = {keywordList("TYPE", false, keywordsOf(kDecompositions)), within("HORIZON", 1, kLongestHorizon),
+                         oneKeyword("BANDS", spellings(kShareBands)), namesOf("ORDER", variables)}};
+}
+
+Subcommand backtest() {
+  return {.name = "BACKTEST",
+          .parameters = {atLeast("ORIGINS", 1), within("HORIZON", 1, kLongestHorizon),
+                         oneKeyword("WINDOW", {"EXPANDING", "ROLLING"}), atLeast("STEP", 1)}};
+}
+
+std::vector<Subcommand> syntaxTable(const std::vector<std::string>& variables) {
   return {
       {.name = ""},
       model(),
@@ -64,12 +93,20 @@ std::vector<Subcommand> syntaxTable() {
        .parameters = {keywordList("TYPE", false, keywordsOf(kCausalities)), atLeast("AUGMENT", 0)}},
       {.name = "FORECAST",
        .parameters = {within("HORIZON", 1, kLongestHorizon), oneKeyword("INTERVAL", spellings(kIntervals)),
-                      yesOrNo("CONDITIONAL")}},
+                      yesOrNo("CONDITIONAL"), yesOrNo("SIMULTANEOUS")}},
+      impulse(variables),
+      decomposition(variables),
+      backtest(),
       {.name = "PLOT", .parameters = {keywordList("TYPE", false, keywordsOf(kPlots))}},
+      {.name = "BOOTSTRAP",
+       .parameters = {within("REPLICATIONS", kFewestReplications, kMostReplications),
+                      within("SEED", 0, std::numeric_limits<std::int32_t>::max())}},
       {.name = "SAVE",
        .parameters = {{.name = "FILE", .kind = codes::kFileName, .required = true, .saysQualification = false},
                       flag("FORECASTS"),
-                      flag("RESIDUALS")}},
+                      flag("RESIDUALS"),
+                      flag("SHOCKS"),
+                      flag("BACKTEST")}},
       {.name = "AUXILIARY", .parameters = {percentages("CILEVEL")}},
       {.name = "MISSING", .parameters = {oneKeyword("USERMISSING", {"EXCLUDE", "INCLUDE"})}},
   };
@@ -77,8 +114,9 @@ std::vector<Subcommand> syntaxTable() {
 
 }  // namespace
 
-void describeCommand(CommandDescriptor& command) {
-  for (const Subcommand& subcommand : syntaxTable()) command.addSubComDesc(procedures::descriptorOf(subcommand));
+void describeCommand(CommandDescriptor& command, const std::vector<std::string>& variables) {
+  for (const Subcommand& subcommand : syntaxTable(variables))
+    command.addSubComDesc(procedures::descriptorOf(subcommand));
 }
 
 }  // namespace vardynamics

@@ -24,10 +24,29 @@ inline constexpr std::array<procedures::KeywordFlag<CausalitySettings>, 2> kCaus
     {"INSTANTANEOUS", &CausalitySettings::instantaneous},
 }};
 
-inline constexpr std::array<procedures::KeywordFlag<PlotSettings>, 2> kPlots = {{
-    {"FORECAST", &PlotSettings::forecast},
-    {"ROOTS", &PlotSettings::roots},
+inline constexpr std::array<procedures::KeywordFlag<ImpulseSettings>, 4> kShockTypes = {{
+    {"ORTHOGONAL", &ImpulseSettings::orthogonal},
+    {"GENERALIZED", &ImpulseSettings::generalized},
+    {"REDUCED", &ImpulseSettings::reduced},
+    {"EXOGENOUS", &ImpulseSettings::exogenous},
 }};
+
+inline constexpr std::array<procedures::KeywordFlag<DecompositionSettings>, 3> kDecompositions = {{
+    {"VARIANCE", &DecompositionSettings::variance},
+    {"GENERALIZED", &DecompositionSettings::generalized},
+    {"HISTORICAL", &DecompositionSettings::historical},
+}};
+
+inline constexpr std::array<procedures::KeywordFlag<PlotSettings>, 6> kPlots = {{
+    {"FORECAST", &PlotSettings::forecast},
+    {"IMPULSE", &PlotSettings::impulse},
+    {"VARIANCE", &PlotSettings::variance},
+    {"HISTORICAL", &PlotSettings::historical},
+    {"ROOTS", &PlotSettings::roots},
+    {"BACKTEST", &PlotSettings::backtest},
+}};
+
+inline constexpr const char* kAllSeries = "ALL";  // of CUMULATIVE
 
 template <typename Value>
 struct KeywordValue {
@@ -48,9 +67,26 @@ inline constexpr std::array<KeywordValue<Deterministic>, 3> kDeterministics = {{
     {"TREND", Deterministic::trend},
 }};
 
-inline constexpr std::array<KeywordValue<Interval>, 2> kIntervals = {{
+inline constexpr std::array<KeywordValue<Interval>, 3> kIntervals = {{
     {"ANALYTIC", Interval::analytic},
+    {"BOOTSTRAP", Interval::bootstrap},
     {"NONE", Interval::none},
+}};
+
+inline constexpr std::array<KeywordValue<Bands>, 3> kResponseBands = {{
+    {"BOOTSTRAP", Bands::bootstrap},
+    {"ANALYTIC", Bands::analytic},
+    {"NONE", Bands::none},
+}};
+
+inline constexpr std::array<KeywordValue<Bands>, 2> kShareBands = {{
+    {"BOOTSTRAP", Bands::bootstrap},
+    {"NONE", Bands::none},
+}};
+
+inline constexpr std::array<KeywordValue<Resampling>, 2> kResamplings = {{
+    {"RESIDUAL", Resampling::residual},
+    {"WILD", Resampling::wild},
 }};
 
 // The spellings of a table, in its order.

@@ -19,8 +19,9 @@ std::string ParameterReader::keyword(const char* name, const char* byDefault) co
 }
 
 std::vector<std::string> ParameterReader::keywords(const char* name) const {
+  const ParamObj* parameter = find(name);
   std::vector<std::string> texts;
-  if (!find(name)->getStringList(texts)) texts.clear();
+  if (parameter == nullptr || !parameter->getStringList(texts)) texts.clear();
   return texts;
 }
 

@@ -28,6 +28,8 @@ class ParameterReader {
   // The keyword in the descriptor's spelling; the default when the parameter was not given.
   std::string keyword(const char* name, const char* byDefault) const;
   bool yes(const char* name) const { return keyword(name, "NO") == "YES"; }
+  // The listed keywords; none when the parameter was not given.
+  std::vector<std::string> keywords(const char* name) const;
 
   // Turns on the listed keywords' switches and turns off the others; leaves all as they are when the parameter was not
   // given.
@@ -39,8 +41,6 @@ class ParameterReader {
   }
 
  private:
-  std::vector<std::string> keywords(const char* name) const;
-
   const SubComObj& subcommand_;
 };
 

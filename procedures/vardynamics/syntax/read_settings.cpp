@@ -2,6 +2,7 @@
 
 #include "host/codes.h"
 #include "procedures/vardynamics/data/user_error.h"
+#include "procedures/vardynamics/syntax/shock_subcommands.h"
 #include "procedures/vardynamics/syntax/subcommands.h"
 
 namespace vardynamics {
@@ -68,15 +69,39 @@ void readIfGiven(const CommandSpec& command, const char* name, Read read, Target
   if (const SubComObj* given = command.getSubComObj(name)) target = read(*given);
 }
 
-// A keyword that asks for something of a subcommand that is not there.
-void refuseWithoutForecast(const CommandSpec& command, const Settings& settings) {
-  if (settings.forecast) return;
-  const SubComObj* plot = command.getSubComObj("PLOT");
-  if (plot != nullptr && plot->getParamObj("TYPE") != nullptr && settings.plot->forecast) {
-    fail("PLOT asks for FORECAST, and there is no subcommand FORECAST. Add /FORECAST, or leave out the keyword.");
+// A keyword, whether it is asked for, and what makes it.
+struct Product {
+  const char* keyword;
+  bool asked;
+  bool made;
+  const char* maker;
+};
+
+void refuseUnmadePlots(const CommandSpec& command, const Settings& settings) {
+  const SubComObj* given = command.getSubComObj("PLOT");
+  if (given == nullptr || given->getParamObj("TYPE") == nullptr) return;
+  const PlotSettings& plot = *settings.plot;
+  const auto& parts = settings.decomposition;
+  const Product products[] = {
+      {"FORECAST", plot.forecast, settings.forecast.has_value(), "/FORECAST"},
+      {"IMPULSE", plot.impulse, settings.impulse.has_value(), "/IMPULSE"},
+      {"VARIANCE", plot.variance, parts && (parts->variance || parts->generalized), "/DECOMPOSITION TYPE=[VARIANCE]"},
+      {"HISTORICAL", plot.historical, parts && parts->historical, "/DECOMPOSITION TYPE=[HISTORICAL]"},
+      {"BACKTEST", plot.backtest, settings.backtest.has_value(), "/BACKTEST"}};
+  for (const Product& one : products) {
+    if (!one.asked || one.made) continue;
+    fail("PLOT asks for ^1, and nothing makes it. Add ^2, or leave out the keyword.", {one.keyword, one.maker});
   }
-  if (!settings.save || !settings.save->forecasts) return;
-  fail("SAVE asks for FORECASTS, and there is no subcommand FORECAST. Add /FORECAST, or leave out FORECASTS.");
+}
+
+void refuseUnmadeColumns(const Settings& settings) {
+  if (!settings.save) return;
+  const Product products[] = {{"FORECASTS", settings.save->forecasts, settings.forecast.has_value(), "/FORECAST"},
+                              {"BACKTEST", settings.save->backtest, settings.backtest.has_value(), "/BACKTEST"}};
+  for (const Product& one : products) {
+    if (!one.asked || one.made) continue;
+    fail("SAVE asks for ^1, and nothing makes it. Add ^2, or leave out ^1.", {one.keyword, one.maker});
+  }
 }
 
 }  // namespace
@@ -90,11 +115,18 @@ Settings readSettings(const CommandSpec& command, const CommandDescriptor& descr
   readIfGiven(command, "TESTS", readTests, settings.tests);
   readIfGiven(command, "CAUSALITY", readCausality, settings.causality);
   readIfGiven(command, "FORECAST", readForecast, settings.forecast);
+  const SubComObj* impulse = command.getSubComObj("IMPULSE");
+  if (impulse != nullptr) settings.impulse = readImpulse(*impulse, settings.model);
+  readIfGiven(command, "DECOMPOSITION", readDecomposition, settings.decomposition);
+  readIfGiven(command, "BACKTEST", readBacktest, settings.backtest);
+  settings.order = readOrder(impulse, command.getSubComObj("DECOMPOSITION"), settings.model);
+  settings.bootstrap = readBootstrap(command.getSubComObj("BOOTSTRAP"), impulse);
   readIfGiven(command, "PLOT", readPlot, settings.plot);
   readIfGiven(command, "SAVE", readSave, settings.save);
   readIfGiven(command, "AUXILIARY", readLevels, settings.levels);
   readIfGiven(command, "MISSING", readUserMissing, settings.includeUserMissing);
-  refuseWithoutForecast(command, settings);
+  refuseUnmadePlots(command, settings);
+  refuseUnmadeColumns(settings);
   return settings;
 }
 

@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -12,6 +13,9 @@
 
 namespace vardynamics {
 
+inline constexpr std::int32_t kFewestReplications = 100;
+inline constexpr std::int32_t kMostReplications = 1'000'000;
+
 // Variables in command order; the two lists are parallel.
 struct VariableList {
   std::vector<std::int32_t> indexes = {};  // of the dataset's dictionary
@@ -20,7 +24,9 @@ struct VariableList {
 
 enum class Deterministic { constant, none, trend };  // trend: constant and linear trend
 enum class Criterion { aic, bic, hqic, fpe };
-enum class Interval { analytic, none };
+enum class Interval { analytic, bootstrap, none };
+enum class Bands { bootstrap, analytic, none };
+enum class Resampling { residual, wild };
 
 struct ModelSettings {
   VariableList endogenous = {};  // at least 2
@@ -53,17 +59,62 @@ struct ForecastSettings {
   std::optional<std::int32_t> horizon = {};  // 1..1000
   Interval interval = Interval::analytic;
   bool conditional = false;
+  bool simultaneous = false;  // with bootstrap limits only: they hold a whole path
 };
 
+// Endogenous series are meant by their positions in MODEL.
+struct ImpulseSettings {
+  bool orthogonal = true;
+  bool generalized = false;
+  bool reduced = true;
+  bool exogenous = true;  // only where the model has exogenous series
+  std::int32_t horizon = 20;
+  bool unit = false;                     // SIZE: one unit of the shock's own series, else one standard deviation
+  std::vector<bool> cumulative = {};     // [series]; empty for none
+  std::vector<std::size_t> shocks = {};  // endogenous series that are shocked and shown
+  std::vector<std::size_t> exogenousShocks = {};
+  Bands bands = Bands::bootstrap;
+  bool simultaneous = false;  // with bootstrap bands only
+};
+
+struct DecompositionSettings {
+  bool variance = true;
+  bool generalized = false;
+  bool historical = true;
+  std::int32_t horizon = 20;
+  Bands bands = Bands::bootstrap;  // never analytic
+};
+
+struct BacktestSettings {
+  std::optional<std::int32_t> origins = {};  // without it min(40, n/4)
+  std::int32_t horizon = 4;
+  std::int32_t step = 1;
+  bool rolling = false;  // WINDOW: windows as long as the first, else all rows up to the origin
+};
+
+// Of the one set of draws from which all bands of a run are read.
+struct BootstrapSettings {
+  std::int32_t replications = 2000;
+  std::int32_t seed = 1;
+  Resampling resampling = Resampling::residual;  // RESAMPLE of IMPULSE
+};
+
+// What a flag asks for is drawn where the run has it.
 struct PlotSettings {
   bool forecast = true;
+  bool impulse = true;
+  bool variance = true;
+  bool historical = true;
   bool roots = true;
+  bool backtest = true;
 };
 
 struct SaveSettings {
   std::shared_ptr<const UserCaseFileSpec> file = {};  // initialised
   bool forecasts = false;
   bool residuals = false;
+  bool shocks = false;  // the orthogonal ones
+  bool backtest = false;
 };
 
 // A subcommand that was left out is absent; those that only switch something on are flags.
@@ -73,6 +124,13 @@ struct Settings {
   std::optional<TestSettings> tests = {};
   std::optional<CausalitySettings> causality = {};
   std::optional<ForecastSettings> forecast = {};
+  std::optional<ImpulseSettings> impulse = {};
+  std::optional<DecompositionSettings> decomposition = {};
+  std::optional<BacktestSettings> backtest = {};
+  BootstrapSettings bootstrap = {};
+  // ORDER: positions of the endogenous series in the order behind all orthogonal shocks of the run; empty: that of
+  // MODEL.
+  std::vector<std::size_t> order = {};
   std::optional<PlotSettings> plot = {};
   std::optional<SaveSettings> save = {};
   std::vector<double> levels = {95.0};  // CILEVEL in percent, ascending; the largest decides verdicts

@@ -25,6 +25,15 @@ void refuseEmptyLagRange(const ModelSettings& model) {
        {std::to_string(model.minLag), std::to_string(*model.maxLag)});
 }
 
+void refuseUndefinedLimits(const ForecastSettings& forecast) {
+  if (forecast.conditional && forecast.interval == Interval::bootstrap) {
+    fail("The limits of a forecast with CONDITIONAL=YES come from no draws. Give INTERVAL=ANALYTIC.");
+  }
+  if (!forecast.simultaneous || forecast.interval == Interval::bootstrap) return;
+  if (forecast.conditional) fail("SIMULTANEOUS=YES is not defined beside CONDITIONAL=YES. Leave out one of the two.");
+  fail("FORECAST with SIMULTANEOUS=YES takes its limits from draws. Give INTERVAL=BOOTSTRAP.");
+}
+
 std::shared_ptr<const UserCaseFileSpec> openedFile(const ParamObj* parameter) {
   std::string path;
   bool isLiteral = false;
@@ -73,9 +82,12 @@ CausalitySettings readCausality(const SubComObj& causality) {
 
 ForecastSettings readForecast(const SubComObj& forecast) {
   const ParameterReader reader(forecast);
-  return {.horizon = reader.wholeNumber("HORIZON"),
-          .interval = valueOf(kIntervals, reader.keyword("INTERVAL", "ANALYTIC")),
-          .conditional = reader.yes("CONDITIONAL")};
+  const ForecastSettings settings{.horizon = reader.wholeNumber("HORIZON"),
+                                  .interval = valueOf(kIntervals, reader.keyword("INTERVAL", "ANALYTIC")),
+                                  .conditional = reader.yes("CONDITIONAL"),
+                                  .simultaneous = reader.yes("SIMULTANEOUS")};
+  refuseUndefinedLimits(settings);
+  return settings;
 }
 
 PlotSettings readPlot(const SubComObj& plot) {
@@ -89,8 +101,10 @@ SaveSettings readSave(const SubComObj& save) {
   SaveSettings settings{.file = openedFile(reader.find("FILE"))};
   settings.forecasts = reader.has("FORECASTS");
   settings.residuals = reader.has("RESIDUALS");
-  if (!settings.forecasts && !settings.residuals) {
-    fail("SAVE has nothing to save. Give FORECASTS, RESIDUALS or both.");
+  settings.shocks = reader.has("SHOCKS");
+  settings.backtest = reader.has("BACKTEST");
+  if (!settings.forecasts && !settings.residuals && !settings.shocks && !settings.backtest) {
+    fail("SAVE has nothing to save. Give FORECASTS, RESIDUALS, SHOCKS, BACKTEST or several of them.");
   }
   return settings;
 }
