@@ -1,29 +1,46 @@
 #include "workbench/casefile/case_file_format.h"
 
+#include <algorithm>
+#include <array>
 #include <vector>
 
+#include "workbench/casefile/case_table.h"
 #include "workbench/casefile/case_writer.h"
-#include "workbench/dataset/dataset.h"
 
 namespace workbench {
 
 namespace fs = std::filesystem;
 
-std::optional<CaseFileFormat> caseFileFormat(const fs::path& path) {
+namespace {
+
+constexpr std::array<CaseFileFormat, 3> kFormats{
+    {{".csv", writeCsv, true}, {".parquet", writeParquet, false}, {".duckdb", writeDatabase, false}}};
+
+// "a, b or c".
+std::string extensions() {
+  std::string text(kFormats.front().extension);
+  for (std::size_t i = 1; i < kFormats.size(); ++i) {
+    text += (i + 1 < kFormats.size() ? ", " : " or ") + std::string(kFormats[i].extension);
+  }
+  return text;
+}
+
+}  // namespace
+
+const CaseFileFormat* caseFileFormat(const fs::path& path) {
   const std::string extension = path.extension().string();
-  if (sameName(extension, ".csv")) return CaseFileFormat::csv;
-  if (sameName(extension, ".parquet")) return CaseFileFormat::parquet;
-  if (sameName(extension, ".duckdb")) return CaseFileFormat::duckdb;
-  return std::nullopt;
+  const auto* found = std::ranges::find_if(
+      kFormats, [&](const CaseFileFormat& format) { return sameName(extension, format.extension); });
+  return found == kFormats.end() ? nullptr : found;
 }
 
 std::string unusableTarget(const std::string& name, const fs::path& file, std::span<const TakenFile> taken) {
   if (name.empty() || name.find('\0') != std::string::npos) return "SAVE FILE names no file.";
   if (fs::is_directory(file)) return "SAVE FILE " + name + " is a folder. Name a file in it.";
-  const std::optional<CaseFileFormat> format = caseFileFormat(file);
-  if (!format) return "SAVE FILE " + name + " has no known extension. Use .csv, .parquet or .duckdb.";
+  const CaseFileFormat* format = caseFileFormat(file);
+  if (format == nullptr) return "SAVE FILE " + name + " has no known extension. Use " + extensions() + ".";
   std::vector<fs::path> written = {file};
-  if (*format == CaseFileFormat::csv) written.push_back(metadataFile(file));
+  if (format->metadataBeside) written.push_back(metadataFile(file));
   for (const fs::path& target : written) {
     if (const auto reason = refusedTarget(target, taken)) return *reason;
   }

@@ -77,7 +77,7 @@ std::string csvSelection(const Dataset& dataset) {
 }  // namespace
 
 // DuckDB writes the shortest digits that read back as the same bits.
-void writeCsv(const Dataset& dataset, const std::filesystem::path& file) {
+void writeCsv(const Dataset& dataset, const std::string& /*metadata*/, const std::filesystem::path& file) {
   DuckdbConnection connection(threadsFor(dataset));
   registerCases(connection, dataset);
   connection.query("COPY (" + csvSelection(dataset) + ") TO " + sqlText(file.string()) +

@@ -10,8 +10,8 @@
 
 namespace workbench {
 
-// All write a new file at the path, or write into a device, and throw DuckdbError.
-void writeCsv(const Dataset& dataset, const std::filesystem::path& file);  // has no place for metadata
+// All write a new file at the path, or write into a device, and throw DuckdbError. CSV has no place for metadata.
+void writeCsv(const Dataset& dataset, const std::string& metadata, const std::filesystem::path& file);
 void writeParquet(const Dataset& dataset, const std::string& metadata, const std::filesystem::path& file);
 void writeDatabase(const Dataset& dataset, const std::string& metadata, const std::filesystem::path& file);
 

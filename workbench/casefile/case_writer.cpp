@@ -56,35 +56,22 @@ std::string metadataJson(const Dataset& dataset) {
   return {buffer.GetString(), buffer.GetSize()};
 }
 
-std::filesystem::path metadataFile(const std::filesystem::path& csvFile) {
-  std::filesystem::path file = csvFile;
+std::filesystem::path metadataFile(const std::filesystem::path& dataFile) {
+  std::filesystem::path file = dataFile;
   return file += ".meta.json";
 }
 
 namespace {
 
-using Writer = void (*)(const Dataset& dataset, const std::string& metadata, const std::filesystem::path& file);
-
-Writer writerOf(CaseFileFormat format) {
-  switch (format) {
-    case CaseFileFormat::parquet:
-      return writeParquet;
-    case CaseFileFormat::duckdb:
-      return writeDatabase;
-    case CaseFileFormat::csv:
-      break;
-  }
-  return [](const Dataset& dataset, const std::string&, const std::filesystem::path& file) { writeCsv(dataset, file); };
-}
-
-// Beside a CSV file, which has no place for them, the metadata appear just before the cases.
-void writeStaged(const Dataset& dataset, CaseFileFormat format, const std::filesystem::path& target) {
+// Metadata that have a file of their own appear just before the cases.
+void writeStaged(const Dataset& dataset, const CaseFileFormat& format, const std::filesystem::path& target) {
   StagedFile cases(target);
-  writerOf(format)(dataset, metadataJson(dataset), cases.path());
-  if (format == CaseFileFormat::csv) {
+  const std::string described = metadataJson(dataset);
+  format.write(dataset, described, cases.path());
+  if (format.metadataBeside) {
     StagedFile metadata(metadataFile(target));
     FileSink sink(metadata.path(), metadataFile(target));
-    sink.write(metadataJson(dataset) + "\n");
+    sink.write(described + "\n");
     sink.close();
     cases.makeDurable();
     metadata.publish();
@@ -94,9 +81,9 @@ void writeStaged(const Dataset& dataset, CaseFileFormat format, const std::files
 
 }  // namespace
 
-void writeCases(const Dataset& dataset, CaseFileFormat format, const std::filesystem::path& target) {
+void writeCases(const Dataset& dataset, const CaseFileFormat& format, const std::filesystem::path& target) {
   try {
-    if (format == CaseFileFormat::csv && isSpecialFile(target)) return writeCsv(dataset, target);
+    if (format.metadataBeside && isSpecialFile(target)) return format.write(dataset, "", target);
     writeStaged(dataset, format, target);
   } catch (const DuckdbError& error) {
     throw OutputError(target.string() + " cannot be written: " + error.what() + ". Make room or choose another place.");

@@ -1,4 +1,4 @@
-// Writing a dataset of numeric variables as a data file. The formats are described in docs/saved-file.md.
+// Writing a dataset of numeric variables as a data file.
 
 #pragma once
 
@@ -11,12 +11,12 @@
 namespace workbench {
 
 // The file appears complete or not at all. Throws OutputError with place, reason and remedy.
-void writeCases(const Dataset& dataset, CaseFileFormat format, const std::filesystem::path& target);
+void writeCases(const Dataset& dataset, const CaseFileFormat& format, const std::filesystem::path& target);
 
 // Labels, levels and formats as one JSON object.
 std::string metadataJson(const Dataset& dataset);
 
-// Where the metadata of a CSV file stand.
-std::filesystem::path metadataFile(const std::filesystem::path& csvFile);
+// Where the metadata stand of a file that has no place for them.
+std::filesystem::path metadataFile(const std::filesystem::path& dataFile);
 
 }  // namespace workbench

@@ -21,7 +21,7 @@ using workbench::StateOf;
 
 struct UserCaseFileSpec::State {
   std::filesystem::path path;  // empty until Init succeeded
-  workbench::CaseFileFormat format = workbench::CaseFileFormat::csv;
+  const workbench::CaseFileFormat* format = nullptr;
 };
 
 UserCaseFileSpec::UserCaseFileSpec() : state_(std::make_unique<State>()) {}
@@ -36,7 +36,7 @@ bool UserCaseFileSpec::Init(const std::string& path, bool, bool forWriting) {
     session.saveError = reason;
     return false;
   }
-  *state_ = {full, *workbench::caseFileFormat(full)};
+  *state_ = {full, workbench::caseFileFormat(full)};
   return true;
 }
 
@@ -110,7 +110,7 @@ void save(const StateOf<UserCaseFileSpec>& specification, const StateOf<VEXA_Dat
     throw workbench::OutputError("SAVE FILE has nothing to save. Add PREDICTED or NRESIDUAL.");
   }
   scaleBack(*source.dataset, currentSession().savedScale);
-  workbench::writeCases(*source.dataset, specification.format, specification.path);
+  workbench::writeCases(*source.dataset, *specification.format, specification.path);
 }
 
 }  // namespace
