@@ -52,7 +52,7 @@ class HOST_API ParamObj {
   bool getIntegerValue(int& value) const;                     // false for a number with a fraction
   bool getNumberValue(double& value) const;
   bool getNumberList(std::vector<double>& values) const;  // in the order written; one number is a list of one
-  bool getUpStringGeneric(std::string& text) const;                   // upper-cased
+  bool getUpStringGeneric(std::string& text) const;       // upper-cased
   bool getStringOrLiteral(std::string& text, bool& isLiteral) const;  // isLiteral: the text stood in quotes
 
  private:
