@@ -14,7 +14,7 @@ std::vector<std::string> effectsOf(const ReportContext& context, std::size_t cau
   std::vector<std::string> effects;
   for (std::size_t effect = 0; effect < tests.size(); ++effect) {
     if (!tests[effect] || !context.rejects(tests[effect]->pValue)) continue;
-    effects.push_back(context.names()[effect] + " (" + context.texts.probability(tests[effect]->pValue) + ")");
+    effects.push_back(context.names()[effect] + " (" + context.probability(tests[effect]->pValue) + ")");
   }
   return effects;
 }

@@ -39,7 +39,7 @@ Sentences forecastSentences(const ReportContext& context) {
 Sentences conditionSentences(const ReportContext& context) {
   const Texts& texts = context.texts;
   const Condition& condition = *context.analysis.forecast->condition;
-  const std::string p = texts.probability(condition.unusual.pValue);
+  const std::string p = context.probability(condition.unusual.pValue);
   const std::string held = std::to_string(condition.held.size());
   return {context.rejects(condition.unusual.pValue)
               ? texts.localize("The ^1 held values lie unusually far from the unconditional forecast (^2).", {held, p})

@@ -12,12 +12,20 @@ namespace {
 constexpr int kMostDecimals = 15;
 constexpr double kSmallestProbability = 1e-300;
 constexpr double kNearlyCertain = 0.995;
+constexpr int kFewestDigits = 2;
+constexpr int kAllDigits = std::numeric_limits<double>::max_digits10;
 
 template <typename... Format>
 std::string text(double value, Format... format) {
   std::array<char, 400> buffer;  // the longest binary64 in fixed notation has 309 digits before the point
   const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, format...).ptr;
   return {buffer.data(), end};
+}
+
+double numberIn(const std::string& shown) {
+  double value = 0.0;
+  std::from_chars(shown.data(), shown.data() + shown.size(), value);
+  return value;
 }
 
 bool showsOnlyZeros(const std::string& digits) {
@@ -51,10 +59,19 @@ std::string modulusText(double modulus) {
   return distance == 0.0 ? "1" : fixedText(modulus, std::max(kPlainDecimals, decimalsFor(distance, 1)));
 }
 
-std::string probabilityText(double p) {
+std::string probabilityText(double p, double level) {
   if (p < kSmallestProbability) return "< 1e-300";
   if (p >= kNearlyCertain) return "> 0.99";
-  return "= " + text(p, std::chars_format::general, 2);
+  const auto tells = [&](const std::string& shown) {
+    const double read = numberIn(shown);
+    return (read < level) == (p < level) && (read > level) == (p > level);
+  };
+  std::string shown;
+  for (int digits = kFewestDigits; digits <= kAllDigits; ++digits) {
+    shown = text(p, std::chars_format::general, digits);
+    if (tells(shown)) break;
+  }
+  return "= " + shown;
 }
 
 }  // namespace vardynamics

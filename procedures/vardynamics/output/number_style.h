@@ -20,7 +20,8 @@ std::string fixedText(double value, int decimals);
 // A modulus, with the decimals that tell it from one: 0.614, 0.9992, 1.
 std::string modulusText(double modulus);
 
-// "= 0.14", "= 3.6e-08", "> 0.99" and "< 1e-300": what stands behind the p of a p-value.
-std::string probabilityText(double p);
+// "= 0.14", "= 3.6e-08", "> 0.99" and "< 1e-300": what stands behind the p of a p-value. Two digits, and as many more
+// as it takes to stand on the same side of the level: "= 0.0499" beside a level of 0.05.
+std::string probabilityText(double p, double level);
 
 }  // namespace vardynamics

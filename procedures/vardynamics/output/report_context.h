@@ -19,8 +19,11 @@ struct ReportContext {
   const Texts& texts;
 
   const std::vector<std::string>& names() const { return settings.model.endogenous.names; }
-  // A test with this p-value rejects, at the level that the largest confidence level leaves.
-  bool rejects(double p) const { return p < 1.0 - settings.level() / 100.0; }
+  // What the largest confidence level leaves: 0.05.
+  double testLevel() const;
+  bool rejects(double p) const { return p < testLevel(); }
+  // "p = 0.14": of a test that rejects it stands below the level, of another one not.
+  std::string probability(double p) const { return texts.probability(p, testLevel()); }
   std::string levelText() const;  // of the tests: "5 %"
   double largestRoot() const { return analysis.roots.empty() ? 0.0 : analysis.roots.front().modulus; }
   // From here on tests and limits are less reliable.

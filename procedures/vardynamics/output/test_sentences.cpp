@@ -26,7 +26,7 @@ Sentences portmanteauSentences(const ReportContext& context) {
   if (!portmanteau.test) {
     return {texts.localize("The portmanteau test up to lag ^1 needs more rows. Give fewer LAGS.", {lags})};
   }
-  const std::string p = texts.probability(portmanteau.test->pValue);
+  const std::string p = context.probability(portmanteau.test->pValue);
   Sentences sentences{
       context.rejects(portmanteau.test->pValue)
           ? texts.localize("Autocorrelation is left in the residuals up to lag ^1 (portmanteau test, ^2).", {lags, p})
@@ -46,7 +46,7 @@ Sentences lagrangeSentences(const ReportContext& context) {
   Sentences sentences;
   if (!tests.lags.empty()) {
     const engine::BreuschGodfrey& last = tests.lags.back();
-    const std::string p = texts.probability(last.rao.pValue);
+    const std::string p = context.probability(last.rao.pValue);
     sentences.push_back(
         context.rejects(last.rao.pValue)
             ? texts.localize("The residuals are autocorrelated at lags 1 to ^1 (LM test, F form, ^2).",
@@ -68,7 +68,7 @@ Sentences archSentences(const ReportContext& context) {
   if (!joint.test) {
     return {texts.localize("The sample is too short for the joint ARCH test up to lag ^1. Give fewer LAGS.", {lags})};
   }
-  const std::string p = texts.probability(joint.test->pValue);
+  const std::string p = context.probability(joint.test->pValue);
   if (context.rejects(joint.test->pValue)) {
     return {texts.localize("The variance of the residuals depends on past residuals (ARCH test up to lag ^1, ^2).",
                            {lags, p})};
@@ -81,7 +81,7 @@ Sentences normalitySentences(const ReportContext& context) {
   const Texts& texts = context.texts;
   const auto& test = context.analysis.tests->normality->doornikHansen;
   if (!test) return {texts.localize("The sample is too short for the tests of normality.")};
-  const std::string p = texts.probability(test->pValue);
+  const std::string p = context.probability(test->pValue);
   return {
       context.rejects(test->pValue)
           ? texts.localize("The residuals are not normally distributed (Doornik-Hansen test, ^1).", {p})

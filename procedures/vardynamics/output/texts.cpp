@@ -38,8 +38,8 @@ std::string Texts::number(const std::string& english) const {
   return text;
 }
 
-std::string Texts::probability(double p) const {
-  return "p " + number(probabilityText(p));
+std::string Texts::probability(double p, double level) const {
+  return "p " + number(probabilityText(p, level));
 }
 
 std::string Texts::percent(double value) const {

@@ -23,8 +23,8 @@ class Texts {
   std::string list(const std::vector<std::string>& names) const;
   // A number's text with the language's decimal separator.
   std::string number(const std::string& english) const;
-  // "p = 0.14"
-  std::string probability(double p) const;
+  // "p = 0.14", told from the level of a test
+  std::string probability(double p, double level) const;
   // "95 %"
   std::string percent(double value) const;
 

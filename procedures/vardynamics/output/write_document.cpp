@@ -16,15 +16,16 @@ class DocumentWriter {
  public:
   explicit DocumentWriter(const ReportContext& context) : context_(context), generator_(kIdentity.title, "") {}
 
+  // What a reader asks first comes first; the parameters, which few read, stand last.
   void write() {
     const Settings& settings = context_.settings;
     writeTable(generator_, summaryTable(context_));
     if (settings.forecast) addForecast();
-    add(modelTables(context_));
     if (settings.stability) add(stabilityTables(context_));
     if (settings.plot && settings.plot->roots) writeChart(generator_, rootsChart(context_));
     if (settings.tests) add(testTables(context_));
     if (settings.causality) add(causalityTables(context_));
+    add(modelTables(context_));
   }
 
   rapidjson::Document& document() { return generator_.getProcedureStatJSON(); }
