@@ -1,5 +1,6 @@
 // Makes a report from any document: report_page INPUT.json OUTPUT.html, the input being
-// {"document": {...}, "command": "", "facts": [[label, value]], "messages": [[kind, text]], "savedFiles": [""]}.
+// {"document": {...}, "command": "", "facts": [[label, value]], "messages": [[kind, text]], "savedFiles": [""]} and,
+// where they are wanted, the places "headline": 0 and "leadingCharts": [1].
 
 #include "workbench/report/report.h"
 
@@ -21,6 +22,9 @@ workbench::ReportInput readInput(const rapidjson::Document& json) {
   for (const auto& fact : json["facts"].GetArray()) input.facts.push_back({text(fact[0]), text(fact[1])});
   for (const auto& message : json["messages"].GetArray())
     input.messages.push_back({static_cast<Kind>(message[0].GetInt()), text(message[1])});
+  if (json.HasMember("headline")) output.view.headline = json["headline"].GetUint();
+  if (json.HasMember("leadingCharts"))
+    for (const auto& place : json["leadingCharts"].GetArray()) output.view.leadingCharts.insert(place.GetUint());
   for (const auto& file : json["savedFiles"].GetArray()) output.savedFiles.push_back(text(file));
   return input;
 }

@@ -169,7 +169,7 @@ async function checkTables(page) {
     equal(await page.locator('#facts dd').allTextContents(), ['203', 'out.csv']);
     equal(await page.locator('#messages strong').allTextContents(), ['Error', 'Warning', 'Note', 'Hint']);
     equal(await page.locator('nav a').count(), 3 + 11);
-    equal(await page.locator('nav a').nth(5).textContent(), 'Time Series -realgdp');
+    equal(await page.locator('nav a').nth(3).textContent(), 'Time Series -realgdp');
   });
 }
 
@@ -337,6 +337,34 @@ async function checkHostileNames(page) {
   });
 }
 
+async function checkOpening(page) {
+  await check('a headline and the charts that lead it open the page, said once', async () => {
+    const kinds = await page.locator('main section').evaluateAll((all) => all.map((section) => section.className));
+    equal(kinds, ['headline', 'chart', 'run', 'table', 'table', 'run', 'run']);
+    equal(await page.locator('.headline li').allTextContents(), ['Lag 2 was chosen.', 'The model is stable.']);
+    equal(await page.getByText('The model is stable.').count(), 1);
+    equal(await page.locator('tfoot').first().textContent().then((text) => text.trim()), 'a By AIC.');
+    const outline = await page.locator('nav a').allTextContents();
+    equal(outline, ['At a Glance', 'Forecast of a', 'Messages', 'Summary', 'Roots', 'Command', 'Run']);
+    ok((await page.locator('section.chart').boundingBox()).y < 500, 'the chart on the first screen');
+  });
+}
+
+function openingInput() {
+  const notes = { titleFootnotes: [1], footnotes: ['Lag 2 was chosen.', 'By AIC.', 'The model is stable.'] };
+  const forecast = { ...chart({ kind: 0, title: 'Forecast of a' }, ['', labels, gdp]), name: 'Forecast Chart - a' };
+  return {
+    ...constructed(),
+    document: document([
+      table('Summary', ['Rows'], ['Value'], [[203]], notes),
+      table('Roots', ['1'], ['Modulus'], [[0.9]]),
+      forecast,
+    ]),
+    headline: 0,
+    leadingCharts: [2],
+  };
+}
+
 // The program's own report of the example data.
 function programReport(...options) {
   const [job, html] = [newPath('toml'), newPath('html')];
@@ -421,6 +449,7 @@ await start();
 const file = makeReport(constructed());
 const phone = (width) => ({ viewport: { width, height: 700 }, isMobile: true, hasTouch: true });
 await visit(file, {}, checkMarks, checkLongSeries, checkTables, checkReading);
+await visit(makeReport(openingInput()), {}, checkOpening);
 await visit(file, { colorScheme: 'dark' }, checkThemes);
 await visit(file, phone(390), checkPhone);
 await visit(file, phone(320), checkPhone);

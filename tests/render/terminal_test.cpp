@@ -142,5 +142,37 @@ Chart: Time Series -^[[2Jgdp (3 points)
 )");
 }
 
+TEST(Terminal, OpensWithTheHeadlineAndSaysItOnce) {
+  const rapidjson::Document document = parseJson(R"({"procedure": "Dynamics", "items": [
+    {"type": "table", "title": "First", "rows": ["a"], "columns": [{"label": "N"}], "cells": [[1]]},
+    {"type": "table", "title": "Summary", "rows": ["a"], "columns": [{"label": "N"}], "cells": [[2]],
+     "titleFootnotes": [1], "footnotes": ["The test rejects (p = 0.04).", "Rows.", "The model is stable."]}]})");
+  DocumentView view;
+  view.headline = 1;
+  EXPECT_EQ('\n' + paintDocumentTerminal(document, {.width = 24}, {}, view), R"(
+Dynamics
+
+At a Glance
+• The test rejects
+  (p = 0.04).
+• The model is stable.
+
+First
+────────
+       N
+────────
+a  1.000
+────────
+
+Summary [a]
+────────
+       N
+────────
+a  2.000
+────────
+[a] Rows.
+)");
+}
+
 }  // namespace
 }  // namespace workbench

@@ -26,7 +26,6 @@ constexpr int kSquareHeight = 21;
 constexpr int kCellHeight = 9;
 constexpr int kNarrowestCell = 26;
 constexpr int kCellGap = 2;
-constexpr std::string_view kTied = "\u00a0";  // a blank at which no line breaks
 constexpr int kLongestName = 32;
 
 std::string shortName(std::string_view name) {
@@ -43,7 +42,7 @@ std::string legend(const Chart& chart, const Language& language) {
   const auto glyphs = seriesGlyphs(chart, layOutChart(chart));
   std::vector<std::string> entries;
   for (const auto& [i, glyph] : glyphs)
-    entries.push_back(fmt::format("{}{}{}", glyph, kTied, shortName(chart.data.series[i].name)));
+    entries.push_back(fmt::format("{}{}{}", glyph, kTiedBlank, shortName(chart.data.series[i].name)));
   if (glyphs.size() < chart.data.series.size())
     entries.push_back(language.tr("(the first ^1 of ^2 series)", glyphs.size(), chart.data.series.size()));
   return fmt::format("{}", fmt::join(entries, "  "));
@@ -121,10 +120,7 @@ std::string plotHeading(const Chart& chart, const TerminalStyle& style, const La
   std::string text = paintHeading(chart.spec.title, style);
   if (chart.data.problem) return text;
   const std::string series = legend(chart.cells.empty() ? chart : chart.cells.front(), language);
-  std::string lines = wrapped(axes(chart, language) + (series.empty() ? "" : ": " + series), width);
-  for (std::size_t at = lines.find(kTied); at != std::string::npos; at = lines.find(kTied, at))
-    lines.replace(at, kTied.size(), " ");
-  return text + lines;
+  return text + untied(wrapped(axes(chart, language) + (series.empty() ? "" : ": " + series), width));
 }
 
 // Draws charts, first as gnuplot's commands for all of them, then from its output, in the same order.

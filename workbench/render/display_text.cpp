@@ -86,6 +86,12 @@ class Wrapper {
   std::vector<std::string> lines_{1};
 };
 
+std::string replaced(std::string text, std::string_view part, std::string_view by) {
+  for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + by.size()))
+    text.replace(at, part.size(), by);
+  return text;
+}
+
 }  // namespace
 
 int displayWidth(std::string_view text) {
@@ -102,6 +108,15 @@ int longestWord(std::string_view text) {
   int longest = 0;
   for (const Word& word : words(text)) longest = std::max(longest, displayWidth(word.text));
   return longest;
+}
+
+std::string untied(std::string text) {
+  return replaced(std::move(text), kTiedBlank, " ");
+}
+
+std::string tiedNumbers(std::string sentence) {
+  const std::string blank(kTiedBlank);
+  return replaced(replaced(std::move(sentence), " = ", blank + "=" + blank), " %", blank + "%");
 }
 
 std::vector<std::string> wrapText(std::string_view text, int width) {

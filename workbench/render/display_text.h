@@ -14,6 +14,13 @@ namespace workbench {
 int displayWidth(std::string_view text);
 int longestWord(std::string_view text);  // width of the widest part without a blank
 
+// A blank at which no line breaks, and texts with plain blanks in its place again.
+inline constexpr std::string_view kTiedBlank = "\u00a0";
+std::string untied(std::string text);
+
+// A sentence in which no line ends inside "p = 0.14" or "95 %".
+std::string tiedNumbers(std::string sentence);
+
 // Lines of at most `width` cells (>= 2), broken at blanks, inside a word only when it is wider than a line. Blanks
 // inside a line stay as they are. At least one line.
 std::vector<std::string> wrapText(std::string_view text, int width);

@@ -90,6 +90,23 @@ PivotTable readPivotTable(const Value& item, const Language& language) {
   return table;
 }
 
+std::vector<std::string> takeUnmarkedFootnotes(PivotTable& table) {
+  std::vector<std::string> taken;
+  std::vector<Footnote> marked;
+  std::vector<std::size_t> newIndex;
+  for (Footnote& note : table.footnotes) {
+    newIndex.push_back(marked.size());
+    if (note.marker.empty()) {
+      taken.push_back(std::move(note.text));
+    } else {
+      marked.push_back({footnoteMarker(marked.size()), std::move(note.text)});
+    }
+  }
+  for (std::size_t& note : table.titleFootnotes) note = newIndex[note];
+  table.footnotes = std::move(marked);
+  return taken;
+}
+
 std::vector<DocumentItem> documentItems(const Value& document, const Language& language) {
   std::vector<DocumentItem> items;
   const Value* list = itemsOf(document);

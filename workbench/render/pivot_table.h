@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <variant>
@@ -56,12 +57,18 @@ struct ChartItem {
 struct DocumentView {
   std::map<std::size_t, std::vector<std::string>> notes;  // of the workbench, below tables and charts
   std::set<std::size_t> hidden;
+  // A table whose unmarked footnotes open the output, instead of standing below it, and charts that follow them.
+  std::optional<std::size_t> headline;
+  std::set<std::size_t> leadingCharts;
 };
 
 using DocumentItem = std::variant<PivotTable, ChartItem>;
 
 // One item of type "table", its numbers as the language writes them.
 PivotTable readPivotTable(const rapidjson::Value& item, const Language& language = {});
+
+// Takes the footnotes that nothing refers to out of a table.
+std::vector<std::string> takeUnmarkedFootnotes(PivotTable& table);
 
 // The tables and charts of a document in their order; items of other types are skipped.
 std::vector<DocumentItem> documentItems(const rapidjson::Value& document, const Language& language = {});

@@ -156,8 +156,8 @@ class TablePainter {
     for (const Footnote& note : table_.footnotes) {
       std::string marker = note.marker.empty() ? "" : fmt::format("[{}] ", note.marker);
       const int indent = displayWidth(marker);
-      for (const std::string& part : wrapText(visibleText(note.text), width_ - indent)) {
-        newLine(marker + part);
+      for (const std::string& part : wrapText(tiedNumbers(visibleText(note.text)), width_ - indent)) {
+        newLine(marker + untied(part));
         marker.assign(marker.size(), ' ');
       }
     }
@@ -183,6 +183,22 @@ std::string noteLines(const std::vector<std::string>& notes, const TerminalStyle
   return lines;
 }
 
+// A sentence an entry, below a heading.
+std::string headlineBlock(const std::vector<std::string>& sentences, const TerminalStyle& style,
+                          const Language& language) {
+  const std::string bullet = style.unicode ? "• " : "- ";
+  std::string lines = paintHeading(language.tr("At a Glance"), style);
+  for (const std::string& sentence : sentences) {
+    std::string before = bullet;
+    const int width = lineWidth(style) - displayWidth(bullet);
+    for (const std::string& part : wrapText(tiedNumbers(visibleText(sentence)), width)) {
+      lines += before + untied(part) + '\n';
+      before = "  ";
+    }
+  }
+  return lines;
+}
+
 }  // namespace
 
 std::string paintHeading(const std::string& text, const TerminalStyle& style) {
@@ -202,12 +218,16 @@ std::string paintDocumentTerminal(const rapidjson::Document& document, const Ter
                                   paintHeading(textProperty(document, "subtitle"), style)};
   std::string charts;
   std::size_t next = 0;
-  for (const DocumentItem& item : documentItems(document, language)) {
+  for (DocumentItem& item : documentItems(document, language)) {
     const std::size_t place = next++;
     if (view.hidden.contains(place)) continue;
     const auto notes = view.notes.find(place);
     const std::string below = notes == view.notes.end() ? "" : noteLines(notes->second, style, language);
-    if (const auto* table = std::get_if<PivotTable>(&item)) blocks.push_back(paintTerminal(*table, style) + below);
+    if (auto* table = std::get_if<PivotTable>(&item)) {
+      if (view.headline == place)
+        blocks.insert(blocks.begin() + 1, headlineBlock(takeUnmarkedFootnotes(*table), style, language));
+      blocks.push_back(paintTerminal(*table, style) + below);
+    }
     if (const auto* chart = std::get_if<ChartItem>(&item)) charts += chartLine(*chart, style, language);
   }
   if (!charts.empty() && style.listsCharts) blocks.push_back(paintHeading(language.tr("Charts"), style) + charts);

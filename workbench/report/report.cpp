@@ -8,6 +8,9 @@
 #include <utility>
 
 #include "workbench/base/visible_text.h"
+#include "workbench/charts/chart.h"
+#include "workbench/document/document_reader.h"
+#include "workbench/render/display_text.h"
 #include "workbench/render/html_escape.h"
 #include "workbench/render/html_table.h"
 #include "workbench/render/pivot_table.h"
@@ -66,14 +69,18 @@ class Page {
 
   std::string write() {
     const std::string title = heading();
+    const ReportOutput* opening = onlyHeadline();
+    if (opening != nullptr) addOpening(*opening);
+    addMessages();
+    for (std::size_t i = 0; i < input_.outputs.size(); ++i) {
+      const ReportOutput& output = input_.outputs[i];
+      if (input_.outputs.size() > 1) addOutputHead(output, i + 1);
+      if (output.view.headline && &output != opening) addOpening(output);
+      addItems(output);
+    }
     if (input_.outputs.size() == 1)
       addCommand(input_.outputs.front(), "command", htmlText(input_.language.tr("Command")));
     addFacts();
-    addMessages();
-    for (std::size_t i = 0; i < input_.outputs.size(); ++i) {
-      if (input_.outputs.size() > 1) addOutputHead(input_.outputs[i], i + 1);
-      addItems(input_.outputs[i]);
-    }
     return head(title) + body(title) + scripts() + "</body>\n</html>\n";
   }
 
@@ -90,6 +97,13 @@ class Page {
   std::string heading() const {
     const std::string procedure = property("procedure");
     return htmlText(procedure.empty() ? input_.language.tr("Run report") : procedure);
+  }
+
+  // The output that opens the page: the only one that has a headline.
+  const ReportOutput* onlyHeadline() const {
+    const auto has = [](const ReportOutput& output) { return output.view.headline.has_value(); };
+    const auto found = std::ranges::find_if(input_.outputs, has);
+    return std::ranges::count_if(input_.outputs, has) == 1 ? &*found : nullptr;
   }
 
   // `title` is HTML already.
@@ -151,24 +165,53 @@ class Page {
     addSection("messages", "run", title, out + "</ul>\n");
   }
 
-  void addItems(const ReportOutput& output) {
-    if (output.document == nullptr || !output.document->IsObject()) return;
-    const auto items = output.document->FindMember("items");
-    if (items == output.document->MemberEnd() || !items->value.IsArray()) return;
-    std::size_t place = 0;
-    for (const Json& item : items->value.GetArray()) {
-      if (!output.view.hidden.contains(place)) addItem(item, itemNotes(output.view, place));
-      ++place;
-    }
+  // Calls use(item, place) for every item of the output that is shown.
+  template <class Use>
+  static void forItems(const ReportOutput& output, Use use) {
+    const Json* items = output.document != nullptr ? itemsOf(*output.document) : nullptr;
+    for (rapidjson::SizeType place = 0; items != nullptr && place < items->Size(); ++place)
+      if (!output.view.hidden.contains(place)) use((*items)[place], place);
   }
 
-  void addItem(const Json& item, const std::string& remarks) {
+  // The headline's sentences and, side by side, the charts that lead.
+  void addOpening(const ReportOutput& output) {
+    const DocumentView& view = output.view;
+    forItems(output, [&](const Json& item, std::size_t place) {
+      if (view.headline == place) addHeadline(readPivotTable(item, input_.language));
+    });
+    if (view.leadingCharts.empty()) return;
+    main_ += "<div class=\"leading\">\n";
+    forItems(output, [&](const Json& item, std::size_t place) {
+      if (view.leadingCharts.contains(place)) addItem(item, view, place);
+    });
+    main_ += "</div>\n";
+  }
+
+  void addHeadline(PivotTable table) {
+    const std::string title = htmlText(input_.language.tr("At a Glance"));
+    std::string list;
+    for (const std::string& sentence : takeUnmarkedFootnotes(table))
+      list += fmt::format("<li><bdi>{}</bdi></li>\n", htmlText(tiedNumbers(sentence)));
+    addSection(fmt::format("headline-{}", ++headlines_), "headline", title,
+               fmt::format("<h2>{}</h2>\n<ul>\n{}</ul>\n", title, list));
+  }
+
+  void addItems(const ReportOutput& output) {
+    forItems(output, [&](const Json& item, std::size_t place) {
+      if (!output.view.leadingCharts.contains(place)) addItem(item, output.view, place);
+    });
+  }
+
+  void addItem(const Json& item, const DocumentView& view, std::size_t place) {
     const std::string id = fmt::format("item-{}", ++items_);
     const std::string type = item.IsObject() ? textProperty(item, "type") : "";
+    const std::string remarks = itemNotes(view, place);
     if (type == "table") {
-      addTable(id, readPivotTable(item, input_.language), remarks);
+      PivotTable table = readPivotTable(item, input_.language);
+      if (view.headline == place) takeUnmarkedFootnotes(table);
+      addTable(id, table, remarks);
     } else if (type == "chart") {
-      addSection(id, "chart", htmlText(textProperty(item, "name")), charts_.add(item, input_.language) + remarks);
+      addSection(id, "chart", htmlText(chartTitle(item)), charts_.add(item, input_.language) + remarks);
     }
   }
 
@@ -232,6 +275,7 @@ class Page {
   const ReportInput& input_;
   ChartSections charts_;
   std::size_t items_ = 0;  // shown so far
+  std::size_t headlines_ = 0;
   std::string outline_;
   std::string main_;
 };

@@ -39,7 +39,8 @@ struct ReportInput {
   Language language;
 };
 
-// The whole page. Tables and charts stand in the document's order. Throws std::runtime_error where a property of the
+// The whole page: the headline of the only output that has one and the charts that lead it, messages, each output's
+// tables and charts in its document's order, and what the run was. Throws std::runtime_error where a property of the
 // document has the wrong JSON type.
 std::string renderReport(const ReportInput& input);
 

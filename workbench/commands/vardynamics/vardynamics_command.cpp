@@ -4,6 +4,7 @@
 #include <cctype>
 
 #include "workbench/commands/vardynamics/analyze_composer.h"
+#include "workbench/document/document_reader.h"
 
 namespace workbench {
 
@@ -19,6 +20,17 @@ std::string VardynamicsCommand::itemId(const rapidjson::Value& item, std::size_t
   std::string id = name.substr(0, dash);
   for (char& c : id) c = c == ' ' ? '-' : static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
   return dash == name.size() ? id : id + ":" + name.substr(dash + 3);
+}
+
+DocumentView VardynamicsCommand::view(const FinishedRun& run) const {
+  DocumentView view;
+  const Json* items = itemsOf(run.record.document);
+  for (rapidjson::SizeType i = 0; items != nullptr && i < items->Size(); ++i) {
+    const std::string name = textProperty((*items)[i], "name");
+    if (name == "Model Summary") view.headline = i;
+    if (name.starts_with("Forecast Chart")) view.leadingCharts.insert(i);
+  }
+  return view;
 }
 
 std::unique_ptr<Composer> VardynamicsCommand::composer() const {

@@ -13,6 +13,8 @@ class VardynamicsCommand final : public Command {
   bool includesUserMissing(const CallRecord& parsed) const override;
   bool readsFutureCases() const override { return true; }
   std::string itemId(const rapidjson::Value& item, std::size_t place) const override;
+  // The notes of the summary open the output, with the charts of the forecast.
+  DocumentView view(const FinishedRun& run) const override;
   std::unique_ptr<Composer> composer() const override;
 };
 

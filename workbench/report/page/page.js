@@ -71,7 +71,7 @@ function followScrolling() {
     },
     { rootMargin: '-10% 0px -75% 0px' },
   );
-  document.querySelectorAll('main > section').forEach((section) => observer.observe(section));
+  document.querySelectorAll('main section').forEach((section) => observer.observe(section));
 }
 
 if (matchMedia('(max-width: 60rem)').matches) document.querySelector('nav details').open = false;
