@@ -14,7 +14,7 @@ const future = ['2009Q4', '2010Q1', '2010Q2', '2010Q3'];
 const seven = ['realgdp', 'realcons', 'realinv', 'realgovt', 'realdpi', 'cpi', 'm1'];
 
 const report = (...items) =>
-  makeReport({ document: document(items), command: 'X', facts: [], messages: [], savedFiles: [] });
+  makeReport({ document: document(items), command: '', facts: [], messages: [], savedFiles: [] });
 const section = (page, index) => page.locator('section.chart').nth(index);
 const lines = (names) => names.map((name) => [name, labels, columns[name]]);
 const near = (a, b, tolerance = 1) => Math.abs(a - b) <= tolerance;
@@ -66,6 +66,19 @@ async function checkNumbers() {
     };
     for (const values of [[2e9, 3e9], [0, -3e-7]]) ok((await shown(values)) > 2, `${values}`);
     for (const values of [[12990.3, 1], [0, 0], [0.001, 0.002]]) equal(await shown(values), 0, `${values}`);
+  });
+}
+
+async function checkZero() {
+  await check('what is drawn from zero shows zero, a line need not', async () => {
+    const shown = async (kind) => {
+      const page = await open(report(chart({ kind, title: 'T' }, ['', ['1', '2'], [100, 110]])));
+      const { axes } = await look(await drawn(page, 0));
+      await page.context().close();
+      return axes.flat().map(({ text }) => text);
+    };
+    ok((await shown(2)).includes('0'), 'area');
+    ok(!(await shown(0)).includes('0'), 'line');
   });
 }
 
@@ -139,8 +152,8 @@ async function checkKinds(page) {
     ok(text.includes('modulus 0.970 | modulus 0.781') && text.includes('circle of radius 1'), text);
   });
   await check('a panel: nine charts, one value axis a row, zero lines', async () => {
-    const cells = await section(page, PANEL).locator('h4').allTextContents();
-    equal([cells.length, cells[1]], [9, 'a / b']);
+    for (const side of ['row', 'column'])
+      equal(await section(page, PANEL).locator(`.panel-${side}`).allTextContents(), ['a', 'b', 'c'], side);
     const frames = section(page, PANEL).locator('.chart-frame');
     const axis = async (cell) => {
       const { axes } = await look(await drawn(page, PANEL + cell));
@@ -151,6 +164,9 @@ async function checkKinds(page) {
     equal(await frames.first().locator('.mark-rule.role-mark line').count(), 1);
     equal(await section(page, PANEL).locator('.legend li').allTextContents(), ['95%', 'Response']);
     ok((await frames.nth(1).getAttribute('aria-label')).includes('a / b'), 'each is described');
+    await frames.nth(1).focus();
+    await page.keyboard.press('Home');
+    equal(await frames.nth(1).locator('.tip div').allTextContents(), ['0', '95%0.5 to 1.5', 'Response1']);
   });
   await check('stacked areas fill the axis, stacked bars part at zero below their line', async () => {
     const shares = await seen(SHARES);
@@ -184,7 +200,7 @@ async function checkData(page) {
 }
 
 async function checkPictures(page) {
-  for (const [index, names] of [[FAN, ['95%', 'Observed']], [PANEL, ['a / b', 'Response', 'Response by Horizon']], [BARS, ['up', 'Sum']]]) {
+  for (const [index, names] of [[FAN, ['95%', 'Observed']], [PANEL, ['a', 'c', 'Response', 'Response by Horizon']], [BARS, ['up', 'Sum']]]) {
     await check(`chart ${index} saved as a picture has title, legend and all its parts`, async () => {
       const svg = await download(page, section(page, index).getByRole('button', { name: 'SVG' }));
       const title = await section(page, index).locator('h3').textContent();
@@ -193,6 +209,37 @@ async function checkPictures(page) {
       if (index === PANEL) equal(svg.match(/<svg/g).length, 10, 'nine charts in one');
     });
   }
+}
+
+// The box of a panel's part, in the window.
+const boxOf = (page, selector) => page.locator(selector).first().evaluate((element) => element.getBoundingClientRect().toJSON());
+
+async function checkPanels() {
+  const names = Array.from({ length: 10 }, (_, i) => `series ${i}`);
+  const file = report(panel(names, 8, (i, j, k) => (i + 1) * (j / (k + 1))));
+  await check('a panel of ten by ten scrolls in its frame, its headings stay in sight', async () => {
+    const page = await open(file);
+    await page.locator('.panel').evaluate((element) => element.scrollTo(800, 900));
+    await drawn(page, 99);
+    const frame = await boxOf(page, '.panel');
+    ok(frame.height < 900 && frame.right < 1280, 'the frame fits the window');
+    const [column, row] = [await boxOf(page, '.panel-column:nth-child(11)'), await boxOf(page, '.panel-row >> nth=9')];
+    ok(near(column.top, frame.top) && near(row.left, frame.left), `headings at ${column.top} and ${row.left}`);
+    const last = page.locator('.chart-frame').nth(99);
+    await last.focus();
+    await page.keyboard.press('Home');
+    const tip = await last.locator('.tip').evaluate((element) => element.getBoundingClientRect().toJSON());
+    ok(tip.width > 60 && tip.right <= 1280 && tip.left >= 0, `tip from ${tip.left} to ${tip.right}`);
+    await page.context().close();
+  });
+  await check('a panel of three by three fits a phone', async () => {
+    const page = await open(report(panel(['a', 'b', 'c'], 20, (i, j, k) => j / (k + 1))), phone(390));
+    await drawn(page, 8);
+    equal(await page.locator('.panel').evaluate((element) => element.scrollWidth - element.clientWidth), 0);
+    const widths = await page.locator('.drawing').evaluateAll((all) => all.map((drawing) => drawing.clientWidth));
+    ok(Math.min(...widths) > 95, `charts of ${widths}`);
+    await page.context().close();
+  });
 }
 
 // A head, or a title, must not stand at the foot of a page without its first rows.
@@ -290,6 +337,8 @@ await visit(file, phone(480), checkLegends);
 const wide = table('VAR Model Parameters - investment', ['realinv(t-1)'], seven, [seven.map((_, i) => 1000 * i)]);
 await visit(report(wide), phone(360), checkTablesOfPhones);
 await checkNumbers();
+await checkZero();
+await checkPanels();
 await checkPrinting();
 await checkColumnWidths();
 await finish();

@@ -14,7 +14,7 @@ namespace {
 
 using Kind = ChartElement::Kind;
 
-constexpr std::size_t kPaletteColors = 8;
+constexpr std::size_t kPaletteColors = 10;
 
 const ChartElement& elementOf(const Chart& chart, std::size_t series) {
   return chart.spec.elements[chart.data.series[series].element];

@@ -70,11 +70,13 @@ class ModelWriter {
     add(json_, "series", std::move(list));
   }
 
-  void addPanel(const std::string& axes, const std::vector<std::size_t>& cells) {
+  void addPanel(const std::string& axes, const std::vector<std::optional<std::size_t>>& cells) {
     add(json_, "axes", Json(axes, pool()));
     add(json_, "rows", texts(chart_.panelRows));
     add(json_, "columns", texts(chart_.panelColumns));
-    add(json_, "cells", numbers(cells));
+    Json list(rapidjson::kArrayType);
+    for (const auto& cell : cells) list.PushBack(cell ? number(*cell) : Json(), pool());
+    add(json_, "cells", std::move(list));
   }
 
   std::string text() const { return scriptJson(json_); }
@@ -190,7 +192,7 @@ std::string chartModel(const Chart& chart, const std::string& description, Colum
 }
 
 std::string panelModel(const Chart& panel, const std::string& axes, const std::string& description,
-                       const std::vector<std::size_t>& cells) {
+                       const std::vector<std::optional<std::size_t>>& cells) {
   ModelWriter writer(panel);
   writer.addTexts(description);
   writer.addPanel(axes, cells);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -28,8 +29,8 @@ inline constexpr std::size_t kMostDrawn = 3000;
 std::string chartModel(const Chart& chart, const std::string& description, ColumnStore& columns);
 
 // The same for a panel: title, xLabel, yLabel, legendTitle, description, `axes` in words, rows and columns (headings),
-// and `cells`, the numbers of its charts, row by row, without those that have nothing to draw.
+// and `cells`, the numbers of its charts, row by row, null for one that has nothing to draw.
 std::string panelModel(const Chart& panel, const std::string& axes, const std::string& description,
-                       const std::vector<std::size_t>& cells);
+                       const std::vector<std::optional<std::size_t>>& cells);
 
 }  // namespace workbench

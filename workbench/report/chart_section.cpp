@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <optional>
 #include <utility>
 
 #include "workbench/render/chart_description.h"
@@ -80,6 +81,11 @@ std::string problemRemark(const Chart& chart, const Language& language) {
   return fmt::format("<p class=\"remark problem\">{}</p>\n", htmlText(problemText(chart.data.problem, language)));
 }
 
+// What the charts of a row or a column have in common; each chart's own description says it too.
+std::string panelHeading(const char* kind, const std::string& text) {
+  return fmt::format("<div class=\"panel-{}\" aria-hidden=\"true\"><bdi>{}</bdi></div>\n", kind, htmlText(text));
+}
+
 }  // namespace
 
 std::string ChartSections::addFrame(const Chart& chart, const std::string& description) {
@@ -92,13 +98,18 @@ std::string ChartSections::addFrame(const Chart& chart, const std::string& descr
 std::string ChartSections::addPanel(const Chart& panel, const std::string& description, const Language& language) {
   const std::string axes = axesText(panel.spec, language);
   std::string out = fmt::format(
-      "<p class=\"remark\">{}</p>\n<div class=\"panel\" data-panel=\"{}\" role=\"group\" aria-label=\"{}\">\n",
+      "<p class=\"remark\">{}</p>\n<div class=\"panel\" data-panel=\"{}\" tabindex=\"0\" role=\"group\" "
+      "aria-label=\"{}\">\n<div class=\"panel-corner\"></div>\n",
       htmlText(axes), panels_.size(), htmlText(description));
-  std::vector<std::size_t> cells;
-  for (const Chart& cell : panel.cells) {
-    if (!cell.data.problem) cells.push_back(charts_.size());
+  for (const std::string& heading : panel.panelColumns) out += panelHeading("column", heading);
+  std::vector<std::optional<std::size_t>> cells;
+  for (std::size_t i = 0; i < panel.cells.size(); ++i) {
+    const Chart& cell = panel.cells[i];
+    const std::size_t across = panel.panelColumns.size();
+    if (i % across == 0) out += panelHeading("row", panel.panelRows[i / across]);
+    cells.push_back(cell.data.problem ? std::nullopt : std::optional(charts_.size()));
     out +=
-        fmt::format("<div class=\"panel-cell\"><h4><bdi>{}</bdi></h4>\n{}</div>\n", htmlText(cell.spec.title),
+        fmt::format("<div class=\"panel-cell\">{}</div>\n",
                     cell.data.problem ? problemRemark(cell, language) : addFrame(cell, describeChart(cell, language)));
   }
   panels_.push_back(panelModel(panel, axes, description, cells));

@@ -57,7 +57,7 @@ function dataRows(chart) {
 
 // The rows of all cells of a panel, each with its chart's title.
 function panelRows(panel) {
-  const parts = panel.cells.map((number) => [report.charts[number].title, dataRows(report.charts[number])]);
+  const parts = chartsOf(panel).map((chart) => [chart.title, dataRows(chart)]);
   return {
     header: [report.texts.chart, ...parts[0][1].header],
     rows: parts.flatMap(([title, { rows }]) => rows.map((row) => [title, ...row])),

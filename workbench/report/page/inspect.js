@@ -74,9 +74,18 @@ function makeOverlay(frame, name) {
   return element;
 }
 
-// Puts the tip beside a point of the frame, in CSS pixels.
+// Puts the tip beside a point of the frame, in CSS pixels. In a panel, which is scrolled and whose charts are narrower
+// than a tip, it floats above everything.
 function placeTip(frame, tip, x, y) {
   tip.hidden = false;
+  if (frame.closest('.panel')) {
+    const outer = frame.getBoundingClientRect();
+    const beside = outer.left + x + 14;
+    const room = window.innerWidth - 8 - tip.offsetWidth;
+    const left = beside <= room ? beside : Math.max(8, outer.left + x - 14 - tip.offsetWidth);
+    Object.assign(tip.style, { position: 'fixed', left: `${Math.min(left, room)}px`, top: `${outer.top + y}px` });
+    return;
+  }
   const right = x + 14 + tip.offsetWidth <= frame.clientWidth;
   const left = right ? x + 14 : Math.max(0, x - 14 - tip.offsetWidth);
   Object.assign(tip.style, { left: `${left}px`, top: `${y}px` });
@@ -133,8 +142,8 @@ class Inspection {
 
   // A mouse marks the part to be shown; a finger, or a mouse with Shift, moves the axis.
   startDrag(event) {
-    if (event.button !== 0) return;
     const { chart } = this;
+    if (event.button !== 0 || (chart.small && event.pointerType === 'touch')) return; // a finger scrolls the panel
     const pans = event.pointerType === 'touch' || event.shiftKey;
     this.drag = { pans, x: event.clientX, place: this.placeUnder(event), from: chart.from, to: chart.to };
     this.frame.setPointerCapture(event.pointerId);
@@ -169,7 +178,7 @@ class Inspection {
 
   wheel(event) {
     const { chart } = this;
-    if (event.ctrlKey || event.shiftKey) {
+    if (event.ctrlKey || (event.shiftKey && !chart.small)) {
       event.preventDefault();
       zoom(chart, (event.deltaY || event.deltaX) < 0 ? 0.8 : 1.25, this.placeUnder(event));
     }
@@ -207,6 +216,7 @@ function addInspection(frame, chart) {
   on('pointercancel', (event) => inspection.endDrag(event));
   on('pointerleave', () => inspection.drag || inspection.hide());
   on('blur', () => inspection.hide());
+  if (chart.small) window.addEventListener('scroll', () => inspection.hide(), { capture: true, passive: true });
   on('dblclick', () => showAll(chart));
   on('wheel', (event) => inspection.wheel(event), { passive: false });
   on('keydown', (event) => inspection.key(event));

@@ -58,9 +58,9 @@ function addLegends() {
     if (legendEntries([chart]).length > 0) frame.before(makeLegend([chart], chart.legendTitle));
   }
   for (const grid of document.querySelectorAll('.panel')) {
-    const { cells, legendTitle } = report.panels[Number(grid.dataset.panel)];
-    const charts = cells.map((number) => report.charts[number]);
+    const panel = report.panels[Number(grid.dataset.panel)];
+    const charts = chartsOf(panel);
     for (const chart of charts) chart.small = true;
-    if (legendEntries(charts).length > 1) grid.before(makeLegend(charts, legendTitle));
+    if (legendEntries(charts).length > 1) grid.before(makeLegend(charts, panel.legendTitle));
   }
 }

@@ -1,15 +1,19 @@
-// A panel: small charts side by side, with one set of tools.
+// A panel: small charts in rows and columns, with one set of tools.
+
+// Row by row; nothing where a place has no chart.
+const placesOfPanel = (panel) => panel.cells.map((number) => (number === null ? null : report.charts[number]));
+
+const chartsOf = (panel) => placesOfPanel(panel).filter(Boolean);
 
 function addPanelTools() {
   for (const grid of document.querySelectorAll('.panel')) {
     const panel = report.panels[Number(grid.dataset.panel)];
-    const charts = panel.cells.map((number) => report.charts[number]);
     const section = grid.parentElement;
     grid.style.setProperty('--across', panel.columns.length);
     const drawAll = () => grid.querySelectorAll('.chart-frame').forEach(drawChart);
     const actions = {
-      svg: () => saveSvg(charts, panel),
-      png: () => savePng(charts, panel),
+      svg: () => saveSvg(placesOfPanel(panel), panel),
+      png: () => savePng(placesOfPanel(panel), panel),
     };
     const tools = section.querySelector('.chart-tools');
     tools.hidden = false;

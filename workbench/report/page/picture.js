@@ -56,38 +56,50 @@ async function drawnPiece(chart, width) {
 
 const sizeOf = (piece, side) => Number(piece.getAttribute(side));
 
-// The pieces in rows of `across`, each below its heading; [element, height].
-function arrange(pieces, charts, across, top) {
-  const group = svgElement('g', {});
-  let y = top;
-  for (let first = 0; first < pieces.length; first += across) {
-    const row = pieces.slice(first, first + across);
-    const heading = across > 1 || pieces.length > 1 ? 18 : 0;
-    let x = MARGIN;
-    row.forEach((piece, i) => {
-      if (heading) group.append(svgText(charts[first + i].title, x, y + 12, 12, { 'font-weight': 600 }));
-      piece.setAttribute('x', x);
-      piece.setAttribute('y', y + heading);
-      group.append(piece);
-      x += sizeOf(piece, 'width') + 12;
-    });
-    y += heading + Math.max(...row.map((piece) => sizeOf(piece, 'height'))) + 6;
-  }
-  return { group, bottom: y };
+const BOLD = { 'font-weight': 600 };
+
+// What stays of a heading in so many pixels.
+function shortened(text, room) {
+  let kept = text;
+  while (kept && textWidth(kept + '\u2026', 12) > room) kept = kept.slice(0, -1);
+  return textWidth(text, 12) <= room ? text : `${kept}\u2026`;
 }
 
-// `owner` has the title, and `columns` where it is a panel.
-async function pictureSvg(charts, owner) {
-  const across = owner.columns?.length ?? 1;
+// The pieces of a panel on a grid, below the headings of its columns and beside those of its rows.
+function arrangePanel(pieces, { rows, columns }) {
+  const group = svgElement('g', {});
+  const drawn = pieces.filter(Boolean);
+  const [wide, high] = ['width', 'height'].map((side) => Math.max(...drawn.map((piece) => sizeOf(piece, side))) + 12);
+  const [left, top] = [20, 20];
+  columns.forEach((text, i) => group.append(svgText(shortened(text, wide - 12), left + i * wide, 12, 12, BOLD)));
+  rows.forEach((text, i) => {
+    const turned = { ...BOLD, 'text-anchor': 'middle', transform: `rotate(-90 12 ${top + (i + 0.5) * high})` };
+    group.append(svgText(shortened(text, high - 12), 12, top + (i + 0.5) * high, 12, turned));
+  });
+  pieces.forEach((piece, i) => {
+    piece?.setAttribute('x', left + (i % columns.length) * wide);
+    piece?.setAttribute('y', top + Math.floor(i / columns.length) * high);
+    if (piece) group.append(piece);
+  });
+  return { group, width: left + columns.length * wide - 12, height: top + rows.length * high };
+}
+
+const arrangeOne = ([piece]) => ({ group: piece, width: sizeOf(piece, 'width'), height: sizeOf(piece, 'height') });
+
+// `owner` has the title, and `columns` where it is a panel; then places may be without a chart.
+async function pictureSvg(places, owner) {
+  const charts = places.filter(Boolean);
   const shown = charts[0].view.container().clientWidth;
+  const least = owner.columns ? 160 : 300;
   const pieces = [];
-  for (const chart of charts) pieces.push(await drawnPiece(chart, Math.max(across > 1 ? 160 : 300, shown)));
-  const rows = pieces.slice(0, across).reduce((sum, piece) => sum + sizeOf(piece, 'width') + 12, -12);
-  const width = Math.max(300, rows);
+  for (const chart of places) pieces.push(chart && (await drawnPiece(chart, Math.max(least, shown))));
+  const { group, width: wanted, height: tall } = owner.columns ? arrangePanel(pieces, owner) : arrangeOne(pieces);
+  const width = Math.max(300, wanted);
   const legend = pictureLegend(charts, width);
   legend.group.setAttribute('transform', `translate(${MARGIN}, ${MARGIN + 26})`);
-  const { group, bottom } = arrange(pieces, charts, across, MARGIN + 30 + legend.height);
-  const [fullWidth, height] = [width + 2 * MARGIN, bottom + MARGIN];
+  const top = MARGIN + 30 + legend.height;
+  const body = svgElement('g', { transform: `translate(${MARGIN}, ${top})` }, group);
+  const [fullWidth, height] = [width + 2 * MARGIN, top + tall + MARGIN];
   const svg = svgElement('svg', { width: fullWidth, height, viewBox: `0 0 ${fullWidth} ${height}` });
   svg.append(
     svgElement('title', {}, owner.title),
@@ -96,7 +108,7 @@ async function pictureSvg(charts, owner) {
     svgText(owner.title, MARGIN, MARGIN + 12, 14, { 'font-weight': 600 }),
     svgText(owner.axes ?? '', fullWidth - MARGIN, MARGIN + 12, 12, { 'text-anchor': 'end' }),
     legend.group,
-    group,
+    body,
   );
   return withColors(new XMLSerializer().serializeToString(svg));
 }
