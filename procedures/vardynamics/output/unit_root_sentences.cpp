@@ -28,7 +28,7 @@ std::string probabilityOf(const ReportContext& context, const Kpss& kpss) {
     return std::string("p ") + relation + " " + context.texts.number(procedures::shortestNumber(kpss.pValue));
   };
   if (kpss.pValue == Kpss::kSmallestP) return end("\u2264");
-  return kpss.pValue == Kpss::kLargestP ? end("\u2265") : context.texts.probability(kpss.pValue);
+  return kpss.pValue == Kpss::kLargestP ? end("\u2265") : context.probability(kpss.pValue);
 }
 
 // What both tests find, with markers for the series, the terms and the two p-values.
@@ -66,7 +66,7 @@ std::string sentenceOf(const ReportContext& context, const std::string& name, co
   }
   const double p = tests.dickeyFuller->pValue;
   return filled(findingOf(texts, context.rejects(p), verdictOf(context, *tests.kpss)),
-                {name, terms, texts.probability(p), probabilityOf(context, *tests.kpss)});
+                {name, terms, context.probability(p), probabilityOf(context, *tests.kpss)});
 }
 
 }  // namespace
