@@ -1,6 +1,6 @@
 # VARDYNAMICS, lowest layer first.
 varmodel_folder(procedures/vardynamics/data LINKS procedures_common)
-varmodel_folder(procedures/vardynamics/syntax LINKS procedures_vardynamics_data)
+varmodel_folder(procedures/vardynamics/syntax LINKS procedures_vardynamics_data engine_regression)
 varmodel_folder(procedures/vardynamics/analysis LINKS procedures_vardynamics_syntax engine_dynamics)
 varmodel_folder(procedures/vardynamics/output LINKS procedures_vardynamics_analysis)
 varmodel_folder(procedures/vardynamics/save LINKS procedures_vardynamics_analysis)

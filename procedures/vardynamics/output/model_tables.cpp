@@ -24,8 +24,7 @@ std::string criterionName(const engine::CriterionRow& row) {
 std::string lagLabel(const LagSelection& selection, std::int32_t lag) {
   std::string stars;
   for (const engine::CriterionRow& row : engine::criterionTable()) {
-    const auto criterion = static_cast<Criterion>(row.criterion);
-    if (selection.chosenBy(criterion) == lag) stars += (stars.empty() ? " * " : ", ") + criterionName(row);
+    if (selection.chosenBy(row.criterion) == lag) stars += (stars.empty() ? " * " : ", ") + criterionName(row);
   }
   return std::to_string(lag) + stars;
 }

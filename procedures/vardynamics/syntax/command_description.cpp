@@ -56,7 +56,7 @@ Parameter flag(const char* name) {
 Subcommand model() {
   return {.name = "MODEL",
           .parameters = {variables("ENDOGENOUS", true), variables("EXOGENOUS"), atLeast("XLAGS", 0), atLeast("LAG", 1),
-                         oneKeyword("SELECT", spellings(kCriteria)), atLeast("MINLAG", 1), atLeast("MAXLAG", 1),
+                         oneKeyword("SELECT", spellings(criteria())), atLeast("MINLAG", 1), atLeast("MAXLAG", 1),
                          oneKeyword("DETERMINISTIC", spellings(kDeterministics)), yesOrNo("SEASONAL")}};
 }
 

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "procedures/common/command_table.h"
@@ -50,16 +51,16 @@ inline constexpr const char* kAllSeries = "ALL";  // of CUMULATIVE
 
 template <typename Value>
 struct KeywordValue {
-  const char* keyword;
+  std::string_view keyword;
   Value value;
 };
 
-inline constexpr std::array<KeywordValue<Criterion>, 4> kCriteria = {{
-    {"AIC", Criterion::aic},
-    {"BIC", Criterion::bic},
-    {"HQIC", Criterion::hqic},
-    {"FPE", Criterion::fpe},
-}};
+// Every criterion that the engine knows, by its name.
+inline std::vector<KeywordValue<Criterion>> criteria() {
+  std::vector<KeywordValue<Criterion>> keywords;
+  for (const engine::CriterionRow& row : engine::criterionTable()) keywords.push_back({row.name, row.criterion});
+  return keywords;
+}
 
 inline constexpr std::array<KeywordValue<Deterministic>, 3> kDeterministics = {{
     {"CONSTANT", Deterministic::constant},

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "engine/regression/lag_selection.h"
 #include "host/case_file.h"
 
 namespace vardynamics {
@@ -23,7 +24,7 @@ struct VariableList {
 };
 
 enum class Deterministic { constant, none, trend };  // trend: constant and linear trend
-enum class Criterion { aic, bic, hqic, fpe };
+using engine::Criterion;
 enum class Interval { analytic, bootstrap, none };
 enum class Bands { bootstrap, analytic, none };
 enum class Resampling { residual, wild };

@@ -55,7 +55,7 @@ ModelSettings readModelOptions(const SubComObj& model) {
   ModelSettings settings;
   settings.exogenousLags = reader.wholeNumber("XLAGS").value_or(0);
   settings.lag = reader.wholeNumber("LAG");
-  settings.criterion = valueOf(kCriteria, reader.keyword("SELECT", "AIC"));
+  settings.criterion = valueOf(criteria(), reader.keyword("SELECT", "AIC"));
   settings.minLag = reader.wholeNumber("MINLAG").value_or(1);
   settings.maxLag = reader.wholeNumber("MAXLAG");
   settings.deterministic = valueOf(kDeterministics, reader.keyword("DETERMINISTIC", "CONSTANT"));
