@@ -1,9 +1,9 @@
 #!/usr/bin/python3
 """Whole-process time and memory on the simulated workloads: this program, gretl and statsmodels.
 
-process_bench.py BIN_DIR: the directory of varmodel and workload_file. Every program reads the data from a file, chooses
+process_bench.py BIN_DIR [example]: the directory of varmodel and workload_file. Every program reads the data from a file, chooses
 among lags 1..P by three criteria and fits P. Prints medians of processor time (user + system, one thread each), elapsed
-time and ratios. This is Debian's python3, for its statsmodels.
+time and ratios. This is Debian's python3, for its statsmodels. With "example" the example alone, through `fit` and `analyze`.
 """
 
 import os
@@ -40,6 +40,7 @@ model = VAR(pandas.read_csv("{file}"))
 print(model.select_order({lags}).summary())
 print(model.fit({lags}).summary())
 """
+ROOT = pathlib.Path(__file__).resolve().parent.parent
 ENVIRONMENT = dict(os.environ, OMP_NUM_THREADS="1", OPENBLAS_NUM_THREADS="1")
 
 
@@ -67,8 +68,23 @@ def commands(program, work, name, ending, count, lags, peers):
     return result
 
 
+def compare_commands(program, work):
+    """The example through both procedures, as options of the program ask for them."""
+    options = [ROOT / "examples/us_macro_quarterly.csv", "--start", "year=1959", "quarter=1", "--predict", "8",
+               "--endogenous", "realgdp", "realcons", "realinv"]
+    print(f"{'':12s} {'processor ms':>13s} {'elapsed ms':>11s}")
+    for name in ("fit", "analyze"):
+        for ending in ([], ["--html", work / "report.html"]):
+            runs = [measure([program, name, *options, *ending]) for _ in range(25)]
+            processor, elapsed, _ = (1000 * statistics.median(column) for column in zip(*runs))
+            print(f"{name + (' --html' if ending else ''):16s} {processor:9.1f} {elapsed:11.1f}", flush=True)
+
+
 def main():
     program = pathlib.Path(sys.argv[1]).resolve() / "varmodel"
+    if sys.argv[2:] == ["example"]:
+        with tempfile.TemporaryDirectory() as directory:
+            return compare_commands(program, pathlib.Path(directory))
     print(f"{'':4s} {'program':12s} {'processor s':>12s} {'elapsed s':>10s} {'peak MB':>8s} {'times ours':>11s}")
     with tempfile.TemporaryDirectory() as directory:
         for name, ending, count, lags, runs, peers in WORKLOADS:

@@ -10,12 +10,16 @@ trap 'rm -rf "$work"' EXIT
 
 echo "== engine beside OpenBLAS and LAPACK"
 $core $bin/engine_bench compare 2>/dev/null
+echo "== choosing the lag and fitting it, by both procedures"
+$core $bin/selection_bench 2>/dev/null
 echo "== memory of the engine"
 for workload in w1 w2 w3 w3x w4; do $core $bin/engine_memory $workload 2>/dev/null; done
 echo "== accuracy"
 $bin/accuracy 2>/dev/null
 echo "== whole processes"
 $core bench/process_bench.py $bin
+echo "== the example through both procedures"
+$core bench/process_bench.py $bin example
 echo "== the example, beside gretl"
 $core bench/process_time.sh $bin/varmodel
 echo "== bootstrap and back-test, beside statsmodels and gretl"

@@ -48,17 +48,18 @@ CoefficientInference studentInference(const FittedVar& fit, std::size_t equation
   return result;
 }
 
-double logDeterminant(const FittedVar& fit) {
-  const auto factor = choleskyFactor(likelihoodCovariance(fit));
+double logDeterminant(const FittedVar& fit, const Matrix& residualCovariance) {
+  const auto factor = choleskyFactor(residualCovariance);
   if (!factor) return -std::numeric_limits<double>::infinity();
-  double sum = 0.0;
+  double sum =
+      static_cast<double>(seriesCount(fit)) * std::log(residualDegrees(fit) / static_cast<double>(rowCount(fit)));
   for (std::size_t i = 0; i < factor->rows; ++i) sum += 2.0 * std::log((*factor)(i, i));
   return sum;
 }
 
-double logLikelihood(const FittedVar& fit) {
+double logLikelihood(const FittedVar& fit, double logDeterminant) {
   const double constant = static_cast<double>(seriesCount(fit)) * (std::log(2.0 * std::numbers::pi) + 1.0);
-  return -0.5 * static_cast<double>(rowCount(fit)) * (logDeterminant(fit) + constant);
+  return -0.5 * static_cast<double>(rowCount(fit)) * (logDeterminant + constant);
 }
 
 }  // namespace engine

@@ -25,9 +25,9 @@ EquationFit equationFit(const FittedVar& fit, const VarSample& sample, std::size
 // Student's t with n - m.
 CoefficientInference studentInference(const FittedVar& fit, std::size_t equation, double level);
 
-// ln det V, in which the units count, and the Gaussian log-likelihood -n/2 (ln det V + K (ln 2 pi + 1)). Minus infinity
-// and infinity when the residuals are linearly dependent.
-double logDeterminant(const FittedVar& fit);
-double logLikelihood(const FittedVar& fit);
+// ln det V, in which the units count, from S = E'E / (n - m); the Gaussian log-likelihood from it, -n/2 (ln det V +
+// K (ln 2 pi + 1)). Minus infinity and infinity when the residuals are linearly dependent.
+double logDeterminant(const FittedVar& fit, const Matrix& residualCovariance);
+double logLikelihood(const FittedVar& fit, double logDeterminant);
 
 }  // namespace engine

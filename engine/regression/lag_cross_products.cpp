@@ -146,12 +146,15 @@ LagCrossProducts<Real> lagCrossProducts(const LagData& data) {
   LagCrossProducts<Real> result;
   result.targetColumn = roundUpToTile(regressors);
   result.products = Planes<Real>(regressors, result.targetColumn + count);
+  result.targets = Matrix(count, count);
   placeFixed(data, sums, result);
   for (std::size_t m = 0; m <= data.maxLag(); ++m) {
     for (std::size_t i = 0; i < count; ++i) {
       for (std::size_t j = 0; j < count; ++j) {
         const std::size_t place = m * count + j;
-        if (m > 0) {
+        if (m == 0) {
+          result.targets(i, j) = rounded(sums.lagged.at(i, j));
+        } else {
           result.products.set(data.regressorCount(m - 1) + j, result.targetColumn + i, sums.lagged.at(i, place));
         }
         placeDiagonal(data, m, i, j, sums.core.at(i, place), result.products);

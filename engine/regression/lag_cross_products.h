@@ -5,16 +5,19 @@
 #include <vector>
 
 #include "engine/arithmetic/planes.h"
+#include "engine/linear_algebra/matrix.h"
 #include "engine/regression/lag_data.h"
 
 namespace engine {
 
 // Z'Z of the centred regressors of MAXLAG (k of them, in LagData's order) and the K targets, whose columns start at
 // `targetColumn`, k rounded up to whole tiles. Rows and columns of the k regressors of any smaller lag come first. Only
-// the rows of regressors, on and right of the diagonal, and the columns of targets are filled.
+// the rows of regressors, on and right of the diagonal, and the columns of targets are filled. Y'Y of the targets
+// stands beside it.
 template <class Real>
 struct LagCrossProducts {
   Planes<Real> products;
+  Matrix targets;  // K x K, rounded
   std::size_t targetColumn = 0;
 };
 

@@ -65,7 +65,8 @@ void putResiduals(LagResiduals residuals, LagFit& fit) {
 
 template <class Real>
 LagRegression::Sums<Real>::Sums(const LagData& data, LagCrossProducts<Real> crossProducts)
-    : conditions(data, crossProducts.products),
+    : targets(std::move(crossProducts.targets)),
+      conditions(data, crossProducts.products),
       regression(std::move(crossProducts.products), crossProducts.targetColumn, data.seriesCount()) {}
 
 LagRegression::LagRegression(const SeriesList& endogenous, const SeriesList& exogenous, const LagShape& shape)
@@ -73,24 +74,48 @@ LagRegression::LagRegression(const SeriesList& endogenous, const SeriesList& exo
   if (!isSmall(data_)) plain_ = std::make_unique<Sums<double>>(data_, lagCrossProducts<double>(data_));
 }
 
-LagFit LagRegression::fit(std::size_t lag) {
+LagFit LagRegression::fit(std::size_t lag, bool withResiduals) {
   lag_ = lag;
   LagFit fit;
-  if (plain_ && fitPlain(lag, fit)) return fit;
+  if (plain_ && fitPlain(lag, withResiduals, fit)) return fit;
   plain_.reset();
   return fitExtended(lag);
 }
 
 // False when doubles have too few digits.
-bool LagRegression::fitPlain(std::size_t lag, LagFit& fit) {
+bool LagRegression::fitPlain(std::size_t lag, bool withResiduals, LagFit& fit) {
   NestedRegression<double>& regression = plain_->regression;
   if (!regression.extendTo(data_.regressorCount(lag))) return false;
   const LagCondition condition = plain_->conditions.of(regression);
   if (!(condition.reciprocal * condition.leftByMeans >= kLeastConditionInDoubles)) return false;
   fit.reciprocalCondition = condition.reciprocal;
+  if (!withResiduals && putMomentsFromProducts(fit)) {
+    putCoefficients(data_, lag, regression, fit);
+    return true;
+  }
   putResiduals(lagResiduals(data_, lag, regression.coefficients()), fit);
   if (!residualsKeepDigits(data_, regression.coefficients(), data_.regressorCount(lag), fit.moments)) return false;
   putCoefficients(data_, lag, regression, fit);
+  return true;
+}
+
+// E'E = Y'Y - Y'Z (Z'Z)^-1 Z'Y. False, with nothing put, when too little is left of some Y'Y(i, i), when the residuals
+// are so correlated that their determinant has fewer digits, or when the products leave the range of doubles in the
+// units of the series.
+bool LagRegression::putMomentsFromProducts(LagFit& fit) const {
+  const std::size_t count = data_.seriesCount();
+  ResidualMoments moments{Matrix(count, count), std::vector<double>(count), data_.rowCount()};
+  for (std::size_t i = 0; i < count; ++i) {
+    for (std::size_t j = 0; j < count; ++j) {
+      const double rest = plain_->targets(i, j) - plain_->regression.explained().at(i, j);
+      if (i == j && !(rest >= kLeastShareOfProducts * plain_->targets(i, i))) return false;
+      moments.products(i, j) =
+          std::ldexp(rest, data_.endogenous(i).placement().exponent + data_.endogenous(j).placement().exponent);
+    }
+    if (!std::isnormal(moments.products(i, i))) return false;
+  }
+  if (correlationCondition(residualCovarianceMatrix(moments)) < kLeastConditionInDoubles) return false;
+  fit.moments = std::move(moments);
   return true;
 }
 

@@ -20,7 +20,7 @@ struct LagFit {
   bool singular = false;  // the regressors are collinear, see lag_condition.h: all but the next is empty
   double reciprocalCondition = 1.0;
   SeriesList coefficients;  // per equation
-  SeriesList residuals;     // per equation, n values: actual minus fitted
+  SeriesList residuals;     // per equation, n values: actual minus fitted; may be empty where they were not asked for
   ResidualMoments moments;
 };
 
@@ -36,8 +36,9 @@ class LagRegression {
   const LagData& data() const { return data_; }
   bool inTwicePrecision() const { return plain_ == nullptr; }
 
-  // `lag` must not be smaller than in the call before.
-  LagFit fit(std::size_t lag);
+  // `lag` must not be smaller than in the call before. Without residuals their moments come from the cross-products
+  // alone, where that leaves about 12 digits.
+  LagFit fit(std::size_t lag, bool withResiduals = true);
 
   // (Z'Z)^-1 of the order fitted last, in the order of the coefficients.
   InverseDiagonal inverseDiagonal() const;
@@ -47,11 +48,13 @@ class LagRegression {
   template <class Real>
   struct Sums {
     Sums(const LagData& data, LagCrossProducts<Real> crossProducts);
+    Matrix targets;  // Y'Y
     LagConditionNumbers conditions;
     NestedRegression<Real> regression;
   };
 
-  bool fitPlain(std::size_t lag, LagFit& fit);
+  bool fitPlain(std::size_t lag, bool withResiduals, LagFit& fit);
+  bool putMomentsFromProducts(LagFit& fit) const;
   LagFit fitExtended(std::size_t lag);
 
   LagData data_;

@@ -29,6 +29,7 @@ NestedRegression<Real>::NestedRegression(Planes<Real> crossProducts, std::size_t
       inverseFactor_(factor_.rows(), factor_.rows()),
       inverse_(factor_.rows(), factor_.rows()),
       coefficients_(factor_.rows(), targetCount),
+      explained_(targetCount, targetCount),
       panel_(kTileRows, factor_.stride()),
       factorRows_(rowsOf(factor_)),
       inverseFactorRows_(rowsOf(inverseFactor_)),
@@ -46,6 +47,7 @@ bool NestedRegression<Real>::extendTo(std::size_t count) {
   }
   extendInverse(count_, count);
   extendCoefficients(count_, count);
+  extendExplained(count_, count);
   count_ = count;
   return true;
 }
@@ -106,6 +108,18 @@ template <class Real>
 void NestedRegression<Real>::extendCoefficients(std::size_t first, std::size_t last) {
   addTileProducts({.steps = last - first, .factorRow = first, .factorCount = last, .row = first, .last = targetCount_},
                   inverseFactor_, targetRows_, coefficients_, 0, 0);
+}
+
+// Y'Z (Z'Z)^-1 Z'Y = (U'^-1 Z'Y)' (U'^-1 Z'Y).
+template <class Real>
+void NestedRegression<Real>::extendExplained(std::size_t first, std::size_t last) {
+  addTileProducts({.steps = last - first,
+                   .factorRow = first,
+                   .factor = targetColumn_,
+                   .factorCount = targetCount_,
+                   .row = first,
+                   .last = targetCount_},
+                  factor_, targetRows_, explained_, 0, 0);
 }
 
 template class NestedRegression<double>;

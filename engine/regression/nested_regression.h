@@ -31,18 +31,22 @@ class NestedRegression {
   // Row i of the inverse, rounded; only its elements from i on are set.
   std::span<const double> inverseRow(std::size_t i) const { return {inverse_.high(i), count_}; }
   const Planes<Real>& coefficients() const { return coefficients_; }  // k x K
+  // What the regressions explain of Y'Y, K x K: the rest of it are the products of the residuals.
+  const Planes<Real>& explained() const { return explained_; }
 
  private:
   bool factorRows(std::size_t first, std::size_t height);
   void invertRows(std::size_t first, std::size_t height);
   void extendInverse(std::size_t first, std::size_t last);
   void extendCoefficients(std::size_t first, std::size_t last);
+  void extendExplained(std::size_t first, std::size_t last);
 
   Planes<Real> factor_;         // U on and right of the diagonal, U'^-1 Z'Y in the
                                 // columns of targets
   Planes<Real> inverseFactor_;  // U'^-1, lower triangular
   Planes<Real> inverse_;        // on and right of the diagonal
   Planes<Real> coefficients_;
+  Planes<Real> explained_;
   Planes<Real> panel_;
   RowTable factorRows_;
   RowTable inverseFactorRows_;

@@ -19,6 +19,10 @@ inline constexpr double kLeastConditionInDoubles = kUnitRoundoff / 1e-13;
 // errors of more than 1e-12 of the residuals' deviation.
 inline constexpr double kLeastResidualInDoubles = kUnitRoundoff / 1e-12;
 
+// The products of residuals that are left of those of the series err by some u times the latter: down to this share of
+// them about 12 digits are left.
+inline constexpr double kLeastShareOfProducts = 1e-3;
+
 // Terms in the first block row of cross-products: up to here twice the precision costs a few milliseconds at most, and
 // every digit is had for that.
 inline constexpr double kSmallWork = 3e5;

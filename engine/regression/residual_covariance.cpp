@@ -81,13 +81,18 @@ CovarianceDeterminant covarianceDeterminant(const std::vector<std::vector<double
   return {value, scaledValue > 0.0 ? logarithm + std::log(scaledValue) : kInfinity};
 }
 
-bool isSingularCovariance(const std::vector<std::vector<double>>& covariance) {
+double correlationCondition(const std::vector<std::vector<double>>& covariance) {
   const std::vector<std::vector<double>> rows = scaledToUnitDiagonal(covariance);
   Matrix scaled(rows.size(), rows.size());
   for (std::size_t i = 0; i < rows.size(); ++i) std::ranges::copy(rows[i], scaled.row(i).begin());
   Matrix inverse;
-  if (!invertMatrix(scaled, inverse)) return true;
-  return !(oneNorm(scaled) * oneNorm(inverse) <= 1.0 / (static_cast<double>(rows.size()) * kLeastCondition));
+  if (!invertMatrix(scaled, inverse)) return 0.0;
+  const double condition = oneNorm(scaled) * oneNorm(inverse);
+  return condition > 0.0 ? 1.0 / condition : 0.0;
+}
+
+bool isSingularCovariance(const std::vector<std::vector<double>>& covariance) {
+  return !(correlationCondition(covariance) >= static_cast<double>(covariance.size()) * kLeastCondition);
 }
 
 bool isSingularDeterminant(double determinant) {

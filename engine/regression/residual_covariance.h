@@ -32,8 +32,10 @@ struct CovarianceDeterminant {
 
 CovarianceDeterminant covarianceDeterminant(const std::vector<std::vector<double>>& covariance);
 
-// True when the correlations of V, K x K, have a reciprocal 1-norm condition below K * 2.2e-16, or a variance is 0:
-// in any units some series is predicted from the others without error.
+// The reciprocal 1-norm condition of the correlations of V, K x K; 0 when they have no inverse or a variance is 0.
+double correlationCondition(const std::vector<std::vector<double>>& covariance);
+
+// True when it is below K * 2.2e-16: in any units some series is predicted from the others without error.
 bool isSingularCovariance(const std::vector<std::vector<double>>& covariance);
 
 // True when a covariance determinant is too small to take logarithms of: the bound 1e-12 is absolute, in the product of

@@ -86,6 +86,10 @@ std::int32_t largestFittable(const VarEstimation& estimation, const VarOptions& 
   return lag;
 }
 
+bool keepsResiduals(const VarOptions& options, bool isLast) {
+  return options.residuals == KeptResiduals::all || (options.residuals == KeptResiduals::last && isLast);
+}
+
 void fitLags(const VarSeries& series, const VarOptions& options, std::int32_t lastLag, VarEstimation& result) {
   const auto fail = [&](FitError::Reason reason, std::int32_t lag) {
     result.error = FitError{reason, lag, result.rows, sizeOf(result, options, lag).regressors};
@@ -96,7 +100,8 @@ void fitLags(const VarSeries& series, const VarOptions& options, std::int32_t la
                             .constant = options.constant});
   if (!regression.data().isFinite()) return fail(FitError::Reason::outOfRange, options.minLag);
   for (std::int32_t lag = options.minLag; lag <= lastLag; ++lag) {
-    LagFit fit = regression.fit(static_cast<std::size_t>(lag));
+    const bool keeps = keepsResiduals(options, lag == lastLag);
+    LagFit fit = regression.fit(static_cast<std::size_t>(lag), keeps);
     if (fit.singular) return fail(FitError::Reason::singularRegressors, lag);
     LagEstimate estimate = estimateOf(std::move(fit), lag);
     if (options.inferAllLags || lag == lastLag) {
@@ -109,7 +114,7 @@ void fitLags(const VarSeries& series, const VarOptions& options, std::int32_t la
     if (!options.allowSingularCovariance && isSingularCovariance(estimate.covariance)) {
       return fail(FitError::Reason::singularCovariance, lag);
     }
-    if (!options.keepAllResiduals && lag < lastLag) estimate.residuals.clear();
+    if (!keeps) estimate.residuals.clear();
     result.lags.push_back(std::move(estimate));
   }
   if (lastLag < options.maxLag) fail(FitError::Reason::insufficientObservations, lastLag + 1);
@@ -170,15 +175,15 @@ CoefficientInference inferEquation(const VarEstimation& estimation, const LagEst
                            estimate.inverseDiagonal, estimation.rows - regressors, confidenceLevel, quantile);
 }
 
-FittedVar fittedVar(const VarEstimation& estimation, std::int32_t lag) {
-  const LagEstimate* estimate = findLag(estimation, lag);
-  assert(estimate != nullptr && !estimate->residuals.empty() && estimate->inverse.rows > 0);
+FittedVar fittedVar(VarEstimation estimation, std::int32_t lag) {
+  const auto estimate = std::ranges::find(estimation.lags, lag, &LagEstimate::lag);
+  assert(estimate != estimation.lags.end() && !estimate->residuals.empty() && estimate->inverse.rows > 0);
   FittedVar result{.lag = static_cast<std::size_t>(lag),
                    .firstRow = static_cast<std::size_t>(estimation.firstRow),
                    .constant = estimation.constant,
                    .coefficients = Matrix(estimation.equations, estimate->coefficients.front().size()),
-                   .residuals = estimate->residuals,
-                   .inverse = estimate->inverse};
+                   .residuals = std::move(estimate->residuals),
+                   .inverse = std::move(estimate->inverse)};
   for (std::size_t i = 0; i < estimation.equations; ++i) {
     std::ranges::copy(estimate->coefficients[i], result.coefficients.row(i).begin());
   }

@@ -23,6 +23,8 @@ struct VarSeries {
   const SeriesList& exogenous;
 };
 
+enum class KeptResiduals { all, last, none };
+
 struct VarOptions {
   std::int32_t minLag = 1;  // 0 or more
   std::int32_t maxLag = 1;
@@ -31,9 +33,9 @@ struct VarOptions {
   std::optional<std::int64_t> firstRow = {};
   // Whether the criteria count the known columns' coefficients among the parameters.
   bool countExogenous = true;
-  // Residuals, T K numbers a lag, and what standard errors are made of: of all lags, or of the last one alone.
-  bool keepAllResiduals = true;
-  bool inferAllLags = true;
+  // Whose residuals are kept, T K numbers a lag; a lag without them is judged by its cross-products, which is faster.
+  KeptResiduals residuals = KeptResiduals::all;
+  bool inferAllLags = true;  // what standard errors are made of: of all lags, or of the last one alone
   bool fullInverse = false;  // (Z'Z)^-1, not only its diagonal
   // Whether a model is handed over whose residuals are collinear across the equations: some series is then predicted
   // from the others without error.
@@ -104,6 +106,6 @@ CoefficientInference inferEquation(const VarEstimation& estimation, const LagEst
                                    double confidenceLevel, LimitQuantile quantile);
 
 // The hand-over to what is made of a fitted model; `lag` must be fitted, with residuals and the full inverse.
-FittedVar fittedVar(const VarEstimation& estimation, std::int32_t lag);
+FittedVar fittedVar(VarEstimation estimation, std::int32_t lag);
 
 }  // namespace engine

@@ -89,7 +89,8 @@ TEST(EquationFit, AgreesWithGretl) {
   EXPECT_NEAR(constant.pValues[0], 6.66e-05, 5e-8);
   EXPECT_NEAR(constant.upperLimits[0], -2.39025 + 1.972332 * 0.586274, 2e-5);  // t(193) at 97.5 %
   // AIC = (-2 logL + 2 m K) / n = 8.21531 by gretl.
-  EXPECT_NEAR((-2 * logLikelihood(model.fit) + 2 * 21) / 200, 8.21531, 5e-6);
+  EXPECT_NEAR((-2 * logLikelihood(model.fit, logDeterminant(model.fit, residualCovariance(model.fit))) + 2 * 21) / 200,
+              8.21531, 5e-6);
 }
 
 TEST(EquationFit, WithoutConstantSpeaksOfDeviationsFromZero) {

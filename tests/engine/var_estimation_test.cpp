@@ -96,7 +96,8 @@ TEST(EstimateVar, HandsOverTheFittedModelWithItsFullInverse) {
     for (double& value : y[1]) value = 1e3 * value + 5e3;
     const SeriesList x = {noise(31, 80)};
     const VarEstimation estimation = estimateVar(
-        {y, x}, {.minLag = 1, .maxLag = 3, .constant = constant, .keepAllResiduals = false, .fullInverse = true});
+        {y, x},
+        {.minLag = 1, .maxLag = 3, .constant = constant, .residuals = KeptResiduals::last, .fullInverse = true});
     EXPECT_THAT(estimation.lags[0].residuals, IsEmpty());
     const FittedVar fit = fittedVar(estimation, 3);
     const QrFit truth = fitByQr(designMatrix(y, x, 3, 3, constant), targetMatrix(y, 3));
@@ -112,6 +113,43 @@ TEST(EstimateVar, HandsOverTheFittedModelWithItsFullInverse) {
         EXPECT_NEAR(fit.inverse(row, static_cast<std::size_t>(j)), expected, kCorrectlyRounded * scale);
       }
     }
+  }
+}
+
+// Long series whose levels persist, so that little of them is left as residuals, some of them nearly the same series.
+TEST(EstimateVar, JudgesLagsAlikeWithoutTheirResiduals) {
+  constexpr std::size_t kLength = 40000;
+  const SeriesList shocks = noiseSeries(3, kLength);
+  for (const double root : {0.3, 0.9, 0.97, 0.9999}) {
+    for (const double common : {0.0, 0.5, 0.999}) {
+      SCOPED_TRACE(::testing::Message() << root << " " << common);
+      SeriesList y(3, std::vector<double>(kLength, 50.0));
+      for (std::size_t t = 1; t < kLength; ++t) {
+        for (std::size_t i = 0; i < 3; ++i) {
+          y[i][t] = 50.0 + root * (y[i][t - 1] - 50.0) + (1 - common) * shocks[i][t] + common * shocks[0][t];
+        }
+      }
+      const VarEstimation all = estimateVar({y, {}}, {.minLag = 0, .maxLag = 3});
+      const VarEstimation none = estimateVar({y, {}}, {.minLag = 0, .maxLag = 3, .residuals = KeptResiduals::none});
+      ASSERT_EQ(none.lags.size(), all.lags.size());
+      for (std::size_t lag = 0; lag < all.lags.size(); ++lag) {
+        EXPECT_THAT(none.lags[lag].residuals, IsEmpty());
+        EXPECT_EQ(none.lags[lag].coefficients, all.lags[lag].coefficients);
+        EXPECT_NEAR(none.lags[lag].logDeterminant, all.lags[lag].logDeterminant, 1e-12);
+        EXPECT_NEAR(none.lags[lag].covariance[0][0] / all.lags[lag].covariance[0][0], 1.0, 1e-12);
+      }
+    }
+  }
+}
+
+// A variance that vanishes by its unit is refused alike.
+TEST(EstimateVar, RefusesUnitsAlikeWithoutResiduals) {
+  SeriesList y = noiseSeries(3, 40000);
+  for (double& value : y[1]) value *= 1e-170;
+  for (const KeptResiduals kept : {KeptResiduals::all, KeptResiduals::none}) {
+    const auto error = estimateVar({y, {}}, {.minLag = 0, .maxLag = 3, .residuals = kept}).error;
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->reason, FitError::Reason::outOfRange);
   }
 }
 

@@ -25,7 +25,8 @@ engine::VarEstimation estimate(const ModelData& data, engine::VarOptions options
 
 LagSelection selectLag(const ModelData& data, std::int32_t maxLag) {
   LagSelection selection{.minLag = data.settings.minLag, .maxLag = maxLag};
-  selection.candidates = estimate(data, {.minLag = 0, .maxLag = maxLag, .keepAllResiduals = false});
+  selection.candidates =
+      estimate(data, {.minLag = 0, .maxLag = maxLag, .residuals = engine::KeptResiduals::none, .inferAllLags = false});
   return selection;
 }
 
@@ -46,8 +47,8 @@ Model modelOf(const ModelData& data, engine::FittedVar fit, double level) {
   }
   model.covariance = engine::residualCovariance(model.fit);
   model.correlations = engine::correlations(model.covariance);
-  model.logLikelihood = engine::logLikelihood(model.fit);
-  model.logDeterminant = engine::logDeterminant(model.fit);
+  model.logDeterminant = engine::logDeterminant(model.fit, model.covariance);
+  model.logLikelihood = engine::logLikelihood(model.fit, model.logDeterminant);
   return model;
 }
 
