@@ -6,10 +6,12 @@ find_package(tomlplusplus REQUIRED)
 find_package(Threads REQUIRED)
 find_package(DuckDB REQUIRED MODULE)
 find_package(utf8proc REQUIRED MODULE)
+find_package(minizip REQUIRED MODULE)
+find_package(pugixml REQUIRED)
 
 # Lowest folder first. The edge is linked whole, since procedures ask for the host classes only when they are loaded.
 varmodel_folder(workbench/base LINKS rapidjson)
-varmodel_folder(workbench/dataset LINKS workbench_base DuckDB::duckdb)
+varmodel_folder(workbench/dataset LINKS workbench_base DuckDB::duckdb minizip::minizip pugixml::pugixml)
 varmodel_folder(workbench/language LINKS workbench_dataset)
 varmodel_folder(workbench/dates LINKS workbench_dataset)
 varmodel_folder(workbench/document LINKS workbench_dataset)

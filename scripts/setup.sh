@@ -7,7 +7,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 
 packages=(g++ cmake ninja-build ccache libboost-math-dev libeigen3-dev rapidjson-dev libcli11-dev libtomlplusplus-dev
-  libfmt-dev libutf8proc-dev libgtest-dev libgmock-dev python3)
+  libfmt-dev libutf8proc-dev libminizip-dev libpugixml-dev libgtest-dev libgmock-dev python3)
 for extra in "$@"; do
   case "$extra" in
     lint) packages+=(clang-format clang-tidy) ;;

@@ -40,7 +40,7 @@ void addRun(CLI::App& program, RunOptions& options) {
 
 void addComposer(CLI::App& program, ComposeOptions& options) {
   CLI::App* app = program.add_subcommand(options.composer->name(), options.composer->description());
-  app->add_option("DATA", options.data, "Data file: CSV, Parquet, JSON, or a DuckDB database")->required();
+  app->add_option("DATA", options.data, "Data file: CSV, Excel, Parquet, JSON, or a DuckDB database")->required();
   app->add_option("--query", options.query, "SQL over the view 'source'")->type_name("SQL");
   options.composer->addOptions(*app);
   app->add_option("--predict", options.predictPeriods, "Forecast N periods after the last case")
@@ -51,6 +51,7 @@ void addComposer(CLI::App& program, ComposeOptions& options) {
   app->add_option("--start", options.start, "Date of the first case, such as year=1959 quarter=1")
       ->type_name("UNIT=N")
       ->excludes(column);
+  addDataOptions(*app, options.reading);
   addOutputOptions(*app, options.output);
 }
 

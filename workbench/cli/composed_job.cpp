@@ -37,6 +37,7 @@ Job makeComposedJob(const ComposeOptions& options) {
   Job job;
   job.command = options.composer->compose({options.predictPeriods});
   job.data = {options.data, options.query};
+  job.data.format = formatFrom(options.reading);
   job.composer = options.composer;
   job.complete = options.complete;
   job.predictPeriods = options.predictPeriods;

@@ -9,6 +9,7 @@
 #include "workbench/base/errors.h"
 #include "workbench/base/standard_streams.h"
 #include "workbench/base/suggest.h"
+#include "workbench/cli/data_options.h"
 #include "workbench/cli/job.h"
 #include "workbench/cli/toml_reader.h"
 
@@ -116,8 +117,21 @@ void readPredict(const TomlSection& top, Job& job) {
   job.predict = std::move(request);
 }
 
+FileFormat readFormat(const TomlSection& section) {
+  DataOptions options;
+  options.decimal = section.text("decimal").value_or("");
+  options.thousands = section.text("thousands").value_or("");
+  options.missing = section.texts("na").value_or(std::vector<std::string>{});
+  options.skip = section.integer("skip");
+  options.encoding = section.text("encoding").value_or("");
+  options.sheet = section.text("sheet").value_or("");
+  if (options.skip && *options.skip < 0) section.fail("skip", "must be a number of lines, such as 3.");
+  return formatFrom(options);
+}
+
 void readData(const TomlSection& top, Job& job) {
-  const auto section = top.section("data", {"source", "query", "scale", "complete"});
+  const auto section = top.section(
+      "data", {"source", "query", "scale", "complete", "decimal", "thousands", "na", "skip", "encoding", "sheet"});
   if (!section) throw UsageError(nameOf(job.file) + ": there is no [data] section with a source.");
   if (const auto source = section->text("source")) {
     job.data.source = *source == kStandardStream ? std::filesystem::path(*source) : job.baseFolder / *source;
@@ -127,6 +141,7 @@ void readData(const TomlSection& top, Job& job) {
   if (job.data.source.empty() && job.data.query.empty()) {
     top.fail("data", "needs a source (a data file) or a query.");
   }
+  job.data.format = readFormat(*section);
   if (const auto scale = section->number("scale")) {
     if (!(*scale > 0.0) || std::isinf(*scale)) section->fail("scale", "must be a positive number, such as 100.");
     job.scale = *scale;

@@ -1,10 +1,12 @@
 #include "workbench/cli/job_runs.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "workbench/base/errors.h"
 #include "workbench/base/taken_file.h"
+#include "workbench/cli/data_notes.h"
 #include "workbench/cli/job_notes.h"
 #include "workbench/commands/registry.h"
 #include "workbench/edge/texts.h"
@@ -76,10 +78,16 @@ void number(std::vector<ToldRun>& runs) {
   for (std::size_t i = 0; i < runs.size(); ++i) runs[i].number = static_cast<int>(i) + 1;
 }
 
+// Notes on the data; where the command failed, they may tell why and stand with its errors.
 void addJobNotes(const Job& job, const Dataset& dataset, ToldRun& first) {
+  std::vector<std::string> texts = jobNotes(job, dataset);
+  std::ranges::move(dataNotes(job, first.run), std::back_inserter(texts));
+  const bool failed = !first.run.outcome.succeeded;
   std::vector<RunMessage> notes;
-  for (std::string& note : jobNotes(job, dataset)) notes.push_back({RunMessage::Kind::note, std::move(note)});
-  first.messages.insert(first.messages.begin(), notes.begin(), notes.end());
+  for (std::string& text : texts) {
+    notes.push_back({failed ? RunMessage::Kind::hint : RunMessage::Kind::note, std::move(text)});
+  }
+  first.messages.insert(failed ? first.messages.end() : first.messages.begin(), notes.begin(), notes.end());
 }
 
 }  // namespace

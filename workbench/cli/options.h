@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "workbench/base/standard_streams.h"
+#include "workbench/cli/data_options.h"
 #include "workbench/commands/common/composer.h"
 
 namespace workbench {
@@ -44,6 +45,7 @@ struct RunOptions {
 struct ComposeOptions {
   std::filesystem::path data;
   std::string query;
+  DataOptions reading;
   std::optional<long> predictPeriods;  // periods after the last case
   bool complete = false;               // rows that lack a variable are dropped
   std::string dateColumn;

@@ -81,6 +81,10 @@ void addPredict(const Job& job, std::size_t rows, Settings& settings) {
 Settings settingsOf(const Job& job, std::size_t rows) {
   Settings settings;
   if (job.scale != 1.0) settings.emplace_back("data.scale", tomlNumber(job.scale));
+  for (const WrittenSetting& setting : writtenSettings(job.data.format)) {
+    const std::size_t equals = setting.key.find(" = ");
+    settings.emplace_back("data." + setting.key.substr(0, equals), setting.key.substr(equals + 3));
+  }
   if (job.complete) settings.emplace_back("data.complete", "true");
   addDictionary(job, settings);
   addDates(job, settings);

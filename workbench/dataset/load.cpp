@@ -12,7 +12,9 @@
 #include "workbench/dataset/result_reader.h"
 #include "workbench/dataset/source_relation.h"
 #include "workbench/dataset/spooled_input.h"
+#include "workbench/dataset/text_numbers.h"
 #include "workbench/dataset/unreadable_file.h"
+#include "workbench/dataset/workbook.h"
 
 namespace workbench {
 
@@ -36,12 +38,13 @@ Dataset readAll(DuckdbResult result, const std::string& what) {
   }
 }
 
-Dataset loadWholeFile(DuckdbConnection& connection, const fs::path& source) {
+Dataset loadWholeFile(DuckdbConnection& connection, const fs::path& source, const FileFormat& format) {
   try {
-    const std::string relation = sourceRelation(connection, source);
+    const std::string relation = sourceRelation(connection, source, format);
     if (relation.empty()) refuseDatabase(connection, source);
     Dataset dataset = readAll(connection.query("SELECT * FROM " + relation), "data file " + source.string());
     refuseWholeLines(connection, source, dataset);
+    refuseLostHeader(source, dataset);
     return dataset;
   } catch (const DuckdbError& error) {
     throw unreadableFile(connection, source, error);
@@ -49,9 +52,10 @@ Dataset loadWholeFile(DuckdbConnection& connection, const fs::path& source) {
 }
 
 // A database file with several tables has no `source`. What can be read only once becomes a table.
-void createSource(DuckdbConnection& connection, const fs::path& source, bool readOnce) {
+void createSource(DuckdbConnection& connection, const DataRequest& request, bool readOnce) {
+  const fs::path& source = request.source;
   try {
-    const std::string relation = sourceRelation(connection, fs::absolute(source).lexically_normal());
+    const std::string relation = sourceRelation(connection, fs::absolute(source).lexically_normal(), request.format);
     if (relation.empty()) return;
     const std::string kind = readOnce ? "TABLE" : "VIEW";
     connection.query("CREATE TEMP " + kind + " source AS SELECT * FROM " + relation);
@@ -89,7 +93,7 @@ Dataset runQuery(DuckdbConnection& connection, const std::string& query, const s
 Dataset loadQuery(DuckdbConnection& connection, const DataRequest& request, bool readOnce) {
   std::vector<fs::path> folders;
   if (!request.source.empty()) {
-    createSource(connection, request.source, readOnce);
+    createSource(connection, request, readOnce);
     if (!readOnce) addFolder(fs::absolute(request.source).parent_path(), folders);
   }
   if (!request.jobFolder.empty()) addFolder(request.jobFolder, folders);
@@ -105,28 +109,41 @@ Dataset loadFile(const DataRequest& request, bool spooled) {
   const fs::path& source = request.source;
   if (!source.empty()) requireReadableFile(source);
   DuckdbConnection connection(!source.empty() && isSmallFile(source) ? 1 : 0);
-  return request.query.empty() ? loadWholeFile(connection, source)
+  return request.query.empty() ? loadWholeFile(connection, source, request.format)
                                : loadQuery(connection, request, spooled || !fs::is_regular_file(source));
 }
 
 // The message with what stands for the spooled file: the user never named it.
-DataError aboutStandardInput(std::string message, const std::string& spooled) {
+DataError aboutOrigin(std::string message, const std::string& spooled, const std::string& origin) {
   for (const std::string& name : {"data file " + spooled, spooled}) {
     for (auto at = message.find(name); at != std::string::npos; at = message.find(name, at)) {
-      message.replace(at, name.size(), "standard input");
+      message.replace(at, name.size(), origin);
     }
   }
   return DataError(message);
 }
 
-Dataset loadStandardInput(DataRequest request) {
-  const SpooledInput input;
+Dataset loadSpooled(DataRequest request, const SpooledInput& input, const std::string& origin) {
   request.source = input.path();
   try {
     return loadFile(request, true);
   } catch (const DataError& error) {
-    throw aboutStandardInput(error.what(), input.path().string());
+    throw aboutOrigin(error.what(), input.path().string(), origin);
   }
+}
+
+Dataset loadWorkbook(DataRequest request) {
+  requireReadableFile(request.source);
+  const SpooledInput input(sheetAsCsv(request.source, request.format.sheet, request.format.skip));
+  const std::string origin = "data file " + request.source.string();
+  request.format.skip = std::nullopt;
+  request.format.encoding.clear();
+  return loadSpooled(std::move(request), input, origin);
+}
+
+Dataset loadAny(const DataRequest& request) {
+  if (request.source == kStandardStream) return loadSpooled(request, SpooledInput(), "standard input");
+  return isWorkbook(request.source) ? loadWorkbook(request) : loadFile(request, false);
 }
 
 }  // namespace
@@ -136,7 +153,8 @@ Dataset loadDataset(const DataRequest& request) {
     throw DataError("no data: name a data file (source) or give a query.");
   }
   const bool piped = request.source == kStandardStream;
-  Dataset dataset = piped ? loadStandardInput(request) : loadFile(request, false);
+  Dataset dataset = loadAny(request);
+  applyFormat(dataset, request.format);
   dataset.origin = piped ? "standard input" : request.source.empty() ? "query" : request.source.string();
   return dataset;
 }

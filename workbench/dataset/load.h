@@ -6,6 +6,7 @@
 #include <string>
 
 #include "workbench/dataset/dataset.h"
+#include "workbench/dataset/file_format.h"
 
 namespace workbench {
 
@@ -14,6 +15,7 @@ struct DataRequest {
   std::filesystem::path source;
   std::string query;                     // optional, one SELECT over the view `source`; "" reads the whole file
   std::filesystem::path jobFolder = {};  // whose files a query may read beside those of the source's; empty: none
+  FileFormat format = {};
 };
 
 // Columns in the order of the result, cases in its order. Integers, decimals and booleans become 64-bit floats, text

@@ -23,7 +23,7 @@ constexpr std::uintmax_t kSmallFile = 8 << 20;
 // 64-bit floats.
 constexpr std::uintmax_t kWhollySampledCsv = 1 << 20;
 
-constexpr const char* kMissingWords = "['', 'NA', 'N/A', '#N/A', '.', 'NULL', 'null']";
+constexpr std::array kMissingWords{"", "NA", "N/A", "#N/A", ".", "NULL", "null"};
 
 enum class FileKind { csv, parquet, json, database };
 
@@ -90,14 +90,28 @@ std::uintmax_t sizeOf(const fs::path& source) {
   return error ? std::numeric_limits<std::uintmax_t>::max() : size;
 }
 
-std::string csvRelation(const fs::path& source) {
+// What the user told of the file, as arguments of DuckDB's reader.
+std::string formatArguments(const FileFormat& format) {
+  std::string words;
+  for (const char* word : kMissingWords) words += (words.empty() ? "" : ", ") + sqlText(word);
+  for (const std::string& word : format.missing) words += ", " + sqlText(word);
+  std::string arguments = ", nullstr = [" + words + "]";
+  const NumberFormat& numbers = format.numbers;
+  if (numbers.decimal != '.') arguments += ", decimal_separator = " + sqlText({&numbers.decimal, 1});
+  if (numbers.thousands != '\0') arguments += ", thousands = " + sqlText({&numbers.thousands, 1});
+  if (format.skip) arguments += ", skip = " + std::to_string(*format.skip);
+  if (!format.encoding.empty()) arguments += ", encoding = " + sqlText(encodingName(format.encoding));
+  return arguments;
+}
+
+std::string csvRelation(const fs::path& source, const FileFormat& format) {
   const std::string extension = source.extension().string();
   const bool compressed = extension == ".gz" || extension == ".zst";
   const bool small = !compressed && sizeOf(source) <= kWhollySampledCsv;
-  return "read_csv(" + sqlFileName(source) + ", nullstr = " + kMissingWords + ", auto_type_candidates = ['BOOLEAN', " +
-         (small ? "'BIGINT', " : "") + "'DOUBLE', 'DATE', 'TIMESTAMP', 'TIMESTAMPTZ', 'VARCHAR']" +
-         (small ? ", sample_size = -1" : "") +
-         (plainCommaHeader(source).empty() ? ")" : R"(, delim = ',', quote = '"', escape = '"'))");
+  const bool plain = !format.describesText() && !plainCommaHeader(source).empty();
+  return "read_csv(" + sqlFileName(source) + ", auto_type_candidates = ['BOOLEAN', " + (small ? "'BIGINT', " : "") +
+         "'DOUBLE', 'DATE', 'TIMESTAMP', 'TIMESTAMPTZ', 'VARCHAR']" + (small ? ", sample_size = -1" : "") +
+         (plain ? R"(, delim = ',', quote = '"', escape = '"')" : "") + formatArguments(format) + ")";
 }
 
 std::vector<std::string> textColumn(duckdb_result* result) {
@@ -174,7 +188,7 @@ bool isSmallFile(const fs::path& source) {
   return sizeOf(source) <= kSmallFile;
 }
 
-std::string sourceRelation(DuckdbConnection& connection, const fs::path& source) {
+std::string sourceRelation(DuckdbConnection& connection, const fs::path& source, const FileFormat& format) {
   switch (kindOf(source)) {
     case FileKind::parquet:
       return "read_parquet(" + sqlFileName(source) + ")";
@@ -185,7 +199,7 @@ std::string sourceRelation(DuckdbConnection& connection, const fs::path& source)
     case FileKind::csv:
       break;
   }
-  return csvRelation(source);
+  return csvRelation(source, format);
 }
 
 std::vector<std::string> attachedTables(DuckdbConnection& connection) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "workbench/dataset/duckdb_connection.h"
+#include "workbench/dataset/file_format.h"
 
 namespace workbench {
 
@@ -22,9 +23,11 @@ std::string plainCommaHeader(const std::filesystem::path& source);
 // True when the file is so small that more than one thread only costs time.
 bool isSmallFile(const std::filesystem::path& source);
 
-// The SQL of a relation over the file ("read_csv('a.csv', ...)"). A database file is attached for it, read-only, and
-// made the one whose tables are found by their bare names; "" when it holds more than one table. Throws DuckdbError.
-std::string sourceRelation(DuckdbConnection& connection, const std::filesystem::path& source);
+// The SQL of a relation over the file ("read_csv('a.csv', ...)"), read as the format says where it is text. A database
+// file is attached for it, read-only, and made the one whose tables are found by their bare names; "" when it holds
+// more than one table. Throws DuckdbError.
+std::string sourceRelation(DuckdbConnection& connection, const std::filesystem::path& source,
+                           const FileFormat& format = {});
 
 // The names of the tables in the attached database file.
 std::vector<std::string> attachedTables(DuckdbConnection& connection);

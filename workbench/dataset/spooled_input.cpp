@@ -62,6 +62,17 @@ SpooledInput::SpooledInput() : path_(newTemporaryFile()) {
   }
 }
 
+SpooledInput::SpooledInput(std::string_view text) : path_(newTemporaryFile()) {
+  try {
+    FileSink sink(path_, path_);
+    sink.write(text);
+    sink.close();
+  } catch (...) {
+    removeFile(path_);
+    throw;
+  }
+}
+
 SpooledInput::~SpooledInput() {
   removeFile(path_);
 }

@@ -1,8 +1,9 @@
-// Standard input as a file: what comes is kept in a temporary file, so that it can be looked at before it is read.
+// What is no file, as a temporary one that can be looked at before it is read.
 
 #pragma once
 
 #include <filesystem>
+#include <string_view>
 
 namespace workbench {
 
@@ -10,6 +11,8 @@ class SpooledInput {
  public:
   // Reads standard input to its end. Throws DataError when it cannot be read, OutputError when it cannot be kept.
   SpooledInput();
+  // Keeps a text. Throws OutputError.
+  explicit SpooledInput(std::string_view text);
   SpooledInput(const SpooledInput&) = delete;
   SpooledInput& operator=(const SpooledInput&) = delete;
   ~SpooledInput();

@@ -2,7 +2,11 @@
 
 #include <algorithm>
 
+#include "workbench/base/visible_text.h"
+#include "workbench/dataset/file_format.h"
 #include "workbench/dataset/source_relation.h"
+#include "workbench/dataset/text_lines.h"
+#include "workbench/dataset/text_numbers.h"
 
 namespace workbench {
 
@@ -10,9 +14,13 @@ namespace {
 
 namespace fs = std::filesystem;
 
+std::string named(const fs::path& source) {
+  return "data file " + source.string() + ": ";
+}
+
 // DuckDB's message without the place in SQL that is not the user's, and without the list of its reader's settings.
 std::string withoutSql(std::string message) {
-  for (const char* noise : {"\n\nLINE ", "\n\n  file = "}) {
+  for (const char* noise : {"\n\nLINE ", "\n\n  file = ", "\nPossible fixes:", "\n\nPossible Solution:"}) {
     const std::size_t place = message.find(noise);
     if (place != std::string::npos) message.erase(place);
   }
@@ -38,8 +46,66 @@ std::string firstUnequalLine(DuckdbConnection& connection, const fs::path& sourc
 }
 
 DataError unequalLines(const fs::path& source, const std::string& header, const std::string& detail) {
-  return DataError("data file " + source.string() + ": its lines do not all have as many values as its header (" +
-                   header + "). Correct the file, or describe it in a query with read_csv(...)." + detail);
+  return DataError(named(source) + "its lines do not all have as many values as its header (" + header +
+                   "). Correct the file, or describe it in a query with read_csv(...)." + detail);
+}
+
+std::string quoted(const std::string& text) {
+  return "\"" + visibleText(text) + "\"";
+}
+
+DataError textBeforeTable(const fs::path& source, const TableStart& start, const std::vector<std::string>& lines) {
+  FileFormat format;
+  format.skip = static_cast<long>(start.before);
+  return DataError(named(source) + "its table begins in line " + std::to_string(start.before + 1) + " (" +
+                   quoted(start.line) + "), after other text. Give " + inWords(writtenSettings(format).front()) +
+                   (start.end == lines.size()
+                        ? "."
+                        : ", and delete what follows the table from line " + std::to_string(start.end + 1) + " (" +
+                              quoted(lines[start.end]) + ") on."));
+}
+
+// UTF-16 as its first two bytes tell.
+bool isWide(const std::vector<std::string>& lines) {
+  return !lines.empty() && (lines[0].starts_with("\xff\xfe") || lines[0].starts_with("\xfe\xff"));
+}
+
+// A file in another encoding than UTF-8: which, and where that shows.
+DataError otherEncoding(const fs::path& source, const std::vector<std::string>& lines) {
+  const std::size_t line = firstLineOutsideUtf8(lines);
+  const bool wide = isWide(lines);
+  const std::string place =
+      line == 0 || wide ? "" : " in line " + std::to_string(line) + " (" + quoted(lines[line - 1]) + ")";
+  return DataError(named(source) + "its characters are not UTF-8" + place + ". Give " +
+                   inWords(written("encoding", wide ? "utf-16" : "latin1")) + ".");
+}
+
+// The value that DuckDB quotes in its message about one that has not the type of those before it; "" for other
+// messages.
+std::string unconvertedValue(const std::string& message) {
+  constexpr std::string_view kBefore = "Could not convert string \"";
+  const std::size_t begin = message.find(kBefore);
+  if (begin == std::string::npos) return "";
+  const std::size_t end = message.find("\" to '", begin);
+  return message.substr(begin + kBefore.size(), end - begin - kBefore.size());
+}
+
+// The message's first lines, without DuckDB's advice on its own settings.
+std::string withoutAdvice(const std::string& message) {
+  return message.substr(0, message.find("\n\n"));
+}
+
+DataError unconverted(const fs::path& source, const std::string& value, const std::string& message) {
+  FileFormat format;
+  if (const std::optional<NumberFormat> numbers = numberFormatOf(value)) {
+    format.numbers = *numbers;
+  } else {
+    format.missing = {value};
+  }
+  std::string remedy = format.missing.empty() ? "Give " : "If it stands for a missing value, give ";
+  for (const WrittenSetting& setting : writtenSettings(format)) remedy += inWords(setting) + " ";
+  remedy.back() = '.';
+  return DataError(named(source) + message + "\n" + remedy);
 }
 
 }  // namespace
@@ -47,16 +113,36 @@ DataError unequalLines(const fs::path& source, const std::string& header, const 
 void refuseWholeLines(DuckdbConnection& connection, const fs::path& source, const Dataset& dataset) {
   if (dataset.columns.size() != 1 || dataset.columns[0].kind != ColumnKind::text || !isDelimitedText(source)) return;
   const std::string& header = dataset.columns[0].name;
+  const std::vector<std::string> lines = firstLines(source);
+  if (isWide(lines)) throw otherEncoding(source, lines);
+  const auto start = tableStart(lines);
+  if (start && start->isHeader && start->before > 0) throw textBeforeTable(source, *start, lines);
   const std::size_t place = header.find_first_of(",;\t|");
   if (place == std::string::npos) return;
   throw unequalLines(source, header, firstUnequalLine(connection, source, header, header[place]));
 }
 
+void refuseLostHeader(const fs::path& source, const Dataset& dataset) {
+  const bool unnamed = dataset.columns.size() > 1 && dataset.columns[0].name == "column0" && isDelimitedText(source);
+  const std::vector<std::string> lines = unnamed ? firstLines(source) : std::vector<std::string>{};
+  const auto start = tableStart(lines);
+  if (!start || start->before != 1 || start->isHeader) return;
+  throw DataError(named(source) + "its header (" + quoted(lines[0]) + ") has another number of values than line 2 (" +
+                  quoted(lines[1]) + "). Give every column one name.");
+}
+
 DataError unreadableFile(DuckdbConnection& connection, const fs::path& source, const DuckdbError& error) {
+  const std::string message = error.what();
+  const std::vector<std::string> lines = isDelimitedText(source) ? firstLines(source) : std::vector<std::string>{};
+  if (isWide(lines) || message.find("not utf-8 encoded") != std::string::npos) return otherEncoding(source, lines);
+  const std::string value = unconvertedValue(message);
+  if (!value.empty()) return unconverted(source, value, withoutAdvice(message));
+  const auto start = tableStart(lines);
+  if (start && start->isHeader && start->before > 0) return textBeforeTable(source, *start, lines);
   const std::string header = plainCommaHeader(source);
   const std::string unequal = header.empty() ? "" : firstUnequalLine(connection, source, header, ',');
   if (unequal.find("Expected Number of Columns") != std::string::npos) return unequalLines(source, header, unequal);
-  return DataError("data file " + source.string() + ": " + withoutSql(error.what()));
+  return DataError(named(source) + withoutSql(message));
 }
 
 }  // namespace workbench

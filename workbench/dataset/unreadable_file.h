@@ -17,4 +17,7 @@ DataError unreadableFile(DuckdbConnection& connection, const std::filesystem::pa
 // DataError for such a dataset.
 void refuseWholeLines(DuckdbConnection& connection, const std::filesystem::path& source, const Dataset& dataset);
 
+// A header with one name too few or too many loses its names, and becomes no row either: throws DataError.
+void refuseLostHeader(const std::filesystem::path& source, const Dataset& dataset);
+
 }  // namespace workbench
