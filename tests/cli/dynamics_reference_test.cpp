@@ -165,6 +165,23 @@ TEST_P(DynamicsReference, ForecastsAgree) {
   }
 }
 
+TEST_P(DynamicsReference, VarianceSharesAgree) {
+  const OutputDocument document =
+      analyse(csv(growth()), "LAG=" + lag(), "/DECOMPOSITION TYPE=[VARIANCE] BANDS=NONE HORIZON=8");
+  const std::array<rapidjson::SizeType, 3> printed = {1, 4, 8};
+  for (const std::string& series : kSeries) {
+    const auto seen = document.cells("Variance Decomposition - " + series);
+    const auto& errors = expected_["forecast_se_without_estimation_uncertainty"][series.c_str()];
+    const auto& shares = expected_["fevd_by_variable"][series.c_str()];
+    for (std::size_t row = 0; row < printed.size(); ++row) {
+      expectClose(seen[row][0], errors[printed[row] - 1].GetDouble(), "standard error");
+      for (rapidjson::SizeType shock = 0; shock < 3; ++shock) {
+        expectClose(seen[row][1 + shock] / 100.0, shares[printed[row] - 1][shock].GetDouble(), "share", kTolerance);
+      }
+    }
+  }
+}
+
 INSTANTIATE_TEST_SUITE_P(Lags, DynamicsReference, testing::Values(2, 4),
                          [](const auto& one) { return "Lag" + std::to_string(one.param); });
 

@@ -27,6 +27,9 @@ Data goodData() {
   std::vector<double> twin;
   for (const double value : data[0].second) twin.push_back(2.0 * value);
   data.emplace_back("twin", twin);
+  std::vector<double> late(42, 0.0);
+  std::fill(late.begin() + 34, late.end(), 1.0);
+  data.emplace_back("late", late);
   return data;
 }
 
@@ -136,6 +139,32 @@ std::vector<Fault> faults() {
        .says = "The regressor twin(t-1) is a linear combination of a(t-1).",
        .mended = kModel,
        .step = 4},
+      {.name = "TooManyOrigins",
+       .command = kModel + "LAG=2 /BACKTEST ORIGINS=50 STEP=3",
+       .says =
+           "The sample is too short for a back-test from 50 origins, 3 rows apart, over 4 periods. Give ORIGINS=10.",
+       .step = 4},
+      {.name = "BacktestTooFar",
+       .command = kModel + "LAG=2 /BACKTEST ORIGINS=1 HORIZON=40",
+       .says = "too short for a back-test of 40 periods. Give HORIZON=31.",
+       .step = 4},
+      {.name = "NoBacktestAtAll",
+       .command = kModel + "EXOGENOUS=x LAG=12 /BACKTEST",
+       .says = "too short for a back-test of a model with lag 12. Use a smaller lag, or leave out BACKTEST.",
+       .mended = kModel + "EXOGENOUS=x LAG=2 /BACKTEST",
+       .step = 4},
+      {.name = "CollinearBefore",
+       .command = kModel + "LAG=1 EXOGENOUS=late /BACKTEST ORIGINS=10 HORIZON=1",
+       .says = "The model cannot be fitted to the rows before 2008Q3 alone: regressors or residuals are linearly "
+               "dependent there. Give ORIGINS=5.",
+       .step = 4},
+      {.name = "CollinearAtEveryOrigin",
+       .command = kModel + "LAG=1 EXOGENOUS=late /BACKTEST ORIGINS=1 HORIZON=6",
+       .says = "Leave out BACKTEST.",
+       .mended = kModel + "LAG=1 EXOGENOUS=late",
+       .step = 4},
+      {"BacktestBesidePeriods", kModel + "/BACKTEST /SAVE FILE='r.csv' BACKTEST RESIDUALS",
+       "SAVE writes BACKTEST to a file of its own", kModel + "/BACKTEST /SAVE FILE='r.csv' BACKTEST"},
       {"NothingToSave", kModel + "/SAVE FILE='r.csv'", "SAVE has nothing to save.",
        kModel + "/SAVE FILE='r.csv' RESIDUALS"},
       {"NoForecastToSave", kModel + "/SAVE FILE='r.csv' FORECASTS", "Add /FORECAST, or leave out FORECASTS.",

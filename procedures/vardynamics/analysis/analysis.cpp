@@ -20,8 +20,6 @@ SeriesList shortened(const SeriesList& columns, std::size_t count) {
 void refuseUnmade(const Settings& settings) {
   const auto refuse = [](const char* what) { fail("This version cannot compute ^1. Leave it out.", {what}); };
   if (settings.impulse) refuse("IMPULSE");
-  if (settings.decomposition) refuse("DECOMPOSITION");
-  if (settings.backtest) refuse("BACKTEST");
   if (settings.forecast && settings.forecast->interval == Interval::bootstrap) refuse("INTERVAL=BOOTSTRAP");
   if (settings.save && settings.save->shocks) refuse("SHOCKS");
 }
@@ -46,6 +44,12 @@ Analysis analyse(const Settings& settings, const Observations& observations, con
   Draws draws(settings, analysis.model, data, work);
   if (settings.forecast) {
     analysis.forecast = forecastModel(analysis.model, data, known, observations.horizon, *settings.forecast);
+  }
+  if (settings.decomposition) {
+    analysis.decomposition = decompose(analysis.model, data, *settings.decomposition, settings.order, draws);
+  }
+  if (settings.backtest) {
+    analysis.backtest = backtestModel(analysis.model, data, observations, *settings.backtest, settings.levels, work);
   }
   analysis.draws = draws.count();
   return analysis;

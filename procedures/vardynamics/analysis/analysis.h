@@ -6,7 +6,9 @@
 #include <vector>
 
 #include "engine/dynamics/roots.h"
+#include "procedures/vardynamics/analysis/backtest.h"
 #include "procedures/vardynamics/analysis/causality.h"
+#include "procedures/vardynamics/analysis/decomposition.h"
 #include "procedures/vardynamics/analysis/draws.h"
 #include "procedures/vardynamics/analysis/forecast.h"
 #include "procedures/vardynamics/analysis/model.h"
@@ -23,6 +25,8 @@ struct Analysis {
   std::optional<ResidualTests> tests = {};
   std::optional<Causality> causality = {};
   std::optional<Forecast> forecast = {};
+  std::optional<Decomposition> decomposition = {};
+  std::optional<Backtest> backtest = {};
   std::optional<DrawCount> draws = {};  // where bands were read from them
 };
 

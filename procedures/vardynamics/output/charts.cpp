@@ -16,10 +16,6 @@ namespace {
 constexpr std::size_t kShownRows = 400;  // of a long history
 constexpr std::size_t kRowsPerPeriod = 6;
 
-std::string axisGuide(int dimension, const std::string& label) {
-  return "GUIDE: axis(dim(" + std::to_string(dimension) + "),label(\"" + label + "\"))";
-}
-
 // The points of a fan: history, forecast and, with a condition, the unconditional forecast.
 class Fan {
  public:

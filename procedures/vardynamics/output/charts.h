@@ -16,4 +16,15 @@ DocumentChart forecastChart(const ReportContext& context, std::size_t series);
 // The roots in the unit circle.
 DocumentChart rootsChart(const ReportContext& context);
 
+// The shares of every shock in the forecasts of a series over the horizons, stacked; generalized ones as divided by
+// their row sums.
+DocumentChart varianceChart(const ReportContext& context, std::size_t series);
+DocumentChart generalizedChart(const ReportContext& context, std::size_t series);
+
+// What every shock does to a series in the last rows, under the line of the data less what no shock does.
+DocumentChart historicalChart(const ReportContext& context, std::size_t series);
+
+// Root mean squared errors over the horizons, the model beside its rivals.
+DocumentChart backtestChart(const ReportContext& context, std::size_t series);
+
 }  // namespace vardynamics

@@ -35,6 +35,10 @@ class Graph final : public StatVizlGraph {
 
 }  // namespace
 
+std::string axisGuide(int dimension, const std::string& label) {
+  return "GUIDE: axis(dim(" + std::to_string(dimension) + "),label(\"" + label + "\"))";
+}
+
 void writeChart(StatJSONGenerator& generator, const DocumentChart& chart) {
   Graph graph(generator, chart);
   for (const auto& [name, values] : chart.texts) graph.addStringDataVariable(name, values);

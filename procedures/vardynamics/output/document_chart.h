@@ -23,4 +23,7 @@ struct DocumentChart {
 // through.
 void writeChart(StatJSONGenerator& generator, const DocumentChart& chart);
 
+// The statement that labels an axis.
+std::string axisGuide(int dimension, const std::string& label);
+
 }  // namespace vardynamics

@@ -43,7 +43,9 @@ Sentences headline(const ReportContext& context) {
   headline.addVerdict(analysis.causality && analysis.causality->granger, grangerSentences);
   if (analysis.forecast) headline.addAll(forecastSentences);
   headline.addVerdict(analysis.forecast && analysis.forecast->condition, conditionSentences);
-  if (tested || analysis.causality) {
+  if (analysis.decomposition && analysis.decomposition->orthogonal) headline.addAll(varianceSentences);
+  if (analysis.backtest) headline.addAll(backtestSentences);
+  if (tested || analysis.causality || analysis.backtest) {
     headline.add(context.texts.localize("Verdicts are taken at the level of ^1.", {context.levelText()}));
   }
   return headline.take();

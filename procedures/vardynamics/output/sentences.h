@@ -20,6 +20,16 @@ Sentences instantaneousSentences(const ReportContext& context);
 // The last period of each series.
 Sentences forecastSentences(const ReportContext& context);
 Sentences conditionSentences(const ReportContext& context);
+// One a series: what its own shocks and those of another have of its forecasts' variance, and of its change.
+Sentences varianceSentences(const ReportContext& context);
+Sentences historicalSentences(const ReportContext& context);
+std::string orderSentence(const ReportContext& context);
+// Whether the model beats its rivals; one a series, and the one of a series.
+Sentences backtestSentences(const ReportContext& context);
+std::string rivalSentence(const ReportContext& context, std::size_t series);
+std::string coverageSentence(const ReportContext& context, std::size_t series);
+// How the back-test was made.
+Sentences backtestNotes(const ReportContext& context);
 
 // The sentences that open the report: one of each kind that was asked for.
 Sentences headline(const ReportContext& context);

@@ -37,6 +37,15 @@ std::vector<TableColumn> fColumns(const Texts& texts, const std::vector<std::opt
           probabilityColumn(texts, valuesOf(tests, &Test::pValue))};
 }
 
+std::vector<std::size_t> printedHorizons(std::size_t horizon) {
+  std::vector<std::size_t> horizons;
+  for (const std::size_t h : {1U, 4U, 8U, 12U, 20U}) {
+    if (h < horizon) horizons.push_back(h);
+  }
+  horizons.push_back(horizon);
+  return horizons;
+}
+
 TableColumn probabilityColumn(const Texts& texts, std::vector<double> values) {
   for (double& value : values) {
     if (value == 0.0) value = std::numeric_limits<double>::min();

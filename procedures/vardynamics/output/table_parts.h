@@ -23,6 +23,9 @@ std::vector<double> columnOf(const Rows& rows, ValueOf valueOf) {
   return values;
 }
 
+// 1, 4, 8, 12, 20 as far as they lie below the horizon, and the horizon.
+std::vector<std::size_t> printedHorizons(std::size_t horizon);
+
 // The column "Sig.". A p-value too small for a double stands as the smallest one: no probability is zero.
 TableColumn probabilityColumn(const Texts& texts, std::vector<double> values);
 

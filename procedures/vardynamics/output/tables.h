@@ -20,5 +20,12 @@ Tables modelTables(const ReportContext& context);
 Tables stabilityTables(const ReportContext& context);
 Tables testTables(const ReportContext& context);
 Tables causalityTables(const ReportContext& context);
+// One a series; of generalized shocks those as they are, then those divided by their row sums.
+Tables varianceTables(const ReportContext& context);
+Tables generalizedTables(const ReportContext& context);
+// The change of the data from the first to the last row.
+DocumentTable historicalTable(const ReportContext& context);
+// Of one series: how good the forecasts were, and beside their rivals.
+Tables backtestTables(const ReportContext& context, std::size_t series);
 
 }  // namespace vardynamics

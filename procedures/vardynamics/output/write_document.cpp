@@ -12,6 +12,8 @@
 namespace vardynamics {
 namespace {
 
+using ChartOfSeries = DocumentChart (*)(const ReportContext&, std::size_t);
+
 class DocumentWriter {
  public:
   explicit DocumentWriter(const ReportContext& context) : context_(context), generator_(kIdentity.title, "") {}
@@ -25,6 +27,8 @@ class DocumentWriter {
     if (settings.plot && settings.plot->roots) writeChart(generator_, rootsChart(context_));
     if (settings.tests) add(testTables(context_));
     if (settings.causality) add(causalityTables(context_));
+    if (settings.decomposition) addDecomposition();
+    if (settings.backtest) addBacktest();
     add(modelTables(context_));
   }
 
@@ -47,6 +51,39 @@ class DocumentWriter {
       if (charts) writeChart(generator_, forecastChart(context_, i));
     }
     for (std::size_t i = tableOfAll ? 1 : seriesCount; i < tables.size(); ++i) writeTable(generator_, tables[i]);
+  }
+
+  void addDecomposition() {
+    const Decomposition& parts = *context_.analysis.decomposition;
+    const auto chartIf = [&](bool PlotSettings::*asked, ChartOfSeries chart) {
+      return context_.settings.plot && (*context_.settings.plot).*asked ? chart : nullptr;
+    };
+    if (parts.orthogonal) addShares(varianceTables(context_), chartIf(&PlotSettings::variance, varianceChart));
+    if (parts.generalized) addShares(generalizedTables(context_), chartIf(&PlotSettings::variance, generalizedChart));
+    if (!parts.history) return;
+    writeTable(generator_, historicalTable(context_));
+    const ChartOfSeries chart = chartIf(&PlotSettings::historical, historicalChart);
+    for (std::size_t i = 0; chart != nullptr && i < context_.names().size(); ++i) {
+      writeChart(generator_, chart(context_, i));
+    }
+  }
+
+  // The charts, which may be nullptr, each behind a table of the last that there is of every series.
+  void addShares(const Tables& tables, ChartOfSeries chart) {
+    const std::size_t seriesCount = context_.names().size();
+    for (std::size_t i = 0; i < tables.size(); ++i) {
+      writeTable(generator_, tables[i]);
+      const std::size_t left = tables.size() - i;
+      if (chart != nullptr && left <= seriesCount) writeChart(generator_, chart(context_, seriesCount - left));
+    }
+  }
+
+  void addBacktest() {
+    const bool charts = context_.settings.plot && context_.settings.plot->backtest;
+    for (std::size_t i = 0; i < context_.names().size(); ++i) {
+      add(backtestTables(context_, i));
+      if (charts) writeChart(generator_, backtestChart(context_, i));
+    }
   }
 
   const ReportContext& context_;

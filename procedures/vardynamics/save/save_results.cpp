@@ -9,15 +9,10 @@
 #include "host/case_file.h"
 #include "procedures/common/number_text.h"
 #include "procedures/common/saved_file.h"
+#include "procedures/vardynamics/save/backtest_columns.h"
 
 namespace vardynamics {
 namespace {
-
-struct SavedColumn {
-  std::string name;
-  std::string label;
-  std::vector<double> values;
-};
 
 class ResultColumns {
  public:
@@ -98,9 +93,12 @@ bool refused(const std::string& what) {
 }  // namespace
 
 bool saveResults(const Settings& settings, const Observations& observations, const Analysis& analysis) {
-  const std::vector<SavedColumn> columns = ResultColumns(settings, observations, analysis).make();
+  const std::vector<SavedColumn> columns = settings.save->backtest
+                                               ? backtestColumns(settings, observations, *analysis.backtest)
+                                               : ResultColumns(settings, observations, analysis).make();
   UserOutputCaseFile file(*settings.save->file);
-  file.DataSource().SetLabel("VAR Dynamics Residuals and Forecasts");
+  file.DataSource().SetLabel(settings.save->backtest ? "VAR Dynamics Back-Test"
+                                                     : "VAR Dynamics Residuals and Forecasts");
   std::vector<const std::vector<double>*> values;
   for (const SavedColumn& column : columns) {
     if (!procedures::defineVariable(file, column.name, column.label)) return refused("variable " + column.name);

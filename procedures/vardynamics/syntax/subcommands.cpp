@@ -104,7 +104,10 @@ SaveSettings readSave(const SubComObj& save) {
   settings.shocks = reader.has("SHOCKS");
   settings.backtest = reader.has("BACKTEST");
   if (!settings.forecasts && !settings.residuals && !settings.shocks && !settings.backtest) {
-    fail("SAVE has nothing to save. Give FORECASTS, RESIDUALS, SHOCKS, BACKTEST or several of them.");
+    fail("SAVE has nothing to save. Give FORECASTS, RESIDUALS, SHOCKS or several of them, or BACKTEST.");
+  }
+  if (settings.backtest && (settings.forecasts || settings.residuals || settings.shocks)) {
+    fail("SAVE writes BACKTEST to a file of its own, with one row for every origin and horizon. Leave out the others.");
   }
   return settings;
 }
