@@ -42,8 +42,8 @@ accuracy:
 	$(MAKE) build PRESET=bench
 	build/bench/bin/accuracy 2>/dev/null
 
-# One SHA-256 of the example's document over compilers, optimisation levels and kernels.
-determinism:
+# One SHA-256 of the examples' documents over compilers, optimisation levels and kernels.
+determinism: build
 	@scripts/setup.sh determinism
 	bench/determinism.sh
 
