@@ -182,6 +182,30 @@ TEST_P(DynamicsReference, VarianceSharesAgree) {
   }
 }
 
+// The first columns of the table of each shock: response and standard error of every series.
+TEST_P(DynamicsReference, ResponsesAgree) {
+  constexpr double kDeltaReference = 1e-7;  // what the reference's own arithmetic keeps
+  const rapidjson::Document errors = reference("us_dlog_lag" + lag() + "_asymptotic");
+  const OutputDocument document = analyse(csv(growth()), "LAG=" + lag(), "/IMPULSE HORIZON=8 BANDS=ANALYTIC");
+  const std::array<std::array<const char*, 3>, 2> types = {
+      {{"Orthogonal", "irf_orthogonal_by_impulse", "se_orthogonal"}, {"Reduced", "irf_unit_by_impulse", "se_unit"}}};
+  for (const auto& [type, responses, standardErrors] : types) {
+    for (rapidjson::SizeType shock = 0; shock < 3; ++shock) {
+      const auto seen = document.cells(std::string(type) + " Responses - " + kSeries[shock]);
+      ASSERT_EQ(seen.size(), 9U);
+      for (rapidjson::SizeType h = 0; h < 9; ++h) {
+        for (rapidjson::SizeType i = 0; i < 3; ++i) {
+          const double wanted = expected_[responses][kSeries[shock].c_str()][h][i].GetDouble();
+          const double error = errors[standardErrors][h][i][shock].GetDouble();
+          expectClose(seen[h][4 * i], wanted, type, 1e-12);
+          EXPECT_NEAR(seen[h][4 * i + 1], error, kDeltaReference);
+          EXPECT_NEAR(seen[h][4 * i + 2], wanted - 1.959963984540054 * error, 2 * kDeltaReference);
+        }
+      }
+    }
+  }
+}
+
 INSTANTIATE_TEST_SUITE_P(Lags, DynamicsReference, testing::Values(2, 4),
                          [](const auto& one) { return "Lag" + std::to_string(one.param); });
 

@@ -17,17 +17,9 @@ SeriesList shortened(const SeriesList& columns, std::size_t count) {
   return result;
 }
 
-void refuseUnmade(const Settings& settings) {
-  const auto refuse = [](const char* what) { fail("This version cannot compute ^1. Leave it out.", {what}); };
-  if (settings.impulse) refuse("IMPULSE");
-  if (settings.forecast && settings.forecast->interval == Interval::bootstrap) refuse("INTERVAL=BOOTSTRAP");
-  if (settings.save && settings.save->shocks) refuse("SHOCKS");
-}
-
 }  // namespace
 
 Analysis analyse(const Settings& settings, const Observations& observations, const Work& work) {
-  refuseUnmade(settings);
   if (needsDraws(settings)) requireReplications(settings);
   const KnownColumnOptions options{.trend = settings.model.deterministic == Deterministic::trend,
                                    .seasons = observations.seasons,
@@ -43,7 +35,11 @@ Analysis analyse(const Settings& settings, const Observations& observations, con
   if (settings.causality) analysis.causality = testCausality(analysis.model, data, *settings.causality);
   Draws draws(settings, analysis.model, data, work);
   if (settings.forecast) {
-    analysis.forecast = forecastModel(analysis.model, data, known, observations.horizon, *settings.forecast);
+    analysis.forecast = forecastModel(settings, analysis.model, data, known, observations.horizon, draws);
+  }
+  if (settings.impulse) analysis.impulse = findResponses(settings, analysis.model, data, draws);
+  if (settings.save && settings.save->shocks) {
+    analysis.shocks = orthogonalShocks(analysis.model.fit, settings.order);
   }
   if (settings.decomposition) {
     analysis.decomposition = decompose(analysis.model, data, *settings.decomposition, settings.order, draws);

@@ -11,6 +11,7 @@
 #include "procedures/vardynamics/analysis/decomposition.h"
 #include "procedures/vardynamics/analysis/draws.h"
 #include "procedures/vardynamics/analysis/forecast.h"
+#include "procedures/vardynamics/analysis/impulse.h"
 #include "procedures/vardynamics/analysis/model.h"
 #include "procedures/vardynamics/analysis/residual_tests.h"
 #include "procedures/vardynamics/syntax/observations.h"
@@ -27,7 +28,9 @@ struct Analysis {
   std::optional<Forecast> forecast = {};
   std::optional<Decomposition> decomposition = {};
   std::optional<Backtest> backtest = {};
-  std::optional<DrawCount> draws = {};  // where bands were read from them
+  Impulse impulse = {};
+  std::optional<engine::Matrix> shocks = {};  // the orthogonal ones of the regression's rows, n x K; where saved
+  std::optional<DrawCount> draws = {};        // where bands were read from them
 };
 
 // Throws UserError for what the sample does not allow, Stopped where the work was stopped.

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
-#include <set>
 #include <string>
 #include <vector>
 
 #include "procedures/common/number_text.h"
+#include "procedures/vardynamics/output/chart_statements.h"
 #include "procedures/vardynamics/output/number_style.h"
 #include "procedures/vardynamics/output/table_parts.h"
 
@@ -34,7 +34,7 @@ class Fan {
     addPoints();
     chart.texts = {{"date", dates_}, {"name", names_}};
     chart.numbers = {{"value", values_}};
-    if (context_.analysis.forecast->standardErrors) addBands(chart);
+    if (context_.analysis.forecast->hasLimits()) addBands(chart);
     chart.statements.emplace_back("ELEMENT: line(position(date*value), color(name))");
     return chart;
   }
@@ -72,18 +72,14 @@ class Fan {
   }
 
   void addBands(DocumentChart& chart) const {
-    std::set<double> levels(context_.settings.levels.begin(), context_.settings.levels.end());
-    if (levels.size() == 1) levels.insert({50.0, 80.0});
     int number = 0;
-    for (const double level : levels) {
+    for (const double level : forecastLevels(context_.settings)) {
       const engine::ForecastLimits limits = context_.analysis.forecast->limits(level);
       const std::string low = "low" + std::to_string(++number);
       const std::string high = "high" + std::to_string(number);
       chart.numbers.emplace_back(low, besideForecast(limits.lower));
       chart.numbers.emplace_back(high, besideForecast(limits.upper));
-      chart.statements.push_back("ELEMENT: band(position(date*" + low + "*" + high +
-                                 "), color.interior(color.blue), label(\"" + procedures::confidenceLevelText(level) +
-                                 "\"))");
+      chart.statements.push_back(bandElement("date", low, high, procedures::confidenceLevelText(level)));
     }
   }
 

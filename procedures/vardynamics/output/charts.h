@@ -13,6 +13,9 @@ namespace vardynamics {
 // level.
 DocumentChart forecastChart(const ReportContext& context, std::size_t series);
 
+// Every response to every shock of a type, a small chart each.
+DocumentChart responseChart(const ReportContext& context, const ShockResponses& set);
+
 // The roots in the unit circle.
 DocumentChart rootsChart(const ReportContext& context);
 

@@ -19,9 +19,8 @@ std::string lastValue(const ReportContext& context, std::size_t series) {
   const std::string& name = context.names()[series];
   const std::string& period = context.observations.labels.back();
   const std::string value = text(forecast.values(last, series));
-  if (!forecast.standardErrors || (*forecast.standardErrors)(last, series) == 0.0) {
-    return texts.localize("Forecast of ^1 for ^2: ^3.", {name, period, value});
-  }
+  const bool held = forecast.standardErrors && (*forecast.standardErrors)(last, series) == 0.0;
+  if (!forecast.hasLimits() || held) return texts.localize("Forecast of ^1 for ^2: ^3.", {name, period, value});
   const engine::ForecastLimits limits = forecast.limits(context.settings.level());
   return texts.localize("Forecast of ^1 for ^2: ^3, ^4 limits ^5 and ^6.",
                         {name, period, value, texts.percent(context.settings.level()), text(limits.lower(last, series)),

@@ -3,6 +3,7 @@
 #include "engine/linear_algebra/matrix.h"
 #include "procedures/common/number_text.h"
 #include "procedures/vardynamics/output/forecast_style.h"
+#include "procedures/vardynamics/output/impulse_sentences.h"
 #include "procedures/vardynamics/output/number_style.h"
 #include "procedures/vardynamics/output/sentences.h"
 #include "procedures/vardynamics/output/table_parts.h"
@@ -24,10 +25,22 @@ DocumentTable emptyTable(const ReportContext& context, const std::string& suffix
           .rows = forecastLabels(context)};
 }
 
+Sentences drawnLimitNotes(const ReportContext& context) {
+  const Texts& texts = context.texts;
+  Sentences notes{texts.localize(
+      "The limits are percentiles of futures, one from the model of each draw (Fresoli, Ruiz & Pascual 2015).")};
+  append(notes, drawSentences(context));
+  if (context.settings.forecast->simultaneous) {
+    notes.push_back(texts.localize("The limits hold the whole path of a series at their level."));
+  }
+  return notes;
+}
+
 // How the limits were made.
 Sentences limitNotes(const ReportContext& context) {
   const Texts& texts = context.texts;
   const Forecast& forecast = *context.analysis.forecast;
+  if (!forecast.drawnLimits.empty()) return drawnLimitNotes(context);
   Sentences notes{texts.localize(
       "Limits from Student's t with ^1 degrees of freedom; standard errors include that of the estimated coefficients.",
       {procedures::shortestNumber(forecast.degreesOfFreedom)})};
@@ -61,8 +74,11 @@ DocumentTable seriesTable(const ReportContext& context, std::size_t series) {
   const Forecast& forecast = *context.analysis.forecast;
   const int decimals = forecastDecimals(context, series);
   DocumentTable table = emptyTable(context, " - " + context.names()[series]);
-  table.columns = {{texts.localize("Forecast"), engine::columnOf(forecast.values, series), decimals},
-                   {texts.localize("Std. Error"), engine::columnOf(*forecast.standardErrors, series), decimals}};
+  table.columns = {{texts.localize("Forecast"), engine::columnOf(forecast.values, series), decimals}};
+  if (forecast.standardErrors) {
+    table.columns.push_back(
+        {texts.localize("Std. Error"), engine::columnOf(*forecast.standardErrors, series), decimals});
+  }
   append(table.columns, limitColumns(context, series, decimals));
   if (forecast.condition) {
     table.columns.push_back(
@@ -101,12 +117,12 @@ int forecastDecimals(const ReportContext& context, std::size_t series) {
 
 Tables forecastTables(const ReportContext& context) {
   Tables tables;
-  if (!context.analysis.forecast->standardErrors) {
+  if (!context.analysis.forecast->hasLimits()) {
     tables.push_back(plainTable(context));
   } else {
     for (std::size_t i = 0; i < context.names().size(); ++i) tables.push_back(seriesTable(context, i));
   }
-  if (context.analysis.forecast->standardErrors) tables.front().notes = limitNotes(context);
+  if (context.analysis.forecast->hasLimits()) tables.front().notes = limitNotes(context);
   if (context.analysis.forecast->condition) tables.push_back(conditionTable(context));
   return tables;
 }

@@ -1,3 +1,4 @@
+#include "procedures/vardynamics/output/impulse_sentences.h"
 #include "procedures/vardynamics/output/sentences.h"
 
 #include <string>
@@ -43,6 +44,7 @@ Sentences headline(const ReportContext& context) {
   headline.addVerdict(analysis.causality && analysis.causality->granger, grangerSentences);
   if (analysis.forecast) headline.addAll(forecastSentences);
   headline.addVerdict(analysis.forecast && analysis.forecast->condition, conditionSentences);
+  headline.addVerdict(!analysis.impulse.empty(), impulseSentences);
   if (analysis.decomposition && analysis.decomposition->orthogonal) headline.addAll(varianceSentences);
   if (analysis.backtest) headline.addAll(backtestSentences);
   if (tested || analysis.causality || analysis.backtest) {

@@ -27,5 +27,7 @@ Tables generalizedTables(const ReportContext& context);
 DocumentTable historicalTable(const ReportContext& context);
 // Of one series: how good the forecasts were, and beside their rivals.
 Tables backtestTables(const ReportContext& context, std::size_t series);
+// One a shock of a type.
+Tables responseTables(const ReportContext& context, const ShockResponses& set);
 
 }  // namespace vardynamics

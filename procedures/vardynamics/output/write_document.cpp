@@ -27,6 +27,7 @@ class DocumentWriter {
     if (settings.plot && settings.plot->roots) writeChart(generator_, rootsChart(context_));
     if (settings.tests) add(testTables(context_));
     if (settings.causality) add(causalityTables(context_));
+    for (const ShockResponses& set : context_.analysis.impulse) addResponses(set);
     if (settings.decomposition) addDecomposition();
     if (settings.backtest) addBacktest();
     add(modelTables(context_));
@@ -39,12 +40,17 @@ class DocumentWriter {
     for (const DocumentTable& table : tables) writeTable(generator_, table);
   }
 
+  void addResponses(const ShockResponses& set) {
+    add(responseTables(context_, set));
+    if (context_.settings.plot && context_.settings.plot->impulse) writeChart(generator_, responseChart(context_, set));
+  }
+
   // Each series' chart behind its table; behind the one table of all series where there are no limits.
   void addForecast() {
     const Tables tables = forecastTables(context_);
     const std::size_t seriesCount = context_.names().size();
     const bool charts = context_.settings.plot && context_.settings.plot->forecast;
-    const bool tableOfAll = !context_.analysis.forecast->standardErrors;
+    const bool tableOfAll = !context_.analysis.forecast->hasLimits();
     if (tableOfAll) writeTable(generator_, tables.front());
     for (std::size_t i = 0; i < seriesCount; ++i) {
       if (!tableOfAll) writeTable(generator_, tables[i]);

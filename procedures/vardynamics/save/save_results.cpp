@@ -23,7 +23,10 @@ class ResultColumns {
     addPeriods();
     const auto& names = settings_.model.endogenous.names;
     for (std::size_t i = 0; i < names.size(); ++i) {
-      if (settings_.save->residuals) addResiduals(names[i], i);
+      if (settings_.save->residuals)
+        addSample(names[i] + "_residual", "Residual: " + names[i], analysis_.model.fit.residuals[i]);
+      if (settings_.save->shocks)
+        addSample(names[i] + "_shock", "Orthogonal shock: " + names[i], engine::columnOf(*analysis_.shocks, i));
       if (settings_.save->forecasts) addForecasts(names[i], i);
     }
     return std::move(columns_);
@@ -31,8 +34,8 @@ class ResultColumns {
 
  private:
   std::size_t rows() const { return observations_.sample.rows(); }
-  // Without residuals the file begins with the first forecast.
-  std::size_t firstPeriod() const { return settings_.save->residuals ? 0 : rows(); }
+  // With forecasts alone the file begins with the first of them.
+  std::size_t firstPeriod() const { return settings_.save->residuals || settings_.save->shocks ? 0 : rows(); }
   std::size_t periods() const { return rows() + (settings_.save->forecasts ? observations_.horizon : 0); }
 
   // Keeps the periods that are saved of a column over all of them.
@@ -53,18 +56,20 @@ class ResultColumns {
     }
   }
 
-  void addResiduals(const std::string& name, std::size_t series) {
-    const engine::FittedVar& fit = analysis_.model.fit;
-    std::vector<double> values(fit.firstRow, std::nan(""));
-    values.insert(values.end(), fit.residuals[series].begin(), fit.residuals[series].end());
-    add(name + "_residual", "Residual: " + name, values);
+  // A column on the rows of the regression.
+  void addSample(std::string name, std::string label, const std::vector<double>& values) {
+    std::vector<double> column(analysis_.model.fit.firstRow, std::nan(""));
+    column.insert(column.end(), values.begin(), values.end());
+    add(std::move(name), std::move(label), std::move(column));
   }
 
   void addForecasts(const std::string& name, std::size_t series) {
     const Forecast& forecast = *analysis_.forecast;
     addFuture(name + "_forecast", "Forecast: " + name, forecast.values, series);
-    if (!forecast.standardErrors) return;
-    addFuture(name + "_se", "Standard error of the forecast: " + name, *forecast.standardErrors, series);
+    if (!forecast.hasLimits()) return;
+    if (forecast.standardErrors) {
+      addFuture(name + "_se", "Standard error of the forecast: " + name, *forecast.standardErrors, series);
+    }
     for (const double level : settings_.levels) {
       const engine::ForecastLimits limits = forecast.limits(level);
       const std::string percent = procedures::shortestNumber(level);
