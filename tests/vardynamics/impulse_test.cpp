@@ -4,6 +4,8 @@
 #include <cmath>
 #include <fstream>
 
+#include "procedures/vardynamics/analysis/draws.h"
+#include "procedures/vardynamics/data/user_error.h"
 #include "tests/vardynamics/run_fixture.h"
 
 namespace vardynamics {
@@ -125,6 +127,7 @@ TEST_F(ImpulseRun, SizesAndSumsAreTakenInsideTheDraws) {
   const Cells plain = cells("Orthogonal Responses - b");
   ASSERT_TRUE(run(kModel + "/IMPULSE TYPE=[ORTHOGONAL] SIZE=UNIT HORIZON=4 CUMULATIVE=ALL"));
   const Cells summed = cells("Orthogonal Responses - b");
+  EXPECT_THAT(item("Orthogonal Responses - b")["columns"][1]["label"].GetString(), std::string("b, summed"));
   EXPECT_THAT(notes("Orthogonal Responses - a"), Contains(HasSubstr("up to each: a, b and c.")));
   double sum = 0.0;
   double lowerLimits = 0.0;
@@ -172,6 +175,29 @@ TEST_F(ImpulseRun, FutureAndResponsesShareTheDraws) {
   ASSERT_TRUE(run(kModel + "/FORECAST INTERVAL=BOOTSTRAP HORIZON=6 SIMULTANEOUS=YES /IMPULSE"));
   EXPECT_LT(cells("Forecast - a")[0][1], drawn[0][1]);
   EXPECT_THAT(notes("Forecast - a"), Contains(StartsWith("The limits hold the whole path")));
+}
+
+// Refused by a number, which is then not refused.
+TEST(Draws, NeedNoMoreMemoryThanThereIs) {
+  engine::FittedVar fit;
+  fit.coefficients = engine::Matrix(3, 10);
+  Settings settings;
+  settings.impulse = ImpulseSettings{.horizon = 1000};
+  settings.bootstrap.replications = kMostReplications;
+  std::string message;
+  try {
+    requireMemory(settings, fit, 0);
+  } catch (const UserError& error) {
+    message = error.what();
+  }
+  const std::size_t place = message.find("Give REPLICATIONS=");
+  ASSERT_NE(place, std::string::npos) << message;
+  settings.bootstrap.replications = std::stoi(message.substr(place + 18));
+  EXPECT_EQ(settings.bootstrap.replications, 176'486);  // 2^32 bytes over 8 * 3 (10 + 3 + 1001)
+  EXPECT_NO_THROW(requireMemory(settings, fit, 0));
+  settings.impulse->horizon = 20;
+  settings.bootstrap.replications = kMostReplications;
+  EXPECT_NO_THROW(requireMemory(settings, fit, 0));
 }
 
 // A random walk beside two stationary series.

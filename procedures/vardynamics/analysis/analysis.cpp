@@ -33,6 +33,7 @@ Analysis analyse(const Settings& settings, const Observations& observations, con
   analysis.roots = engine::rootsOf(engine::lagMatrices(analysis.model.fit)).value_or(std::vector<engine::Root>{});
   if (settings.tests) analysis.tests = testResiduals(analysis.model, data, *settings.tests);
   if (settings.causality) analysis.causality = testCausality(analysis.model, data, *settings.causality);
+  if (needsDraws(settings)) requireMemory(settings, analysis.model.fit, observations.horizon);
   Draws draws(settings, analysis.model, data, work);
   if (settings.forecast) {
     analysis.forecast = forecastModel(settings, analysis.model, data, known, observations.horizon, draws);

@@ -1,5 +1,6 @@
 #include "procedures/vardynamics/analysis/draws.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <string>
@@ -41,6 +42,15 @@ std::int64_t sufficientForPaths(std::size_t points, double level) {
        {std::to_string(settings.bootstrap.replications), std::to_string(enough)});
 }
 
+// The longest path of which a band is read; K of them are held at a time.
+std::size_t longestPath(const Settings& settings, std::size_t forecastPeriods) {
+  const auto length = [](std::int32_t horizon) { return static_cast<std::size_t>(horizon) + 1; };
+  std::size_t longest = settings.forecast ? forecastPeriods : 0;
+  if (settings.impulse) longest = std::max(longest, length(settings.impulse->horizon));
+  if (settings.decomposition) longest = std::max(longest, length(settings.decomposition->horizon));
+  return longest;
+}
+
 }  // namespace
 
 bool needsDraws(const Settings& settings) {
@@ -57,6 +67,16 @@ void requireReplications(const Settings& settings) {
   if (fewest > kMostReplications) refuseLevel(settings.level());
   fail("The ^1 replications are too few for limits at ^2 %: fewer than 5 lie beyond each. Give REPLICATIONS=^3.",
        {std::to_string(given), procedures::shortestNumber(settings.level()), std::to_string(fewest)});
+}
+
+void requireMemory(const Settings& settings, const engine::FittedVar& fit, std::size_t forecastPeriods) {
+  constexpr std::size_t kMostBytes = std::size_t{4} << 30;
+  const std::size_t k = engine::seriesCount(fit);
+  const std::size_t numbers = k * (engine::regressorCount(fit) + k + longestPath(settings, forecastPeriods));
+  const std::size_t most = kMostBytes / (numbers * sizeof(double));
+  if (static_cast<std::size_t>(settings.bootstrap.replications) <= most) return;
+  fail("The ^1 replications with bands of this length need more than 4 GB. Give REPLICATIONS=^2.",
+       {std::to_string(settings.bootstrap.replications), std::to_string(most)});
 }
 
 const engine::BootstrapDraws& Draws::get() {

@@ -26,6 +26,9 @@ bool needsDraws(const Settings& settings);
 // Throws UserError when so many replications do not suffice for limits at the largest level.
 void requireReplications(const Settings& settings);
 
+// Throws UserError when the draws of this model and the bands read from them need more than 4 GB.
+void requireMemory(const Settings& settings, const engine::FittedVar& fit, std::size_t forecastPeriods);
+
 class Draws {
  public:
   // Refers to all its arguments.

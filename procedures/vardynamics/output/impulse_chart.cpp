@@ -55,7 +55,7 @@ class ResponsePanel {
 
   std::vector<std::string> responses() const {
     return texts([this](std::size_t i, std::size_t, std::size_t) {
-      return context_.texts.localize("Response of ^1", {context_.names()[i]});
+      return context_.texts.localize("Response of ^1", {responseName(context_, i)});
     });
   }
 

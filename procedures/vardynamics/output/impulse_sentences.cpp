@@ -86,10 +86,9 @@ Sentences typeNotes(const ReportContext& context, ShockType type) {
 }
 
 Sentences cumulativeNotes(const ReportContext& context) {
-  const std::vector<bool>& cumulative = context.settings.impulse->cumulative;
   std::vector<std::string> summed;
-  for (std::size_t i = 0; i < cumulative.size(); ++i) {
-    if (cumulative[i]) summed.push_back(context.names()[i]);
+  for (std::size_t i = 0; i < context.names().size(); ++i) {
+    if (isSummed(context, i)) summed.push_back(context.names()[i]);
   }
   if (summed.empty()) return {};
   return {context.texts.localize("Responses summed over the horizons up to each: ^1.", {context.texts.list(summed)})};

@@ -48,6 +48,16 @@ std::string responsesTitle(const Texts& texts, ShockType type, bool unit) {
   return texts.localize("Responses to One Unit of an Exogenous Series");
 }
 
+bool isSummed(const ReportContext& context, std::size_t series) {
+  const std::vector<bool>& cumulative = context.settings.impulse->cumulative;
+  return !cumulative.empty() && cumulative[series];
+}
+
+std::string responseName(const ReportContext& context, std::size_t series) {
+  const std::string& name = context.names()[series];
+  return isSummed(context, series) ? context.texts.localize("^1, summed", {name}) : name;
+}
+
 const std::string& shockName(const ReportContext& context, ShockType type, std::size_t shock) {
   return type == ShockType::exogenous ? context.settings.model.exogenous.names[shock] : context.names()[shock];
 }

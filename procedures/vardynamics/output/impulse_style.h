@@ -16,6 +16,10 @@ std::string shockTitle(const Texts& texts, engine::ShockType type);
 // "Responses to Orthogonal Shocks of One Standard Deviation"
 std::string responsesTitle(const Texts& texts, engine::ShockType type, bool unit);
 
+// Whether the responses of a series are summed, and how its name then stands over them.
+bool isSummed(const ReportContext& context, std::size_t series);
+std::string responseName(const ReportContext& context, std::size_t series);
+
 // The series that a shock is to, and those in the order behind orthogonal shocks.
 const std::string& shockName(const ReportContext& context, engine::ShockType type, std::size_t shock);
 std::vector<std::string> orderedNames(const ReportContext& context);

@@ -29,7 +29,7 @@ std::vector<TableColumn> responseColumns(const ReportContext& context, const Sho
   const Texts& texts = context.texts;
   const std::vector<double> path = pathOf(set.values, series, shock);
   const int decimals = pathDecimals(path);
-  if (set.bands.empty()) return {{context.names()[series], path, decimals}};
+  if (set.bands.empty()) return {{responseName(context, series), path, decimals}};
   std::vector<TableColumn> columns{{texts.localize("Response"), path, decimals}};
   if (set.errors) {
     columns.push_back({texts.localize("Std. Error"), pathOf(*set.errors, series, shock), decimals});
@@ -39,7 +39,7 @@ std::vector<TableColumn> responseColumns(const ReportContext& context, const Sho
     columns.push_back({texts.localize("^1 Lower", {percent}), pathOf(band.lower, series, shock), decimals});
     columns.push_back({texts.localize("^1 Upper", {percent}), pathOf(band.upper, series, shock), decimals});
   }
-  return grouped(std::move(columns), context.names()[series]);
+  return grouped(std::move(columns), responseName(context, series));
 }
 
 DocumentTable shockTable(const ReportContext& context, const ShockResponses& set, std::size_t shock) {
