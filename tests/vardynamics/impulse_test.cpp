@@ -4,7 +4,7 @@
 #include <cmath>
 #include <fstream>
 
-#include "procedures/vardynamics/analysis/draws.h"
+#include "procedures/vardynamics/analysis/analysis.h"
 #include "procedures/vardynamics/data/user_error.h"
 #include "tests/vardynamics/run_fixture.h"
 
@@ -175,6 +175,32 @@ TEST_F(ImpulseRun, FutureAndResponsesShareTheDraws) {
   ASSERT_TRUE(run(kModel + "/FORECAST INTERVAL=BOOTSTRAP HORIZON=6 SIMULTANEOUS=YES /IMPULSE"));
   EXPECT_LT(cells("Forecast - a")[0][1], drawn[0][1]);
   EXPECT_THAT(notes("Forecast - a"), Contains(StartsWith("The limits hold the whole path")));
+}
+
+// Neither the number of threads nor watching changes a bit; what is stopped throws and gives nothing.
+TEST(Draws, AreTheSameOnAnyNumberOfThreads) {
+  Settings settings;
+  settings.model.endogenous.names = {"a", "b"};
+  settings.model.lag = 1;
+  settings.impulse = ImpulseSettings{.reduced = false, .exogenous = false, .horizon = 6, .shocks = {0, 1}};
+  settings.forecast = ForecastSettings{.interval = Interval::bootstrap};
+  const Observations observations{.sample = {.cases = {0, 99}, .endogenous = relatedSeries(100)}, .horizon = 3};
+  const Analysis one = analyse(settings, observations);
+  double share = 0.0;
+  const auto follow = [&](double done) {
+    share = done;
+    return true;
+  };
+  const Analysis three = analyse(settings, observations, {.jobs = 3, .progress = follow});
+  EXPECT_EQ(share, 1.0);
+  for (std::size_t h = 0; h <= 6; ++h) {
+    EXPECT_EQ(one.impulse[0].bands[0].lower[h].values, three.impulse[0].bands[0].lower[h].values);
+  }
+  EXPECT_EQ(one.forecast->limits(95).upper.values, three.forecast->limits(95).upper.values);
+  for (const double end : {0.0, 0.99}) {
+    const auto stop = [&](double done) { return done < end; };
+    EXPECT_THROW(analyse(settings, observations, {.progress = stop}), Stopped);
+  }
 }
 
 // Refused by a number, which is then not refused.
