@@ -184,7 +184,7 @@ std::vector<Fault> faults() {
       {"PathsOfResponsesWithoutDraws", kModel + "/IMPULSE BANDS=ANALYTIC SIMULTANEOUS=YES", "Give BANDS=BOOTSTRAP."},
       {"OrderTooShort", kModel + "/IMPULSE ORDER=b", "ORDER names every endogenous series once. Give ORDER=b a, or",
        kModel + "/IMPULSE ORDER=b a"},
-      {"OrderOfOthers", kModel + "EXOGENOUS=x /IMPULSE ORDER=b x b", "Give ORDER=b a, or",
+      {"OrderOfOthers", kModel + "EXOGENOUS=x /IMPULSE ORDER=b x", "Give ORDER=b a, or",
        kModel + "EXOGENOUS=x /IMPULSE ORDER=b a"},
       {"TwoOrders", kModel + "/IMPULSE ORDER=a b /DECOMPOSITION ORDER=b a", "it holds for both.",
        kModel + "/IMPULSE ORDER=a b"},

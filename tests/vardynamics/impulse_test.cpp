@@ -61,16 +61,21 @@ class ImpulseRun : public RunTest {
     columns({{"a", scaled[0]}, {"b", scaled[1]}, {"c", scaled[2]}, {"x", engine::noise(7, 120)}});
   }
 
+  std::vector<std::string> responseItems() const {
+    std::vector<std::string> names = itemNames();
+    std::erase_if(names, [](const std::string& name) { return name.find(" Responses") == std::string::npos; });
+    return names;
+  }
+
   std::vector<std::vector<double>> series_;
 };
 
 TEST_F(ImpulseRun, DefaultsAreAllTypesButGeneralizedWithDrawnBands) {
   ASSERT_TRUE(run(kModel + "/IMPULSE /PLOT TYPE=[IMPULSE]")) << firstError();
-  auto names = itemNames();
-  names.erase(names.begin(), std::find(names.begin(), names.end(), "Orthogonal Responses - a"));
-  EXPECT_THAT(names, ElementsAre("Orthogonal Responses - a", "Orthogonal Responses - b", "Orthogonal Responses - c",
-                                 "Orthogonal Responses Chart", "Reduced Responses - a", "Reduced Responses - b",
-                                 "Reduced Responses - c", "Reduced Responses Chart"));
+  EXPECT_THAT(responseItems(),
+              ElementsAre("Orthogonal Responses - a", "Orthogonal Responses - b", "Orthogonal Responses - c",
+                          "Orthogonal Responses Chart", "Reduced Responses - a", "Reduced Responses - b",
+                          "Reduced Responses - c", "Reduced Responses Chart"));
   EXPECT_THAT(cells("Orthogonal Responses - a"), SizeIs(21));
   EXPECT_THAT(cells("Orthogonal Responses - a")[0], SizeIs(9));
   EXPECT_THAT(notes("Orthogonal Responses - a"), Contains(StartsWith("Limits from 2000 bootstrap draws, corrected")));
@@ -78,8 +83,7 @@ TEST_F(ImpulseRun, DefaultsAreAllTypesButGeneralizedWithDrawnBands) {
   EXPECT_THAT(notes("Orthogonal Responses - b"), ElementsAre(StartsWith("Size of the shock: one standard deviation")));
   EXPECT_THAT(notes("Model Summary"), Contains(StartsWith("Orthogonal shocks in the order a, b and c: a moves b")));
   ASSERT_TRUE(run("VARDYNAMICS /MODEL ENDOGENOUS=a b EXOGENOUS=x XLAGS=1 LAG=1 /IMPULSE SHOCKS=b x BANDS=NONE"));
-  names = itemNames();
-  EXPECT_THAT(std::vector<std::string>(names.end() - 3, names.end()),
+  EXPECT_THAT(responseItems(),
               ElementsAre("Orthogonal Responses - b", "Reduced Responses - b", "Exogenous Responses - x"));
   EXPECT_THAT(cells("Exogenous Responses - x")[0], SizeIs(2));  // no limits
   EXPECT_EQ(cells("Exogenous Responses - x")[0][0], cells("Parameters - a")[3][0]);
@@ -251,6 +255,19 @@ TEST_F(ImpulseRun, NotesTellOfUnstableDrawsAndNarrowLimits) {
   const auto drifting = notesOfWalk(0.3);
   EXPECT_THAT(drifting, Contains(HasSubstr("not corrected for bias, since a root of the model")));
   EXPECT_THAT(drifting, Contains(StartsWith("With a root near one")));
+}
+
+TEST_F(ImpulseRun, WildDrawsAreAdvisedWhereTheVarianceChanges) {
+  const std::string rest = "/TESTS TYPE=[ARCH] /IMPULSE TYPE=[ORTHOGONAL] HORIZON=2 ";
+  const auto advice = Contains(HasSubstr("RESAMPLE=WILD gives limits for"));
+  ASSERT_TRUE(run(kModel + rest));
+  EXPECT_THAT(notes("Orthogonal Responses - a"), Not(advice));
+  for (std::size_t t = 1; t < 120; ++t) series_[2][t] *= std::sqrt(0.2 + 2.0 * std::pow(series_[2][t - 1], 2));
+  scale({1, 1, 1});
+  ASSERT_TRUE(run(kModel + rest));
+  EXPECT_THAT(notes("Orthogonal Responses - a"), advice);
+  ASSERT_TRUE(run(kModel + rest + "RESAMPLE=WILD"));
+  EXPECT_THAT(notes("Orthogonal Responses - a"), Not(advice));
 }
 
 TEST_F(ImpulseRun, SavedShocksMakeTheResiduals) {
