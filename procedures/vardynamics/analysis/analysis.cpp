@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "procedures/vardynamics/data/known_columns.h"
-#include "procedures/vardynamics/data/user_error.h"
 
 namespace vardynamics {
 namespace {
