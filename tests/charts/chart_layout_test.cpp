@@ -126,6 +126,20 @@ TEST(ChartLayout, JoinsAForecastAndShowsTheLastPartOfALongHistory) {
   EXPECT_EQ(layOutChart(chartOfKind(procedures::kSeriesLines, forecastColumns(200, 0))).firstShown, 0U);
 }
 
+TEST(ChartLayout, ShowsTheWindowThatAStatementAsksForFirst) {
+  const auto firstShown = [](const std::string& window) {
+    std::vector<std::string> lines = declared({"xdata", "ydata"});
+    lines.insert(lines.end(), {window, "ELEMENT: interval(position(xdata*ydata))"});
+    const Chart chart = chartFrom(lines, forecastColumns(80, 0));
+    EXPECT_EQ(chart.spec.notUnderstood.empty(), chart.spec.window.has_value()) << window;
+    return layOutChart(chart).firstShown;
+  };
+  EXPECT_EQ(firstShown("GUIDE: window(dim(1), last(60))"), 20U);
+  for (const char* whole : {"GUIDE: window(dim(1), last(80))", "GUIDE: window(dim(1), last(500))",
+                            "GUIDE: window(dim(1), last(0))", "GUIDE: window(dim(2), last(60))"})
+    EXPECT_EQ(firstShown(whole), 0U) << whole;
+}
+
 TEST(ChartLayout, DrawsALineBelowThoseThatWouldHideIt) {
   const auto under = [](const std::string& columns) {
     std::vector<bool> flags;

@@ -105,16 +105,25 @@ class Reader {
     return false;
   }
 
-  // Lines and circles that stand for no data.
+  // What stands for no data.
   bool readMark(std::string_view line) {
     for (const int dimension : {1, 2}) {
       const auto at = numbersIn(line, "GUIDE: line(dim(" + std::to_string(dimension) + "), at(@))");
       if (at) spec_.lines.push_back({dimension, at->front()});
       if (at) return true;
     }
+    if (line.starts_with("GUIDE: window")) return readWindow(line);
     const auto circle = numbersIn(line, "GUIDE: circle(at(@, @), radius(@))");
     if (!circle || !((*circle)[2] > 0)) return false;
     spec_.circles.push_back({(*circle)[0], (*circle)[1], (*circle)[2]});
+    return true;
+  }
+
+  bool readWindow(std::string_view line) {
+    constexpr double kMost = 1e9;
+    const auto last = numbersIn(line, "GUIDE: window(dim(1), last(@))");
+    if (!last || !(last->front() >= 1) || last->front() > kMost) return false;
+    spec_.window = static_cast<std::size_t>(last->front());
     return true;
   }
 

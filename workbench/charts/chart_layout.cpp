@@ -90,7 +90,9 @@ void uncover(const Chart& chart, ChartLayout& layout) {
 void joinSeries(const Chart& chart, ChartLayout& layout) {
   const auto continued = continuedSeries(chart.spec, chart.data);
   for (std::size_t i = 0; i < continued.size(); ++i) layout.series[i].continues = continued[i];
-  layout.firstShown = firstShown(chart.data, continued);
+  const std::size_t count = chart.data.categories.size();
+  layout.firstShown =
+      chart.spec.window ? count - std::min(count, *chart.spec.window) : firstShown(chart.data, continued);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <map>
 #include <optional>
 #include <string>
@@ -69,6 +70,7 @@ struct ChartSpec {
   std::map<std::string, std::string> seriesColors;  // series -> "red"
   std::vector<ReferenceLine> lines;
   std::vector<Circle> circles;
+  std::optional<std::size_t> window;       // so many places at the end of the axis are shown first
   std::optional<Panel> panel;              // a small chart for every pair of entries in two columns
   std::vector<std::string> notUnderstood;  // lines, or what is strange about them, in their order
 };

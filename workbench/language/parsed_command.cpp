@@ -1,5 +1,7 @@
 #include "workbench/language/parsed_command.h"
 
+#include <algorithm>
+
 namespace workbench {
 
 std::map<std::string, std::vector<std::string>> requestedLists(const ParsedCommand& command) {
@@ -30,7 +32,8 @@ std::map<std::string, double> requestedNumbers(const ParsedCommand& command) {
   std::map<std::string, double> numbers;
   for (const ParsedSubcommand& subcommand : command.subcommands) {
     for (const ParsedParameter& parameter : subcommand.parameters) {
-      if (!parameter.numbers.empty()) numbers[subcommand.name + " " + parameter.name] = parameter.numbers.front();
+      if (!parameter.numbers.empty())
+        numbers[subcommand.name + " " + parameter.name] = std::ranges::max(parameter.numbers);
     }
   }
   return numbers;

@@ -35,7 +35,7 @@ struct ParsedCommand {
 std::map<std::string, std::vector<std::string>> requestedLists(const ParsedCommand& command);
 // The files that the command names, in its parameters that are files.
 std::vector<std::string> namedFiles(const ParsedCommand& command, const CommandDescription& description);
-// The same as requestedLists for numbers, of a list the first.
+// The same as requestedLists for numbers, of a list the greatest.
 std::map<std::string, double> requestedNumbers(const ParsedCommand& command);
 
 }  // namespace workbench

@@ -166,14 +166,17 @@ class PlotPainter {
 
   std::string panel(const Chart& panel, std::string_view& output) const {
     const int width = cellSize(panel).width;
+    const std::size_t columns = std::max<std::size_t>(panel.panelColumns.size(), 1);
     std::string text;
-    for (std::size_t first = 0; first < panel.cells.size(); first += across(panel)) {
-      std::vector<std::string> blocks;
-      for (std::size_t i = first; i < std::min(first + across(panel), panel.cells.size()); ++i) {
-        const std::string title = shortenText(visibleText(panel.cells[i].spec.title), width, "...");
-        blocks.push_back(title + '\n' + rows(panel.cells[i], width, output));
+    for (std::size_t row = 0; row < panel.cells.size(); row += columns) {
+      for (std::size_t column = 0; column < columns; column += across(panel)) {
+        std::vector<std::string> blocks;
+        for (std::size_t i = row + column; i < row + std::min(column + across(panel), columns); ++i) {
+          const std::string title = shortenText(visibleText(panel.cells[i].spec.title), width, "...");
+          blocks.push_back(title + '\n' + rows(panel.cells[i], width, output));
+        }
+        text += sideBySide(blocks, width + kCellGap);
       }
-      text += sideBySide(blocks, width + kCellGap);
     }
     return text;
   }

@@ -82,8 +82,8 @@ std::string body(const PivotTable& table) {
   for (std::size_t row = 0; row < table.rows.size(); ++row) {
     out += fmt::format("<tr><th scope=\"row\">{}</th>", name(table.rows[row]));
     for (const Cell& cell : table.cells[row])
-      out += fmt::format("<td data-value=\"{}\">{}</td>", cell.missing ? "" : fullPrecision(cell.value),
-                         htmlText(cell.shown.text));
+      out += fmt::format("<td{} data-value=\"{}\">{}</td>", cell.significant ? " class=\"significant\"" : "",
+                         cell.missing ? "" : fullPrecision(cell.value), htmlText(cell.shown.text));
     out += "</tr>\n";
   }
   return out + "</tbody>\n";

@@ -20,7 +20,7 @@ std::string footnoteMarker(std::size_t index) {
 
 Cell makeCell(double number, const CellFormat& format, const Language& language) {
   const bool missing = isMissing(number);
-  return {missing ? 0 : number, missing, formatNumber(number, format, language)};
+  return {.value = missing ? 0 : number, .missing = missing, .shown = formatNumber(number, format, language)};
 }
 
 ChartItem readChart(const Value& item) {
@@ -105,6 +105,14 @@ std::vector<std::string> takeUnmarkedFootnotes(PivotTable& table) {
   for (std::size_t& note : table.titleFootnotes) note = newIndex[note];
   table.footnotes = std::move(marked);
   return taken;
+}
+
+void markSignificant(PivotTable& table, const std::string& label, double level) {
+  const std::vector<std::string> labels = table.leafLabels();
+  for (std::vector<Cell>& row : table.cells) {
+    for (std::size_t leaf = 0; leaf < labels.size(); ++leaf)
+      row[leaf].significant = labels[leaf] == label && !row[leaf].missing && row[leaf].value < level;
+  }
 }
 
 std::vector<DocumentItem> documentItems(const Value& document, const Language& language) {

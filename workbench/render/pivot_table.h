@@ -23,6 +23,7 @@ struct Footnote {
 struct Cell {
   double value = 0;  // full precision; 0 when missing
   bool missing = true;
+  bool significant = false;
   NumberText shown;
 };
 
@@ -60,6 +61,8 @@ struct DocumentView {
   // A table whose unmarked footnotes open the output, instead of standing below it, and charts that follow them.
   std::optional<std::size_t> headline;
   std::set<std::size_t> leadingCharts;
+  // The level of the command's tests. With one, what lies below it in columns of p-values is set off.
+  std::optional<double> testLevel;
 };
 
 using DocumentItem = std::variant<PivotTable, ChartItem>;
@@ -69,6 +72,9 @@ PivotTable readPivotTable(const rapidjson::Value& item, const Language& language
 
 // Takes the footnotes that nothing refers to out of a table.
 std::vector<std::string> takeUnmarkedFootnotes(PivotTable& table);
+
+// Marks what lies below the level in the columns of this label.
+void markSignificant(PivotTable& table, const std::string& label, double level);
 
 // The tables and charts of a document in their order; items of other types are skipped.
 std::vector<DocumentItem> documentItems(const rapidjson::Value& document, const Language& language = {});

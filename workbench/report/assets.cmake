@@ -52,7 +52,23 @@ foreach(part data axis marks spec legend chart inspect points picture data_view 
   set_property(DIRECTORY ${PROJECT_SOURCE_DIR} APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${file})
 endforeach()
 report_write(page.js "(() => {\n'use strict';\n${page}})();\n")
-configure_file(${CMAKE_CURRENT_LIST_DIR}/page/page.css ${report_assets}/page.css COPYONLY)
+
+# Browsers that do not know light-dark() get each colour twice.
+set(sheet ${CMAKE_CURRENT_LIST_DIR}/page/page.css)
+set_property(DIRECTORY ${PROJECT_SOURCE_DIR} APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${sheet})
+file(READ ${sheet} style)
+set(colour "light-dark\\((#[0-9a-f]+), (#[0-9a-f]+)\\)")
+string(REGEX MATCHALL "--[a-z0-9-]+: ${colour}" colours "${style}")
+list(JOIN colours "$<SEMICOLON> " colours)
+string(REPLACE "$<SEMICOLON>" ";" colours "${colours}")
+string(REGEX REPLACE "${colour}" "\\1" light "${colours}")
+string(REGEX REPLACE "${colour}" "\\2" dark "${colours}")
+string(REPLACE "/* COLOURS WITHOUT light-dark() */" "@supports not (color: light-dark(#000, #fff)) {
+  :root { ${light}; }
+  @media screen { :root[data-theme='dark'] { ${dark}; } }
+  @media screen and (prefers-color-scheme: dark) { :root:not([data-theme='light']) { ${dark}; } }
+}" style "${style}")
+file(CONFIGURE OUTPUT ${report_assets}/page.css CONTENT "@style@" @ONLY)
 
 find_program(NODE node REQUIRED)
 set(policy_maker ${CMAKE_CURRENT_LIST_DIR}/content_policy.mjs)

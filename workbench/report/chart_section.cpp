@@ -88,11 +88,13 @@ std::string panelHeading(const char* kind, const std::string& text) {
 
 }  // namespace
 
-std::string ChartSections::addFrame(const Chart& chart, const std::string& description) {
+std::string ChartSections::addFrame(const Chart& chart, const std::string& description, const Language& language) {
   charts_.push_back(chartModel(chart, description, columns_));
   return fmt::format(
-      "<div class=\"chart-frame\" data-chart=\"{}\" tabindex=\"0\" role=\"img\" aria-label=\"{}\"></div>\n",
-      charts_.size() - 1, htmlText(description));
+      "<div class=\"chart-frame\" data-chart=\"{}\" tabindex=\"0\" role=\"img\" aria-label=\"{}\" "
+      "aria-description=\"{}\"></div>\n",
+      charts_.size() - 1, htmlText(description),
+      htmlText(language.tr("Arrow keys read the values; plus and minus zoom, 0 shows everything.")));
 }
 
 std::string ChartSections::addPanel(const Chart& panel, const std::string& description, const Language& language) {
@@ -108,9 +110,9 @@ std::string ChartSections::addPanel(const Chart& panel, const std::string& descr
     const std::size_t across = panel.panelColumns.size();
     if (i % across == 0) out += panelHeading("row", panel.panelRows[i / across]);
     cells.push_back(cell.data.problem ? std::nullopt : std::optional(charts_.size()));
-    out +=
-        fmt::format("<div class=\"panel-cell\">{}</div>\n",
-                    cell.data.problem ? problemRemark(cell, language) : addFrame(cell, describeChart(cell, language)));
+    out += fmt::format(
+        "<div class=\"panel-cell\">{}</div>\n",
+        cell.data.problem ? problemRemark(cell, language) : addFrame(cell, describeChart(cell, language), language));
   }
   panels_.push_back(panelModel(panel, axes, description, cells));
   return out + "</div>\n";
@@ -123,8 +125,8 @@ std::string ChartSections::add(const Json& item, const Language& language) {
   if (chart.data.problem) {
     out += problemRemark(chart, language);
   } else {
-    out +=
-        tools(language) + (chart.cells.empty() ? addFrame(chart, description) : addPanel(chart, description, language));
+    out += tools(language) +
+           (chart.cells.empty() ? addFrame(chart, description, language) : addPanel(chart, description, language));
     out += dataPart(chart.data, description, language);
   }
   return out + remarks(chart.spec.notUnderstood, language);

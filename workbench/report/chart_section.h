@@ -27,7 +27,7 @@ class ChartSections {
   std::string json(const Language& language) const;
 
  private:
-  std::string addFrame(const Chart& chart, const std::string& description);
+  std::string addFrame(const Chart& chart, const std::string& description, const Language& language);
   std::string addPanel(const Chart& panel, const std::string& description, const Language& language);
 
   ColumnStore columns_;

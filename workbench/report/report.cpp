@@ -177,7 +177,7 @@ class Page {
   void addOpening(const ReportOutput& output) {
     const DocumentView& view = output.view;
     forItems(output, [&](const Json& item, std::size_t place) {
-      if (view.headline == place) addHeadline(readPivotTable(item, input_.language));
+      if (view.headline == place) addHeadline(readPivotTable(item, input_.language), view.testLevel.has_value());
     });
     if (view.leadingCharts.empty()) return;
     main_ += "<div class=\"leading\">\n";
@@ -187,13 +187,18 @@ class Page {
     main_ += "</div>\n";
   }
 
-  void addHeadline(PivotTable table) {
+  void addHeadline(PivotTable table, bool marksSignificance) {
     const std::string title = htmlText(input_.language.tr("At a Glance"));
     std::string list;
     for (const std::string& sentence : takeUnmarkedFootnotes(table))
       list += fmt::format("<li><bdi>{}</bdi></li>\n", htmlText(tiedNumbers(sentence)));
     addSection(fmt::format("headline-{}", ++headlines_), "headline", title,
-               fmt::format("<h2>{}</h2>\n<ul>\n{}</ul>\n", title, list));
+               fmt::format("<h2>{}</h2>\n<ul>\n{}</ul>\n{}", title, list, marksSignificance ? boldRemark() : ""));
+  }
+
+  std::string boldRemark() const {
+    return fmt::format("<p class=\"remark\">{}</p>\n",
+                       htmlText(input_.language.tr("In the tables, a Sig. below the level is bold.")));
   }
 
   void addItems(const ReportOutput& output) {
@@ -209,6 +214,7 @@ class Page {
     if (type == "table") {
       PivotTable table = readPivotTable(item, input_.language);
       if (view.headline == place) takeUnmarkedFootnotes(table);
+      if (view.testLevel) markSignificant(table, input_.language.tr("Sig."), *view.testLevel);
       addTable(id, table, remarks);
     } else if (type == "chart") {
       addSection(id, "chart", htmlText(chartTitle(item)), charts_.add(item, input_.language) + remarks);

@@ -8,6 +8,17 @@
 
 namespace workbench {
 
+namespace {
+
+// What the largest confidence level leaves, as the procedure's verdicts take it.
+double testLevel(const CallRecord& record) {
+  constexpr double kDefaultLevel = 95.0;
+  const auto found = record.requestedNumbers.find("AUXILIARY CILEVEL");
+  return (100.0 - (found == record.requestedNumbers.end() ? kDefaultLevel : found->second)) / 100.0;
+}
+
+}  // namespace
+
 bool VardynamicsCommand::includesUserMissing(const CallRecord& parsed) const {
   const auto found = parsed.requestedLists.find("MISSING USERMISSING");
   return found != parsed.requestedLists.end() && std::ranges::count(found->second, "INCLUDE") > 0;
@@ -24,6 +35,7 @@ std::string VardynamicsCommand::itemId(const rapidjson::Value& item, std::size_t
 
 DocumentView VardynamicsCommand::view(const FinishedRun& run) const {
   DocumentView view;
+  view.testLevel = testLevel(run.record);
   const Json* items = itemsOf(run.record.document);
   for (rapidjson::SizeType i = 0; items != nullptr && i < items->Size(); ++i) {
     const std::string name = textProperty((*items)[i], "name");

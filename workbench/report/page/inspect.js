@@ -91,13 +91,18 @@ function placeTip(frame, tip, x, y) {
   Object.assign(tip.style, { left: `${left}px`, top: `${y}px` });
 }
 
+// A picture's inner parts are hidden from a screen reader: what keys read off is said by the page.
+function announce(tip) {
+  const said = [...tip.children].map((line) => [...line.childNodes].map((part) => part.textContent).filter(Boolean).join(' '));
+  document.getElementById('status').textContent = tip.hidden ? '' : said.join('; ');
+}
+
 class Inspection {
   constructor(frame, chart) {
     this.frame = frame;
     this.chart = chart;
     this.place = null;
     [this.cursor, this.brush, this.tip] = ['cursor', 'brush', 'tip'].map((name) => makeOverlay(frame, name));
-    this.tip.setAttribute('role', 'status');
   }
 
   // Place under a pointer event, not rounded.
@@ -201,6 +206,7 @@ class Inspection {
     event.preventDefault();
     moves[event.key]();
     if (this.place !== null && !['ArrowLeft', 'ArrowRight', 'Home', 'End'].includes(event.key)) this.show(this.place);
+    announce(this.tip);
   }
 }
 

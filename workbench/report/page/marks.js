@@ -44,7 +44,8 @@ function areaLayers(chart) {
     clip: true,
   };
   return [
-    ...layerOf(chart, stacked, { type: 'area', fillOpacity: 0.75 }, withEdge),
+    // A line of the ground parts them, so that they are told apart by more than their colour.
+    ...layerOf(chart, stacked, { type: 'area', fillOpacity: 1, stroke: 'var(--paper)', strokeWidth: 1 }, withEdge),
     ...layerOf(chart, plain, { type: 'area', fillOpacity: 0.25, line }),
   ];
 }

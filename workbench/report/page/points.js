@@ -7,7 +7,6 @@ class PointInspection {
   constructor(frame, chart) {
     Object.assign(this, { frame, chart, at: -1 });
     this.tip = makeOverlay(frame, 'tip');
-    this.tip.setAttribute('role', 'status');
     this.points = chart.series.flatMap((series) =>
       valuesOf(series).flatMap((y, i) => (present(y) && present(placeOf(series, i)) ? [{ series, i }] : [])),
     );
@@ -63,6 +62,7 @@ class PointInspection {
     if (event.ctrlKey || event.altKey || event.metaKey || !moves[event.key] || last < 0) return;
     event.preventDefault();
     moves[event.key]();
+    announce(this.tip);
   }
 }
 
