@@ -227,11 +227,13 @@ TEST(Plots, EqualAxesMakeARoundCircleAndAPanelItsCellsSideBySide) {
   const auto panel =
       linesOf(ChartDocument()
                   .drawing(R"({"h": ["0", "1", "0", "1", "0", "1", "0", "1"], "y": [1, 2, 3, 4, 5, 6, 7, 8],
-                                              "r": ["a", "a", "a", "a", "b", "b", "b", "b"],
-                                              "s": ["a", "a", "b", "b", "a", "a", "b", "b"]})",
+                                              "r": ["first", "first", "first", "first", "second", "second", "second", "second"],
+                                              "s": ["left", "left", "right", "right", "left", "left", "right", "right"]})",
                            {"PANEL: rows(r), columns(s)", "ELEMENT: line(position(h*y))"})
                   .paint());
-  EXPECT_THAT(panel[2], testing::MatchesRegex("a / a {30,}a / b"));
+  EXPECT_THAT(panel, testing::Contains("first"));
+  EXPECT_THAT(panel, testing::Contains("second"));
+  EXPECT_THAT(panel[3], testing::MatchesRegex("left {30,}right"));
   for (const std::string& line : panel) EXPECT_LE(line.size(), 80U);
 }
 

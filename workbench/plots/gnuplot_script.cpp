@@ -24,8 +24,17 @@ constexpr std::string_view kGlyphs = "*#$%@&=";
 constexpr std::string_view kBandGlyphs = ".:+";
 constexpr int kLongestLabel = 16;
 constexpr int kColumnsPerDate = 13;  // six dates on 80 columns
+constexpr double kRowsPerValue = 2.5;
 constexpr int kColumnsPerValue = 7;  // a bar with its value above it
 constexpr int kAxisColumns = 8;      // about what the value axis takes
+
+// The next of 1, 2, 5, 10, ... from a distance on, so that no two labels fall into one row.
+double roundStep(double least) {
+  const double power = std::pow(10.0, std::floor(std::log10(least)));
+  for (const double factor : {1.0, 2.0, 5.0})
+    if (factor * power >= least) return factor * power;
+  return 10 * power;
+}
 
 class ScriptWriter {
  public:
@@ -90,6 +99,8 @@ class ScriptWriter {
     line("set xrange [{}:{}]", frame_.from, frame_.to);
     line("set autoscale yfix");
     if (frame_.low < frame_.high) line("set yrange [{}:{}]", frame_.low, frame_.high);
+    if (frame_.low < frame_.high)
+      line("set ytics {}", roundStep((frame_.high - frame_.low) * kRowsPerValue / size_.height));
   }
 
   void writeTicks() {

@@ -169,10 +169,11 @@ class PlotPainter {
     const std::size_t columns = std::max<std::size_t>(panel.panelColumns.size(), 1);
     std::string text;
     for (std::size_t row = 0; row < panel.cells.size(); row += columns) {
+      text += paintHeading(panel.panelRows[row / columns], style_);
       for (std::size_t column = 0; column < columns; column += across(panel)) {
         std::vector<std::string> blocks;
         for (std::size_t i = row + column; i < row + std::min(column + across(panel), columns); ++i) {
-          const std::string title = shortenText(visibleText(panel.cells[i].spec.title), width, "...");
+          const std::string title = shortenText(panel.panelColumns[i - row], width, "...");
           blocks.push_back(title + '\n' + rows(panel.cells[i], width, output));
         }
         text += sideBySide(blocks, width + kCellGap);
