@@ -23,8 +23,8 @@ struct Footnote {
 struct Cell {
   double value = 0;  // full precision; 0 when missing
   bool missing = true;
-  bool significant = false;
   NumberText shown;
+  bool significant = false;
 };
 
 // Texts are as the document holds them: any bytes. Painters make them harmless.
