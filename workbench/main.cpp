@@ -5,6 +5,7 @@
 #include <string>
 
 #include "workbench/base/errors.h"
+#include "workbench/base/interruption.h"
 #include "workbench/base/standard_streams.h"
 #include "workbench/cli/command_line.h"
 #include "workbench/cli/composed_job.h"
@@ -26,6 +27,7 @@ int dispatch(const workbench::Invocation& invocation) {
 
 int main(int argc, char** argv) {
   workbench::fillClosedStreams();
+  workbench::endOnInterruption();
   std::signal(SIGXFSZ, SIG_IGN);  // a file-size limit is then an error of the write, with a message
   try {
     const int exitCode = dispatch(workbench::parseCommandLine(argc, argv));

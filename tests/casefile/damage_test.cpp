@@ -11,6 +11,7 @@
 #include "tests/dataset/fault.h"
 #include "workbench/base/atomic_file.h"
 #include "workbench/base/errors.h"
+#include "workbench/base/interruption.h"
 #include "workbench/dataset/load.h"
 
 namespace workbench {
@@ -148,6 +149,21 @@ TEST_F(SaveTest, WhatMayNotBeWrittenIsNamed) {
   EXPECT_THAT(replacing, HasSubstr("Permission denied"));
   EXPECT_THAT(folder_.listing(), ElementsAre("open", "out.csv"));
   EXPECT_EQ(contents(target) + contents(guarded), "oldold");
+}
+
+TEST_F(SaveTest, AnInterruptionRemovesWhatIsStagedAndKeepsTheOldFile) {
+  const auto target = folder_.write("out.json", "old");
+  const int status = statusOf(startChild([&] {
+    endOnInterruption();
+    const StagedFile staged(target);
+    std::ofstream(staged.path()) << "half";
+    kill(getpid(), SIGINT);
+    return pause() == 0;
+  }));
+  EXPECT_TRUE(WIFEXITED(status));
+  EXPECT_EQ(WEXITSTATUS(status), 130);
+  EXPECT_THAT(folder_.listing(), ElementsAre("out.json"));
+  EXPECT_EQ(contents(target), "old");
 }
 
 TEST_F(SaveTest, DevicesAreWrittenDirectly) {

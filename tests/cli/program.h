@@ -28,6 +28,7 @@ class Workspace {
   // The shell's redirections come last: "<data.csv", ">/dev/full", ">&-".
   ProgramRun run(const std::vector<std::string>& arguments, const std::string& redirections = "") const;
   std::string read(const std::string& name) const { return workbench::contents(folder_ / name); }
+  std::string folder() const { return folder_.path(); }
   std::vector<std::string> listing() const { return folder_.listing(); }  // names of all files, sorted
 
  private:

@@ -6,6 +6,7 @@
 
 #include <set>
 
+#include "procedures/common/long_work.h"
 #include "procedures/varmodel/syntax/subcommands.h"
 #include "tests/recording/scene.h"
 
@@ -177,6 +178,12 @@ TEST_F(Fetch, SucceedsWithOneCaseAndFailsWithNone) {
   host.columns[0].numbers.clear();
   EXPECT_EQ(fetch({0}, ""), std::pair(0, traceWith("FAILURE")));
   EXPECT_THAT(matrix, testing::IsEmpty());
+}
+
+// This host has neither function of host/long_work.h.
+TEST(LongWork, RunsOnOneThreadInAHostThatDoesNotKnowIt) {
+  EXPECT_EQ(procedures::threadsAllowed(), 1u);
+  EXPECT_FALSE(procedures::hostProgress());
 }
 
 }  // namespace

@@ -71,6 +71,15 @@ void removeStaleFolders(const fs::path& target) {
   }
 }
 
+// Also while another thread writes into it.
+void removeEverything(const fs::path& folder) {
+  std::error_code error;
+  for (int attempt = 0; attempt < 10; ++attempt) {
+    fs::remove_all(folder, error);
+    if (!error) return;
+  }
+}
+
 void requireReplaceable(const fs::path& target) {
   const fs::file_status status = fs::status(target);
   if (fs::is_directory(status) || !target.has_filename()) {
@@ -137,6 +146,7 @@ void StagedFile::makeFolder() {
     std::string pattern = (folderOf(target_) / (stagingPrefix(target_) + "XXXXXX")).string();
     if (mkdtemp(pattern.data()) == nullptr) fail(requested_, errno);
     folder_ = pattern;
+    cleaning_.emplace([folder = folder_] { removeEverything(folder); });
     lock_ = openFolder(folder_);
     if (lock_ >= 0) {
       flock(lock_, LOCK_EX);
@@ -151,6 +161,7 @@ void StagedFile::makeFolder() {
 void StagedFile::removeFolder() noexcept {
   std::error_code ignored;
   if (!folder_.empty()) fs::remove_all(folder_, ignored);
+  cleaning_.reset();
   folder_.clear();
   if (lock_ >= 0) close(std::exchange(lock_, -1));
 }

@@ -7,8 +7,11 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
+
+#include "workbench/base/interruption.h"
 
 namespace workbench {
 
@@ -51,6 +54,7 @@ class StagedFile {
   std::filesystem::path staged_;
   int lock_ = -1;
   bool durable_ = false;
+  std::optional<DueCleaning> cleaning_;
 };
 
 // Writes a whole file; a device or pipe is written directly. Throws OutputError with place, reason and remedy.

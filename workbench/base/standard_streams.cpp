@@ -31,6 +31,11 @@ void fillClosedStreams() {
   }
 }
 
+int userErrorStream() {
+  static const int stream = fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+  return stream;
+}
+
 void writeStandardOutput(std::string_view bytes) {
   std::cout.flush();
   if (std::fflush(stdout) != 0) failStandardOutput(std::string(": ") + std::strerror(errno));

@@ -14,6 +14,9 @@ inline constexpr const char* kStandardStream = "-";
 // file that is opened would take their place and what is shown would go into it.
 void fillClosedStreams();
 
+// A descriptor of standard error as it was at the first call, also while the stream is led elsewhere.
+int userErrorStream();
+
 // Writes the bytes, after what C's and C++'s streams still hold. Throws OutputError.
 void writeStandardOutput(std::string_view bytes);
 

@@ -22,6 +22,9 @@ void addOutputOptions(CLI::App& app, OutputOptions& options) {
       ->type_name("CODE");
   app.add_flag("--plots", options.plots, "Draw the charts in the terminal too (needs gnuplot)");
   app.add_flag("--summary", options.summary, "Print the plain-text summary of all results");
+  app.add_option("--jobs", options.jobs, "Threads for long computations (default: 1); the numbers are the same")
+      ->type_name("N")
+      ->check(CLI::Range(1, kMostJobs));
   app.add_flag("--timings", options.timings, "Print one line a stage to standard error");
   auto* quiet = app.add_flag(
       "-q,--quiet", [&options](std::int64_t) { options.verbosity = Verbosity::quiet; },

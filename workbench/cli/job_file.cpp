@@ -11,6 +11,7 @@
 #include "workbench/base/suggest.h"
 #include "workbench/cli/data_options.h"
 #include "workbench/cli/job.h"
+#include "workbench/cli/options.h"
 #include "workbench/cli/toml_reader.h"
 
 namespace workbench {
@@ -152,12 +153,21 @@ void readData(const TomlSection& top, Job& job) {
   }
 }
 
+void readJobs(const TomlSection& top, Job& job) {
+  const auto jobs = top.integer("jobs");
+  if (!jobs) return;
+  if (*jobs < 1 || *jobs > kMostJobs) {
+    top.fail("jobs", "must be a number of threads from 1 to " + std::to_string(kMostJobs) + ", such as 2.");
+  }
+  job.jobs = static_cast<int>(*jobs);
+}
+
 }  // namespace
 
 Job readJobFile(const std::filesystem::path& file) {
   const toml::table table = parseToml(file);
   const TomlSection top(table, nameOf(file), "",
-                        {"command", "data", "variables", "dates", "predict", "weight", "split"});
+                        {"command", "data", "variables", "dates", "predict", "weight", "split", "jobs"});
   Job job;
   job.file = file;
   job.baseFolder = file.parent_path();
@@ -168,6 +178,7 @@ Job readJobFile(const std::filesystem::path& file) {
   readDictionary(top, job);
   readDates(top, job);
   readPredict(top, job);
+  readJobs(top, job);
   if (const auto weight = top.text("weight")) job.weight = *weight;
   if (auto split = top.texts("split")) job.split = std::move(*split);
   return job;

@@ -47,6 +47,7 @@ CallInput surroundings(const Job& job, const OutputOptions& options) {
   claimOutputFiles(options, input);
   input.composed = job.file.empty();
   input.baseFolder = job.baseFolder;
+  input.threads = options.jobs.value_or(job.jobs);
   return input;
 }
 

@@ -14,6 +14,8 @@
 
 namespace workbench {
 
+inline constexpr int kMostJobs = 1024;
+
 enum class Verbosity { quiet, normal, verbose };
 
 // Options that `run` and `fit` share.
@@ -26,6 +28,7 @@ struct OutputOptions {
   bool plots = false;           // draw the charts in the terminal
   bool summary = false;         // print the procedure's text summary
   bool timings = false;         // one line a stage on stderr
+  std::optional<int> jobs;      // threads that procedures may compute on
   Verbosity verbosity = Verbosity::normal;
   std::vector<std::string> commandLine;  // as given, for the record
 

@@ -5,11 +5,13 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <memory>
 #include <utility>
 
 #include "workbench/base/standard_streams.h"
 #include "workbench/cli/job_input.h"
 #include "workbench/cli/job_runs.h"
+#include "workbench/cli/progress_line.h"
 #include "workbench/cli/report_file.h"
 #include "workbench/cli/run_description.h"
 #include "workbench/cli/run_record.h"
@@ -63,6 +65,11 @@ void writeFiles(const RunDescription& description, const std::vector<ToldRun>& r
   }
 }
 
+// None where only errors are wanted.
+std::unique_ptr<ProgressLine> progressLine(const OutputOptions& options) {
+  return options.verbosity == Verbosity::quiet ? nullptr : std::make_unique<ProgressLine>();
+}
+
 void print(const StageSeconds& stages) {
   for (const auto& [stage, seconds] : stages) {
     std::fputs(fmt::format("timing {} {:.6f}\n", stage, seconds).c_str(), stderr);
@@ -76,10 +83,16 @@ int runJob(const Job& job, const OutputOptions& options) {
   for (const std::string& text : splitCommands(job.command)) commandOf(text);  // an unknown one needs no data
   JobInput input = prepareInput(job, options);
   RunDescription description = describeRun(job, options, input);
+  auto progress = progressLine(options);
+  input.call.progress = [&](double share) {
+    if (progress) progress->show(share);
+    return true;
+  };
   CommandRunner runner(std::move(input.call),
                        {.scale = job.scale, .complete = job.complete, .summary = options.summary});
   const double load = total.seconds();
   const std::vector<ToldRun> runs = runCommands(job, runner);
+  progress.reset();
 
   const Stopwatch render;
   StageSeconds stages = stagesOf(runs);

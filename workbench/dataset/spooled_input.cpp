@@ -53,7 +53,7 @@ void removeFile(const fs::path& file) {
 
 }  // namespace
 
-SpooledInput::SpooledInput() : path_(newTemporaryFile()) {
+SpooledInput::SpooledInput() : path_(newTemporaryFile()), cleaning_([path = path_] { removeFile(path); }) {
   try {
     copyStandardInput(path_);
   } catch (...) {

@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <string_view>
 
+#include "workbench/base/interruption.h"
+
 namespace workbench {
 
 class SpooledInput {
@@ -21,6 +23,7 @@ class SpooledInput {
 
  private:
   std::filesystem::path path_;
+  DueCleaning cleaning_;
 };
 
 }  // namespace workbench

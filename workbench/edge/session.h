@@ -8,6 +8,7 @@
 #include <array>
 #include <chrono>
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -59,6 +60,9 @@ struct CallInput {
   std::filesystem::path dictionaryFolder;
   std::filesystem::path baseFolder;   // relative SAVE paths start here
   std::vector<TakenFile> takenFiles;  // that a saved file must not overwrite
+  int threads = 1;                    // that a procedure may compute on
+  // Told the share of a piece of work that is done, by any thread; false stops the run. May be empty.
+  std::function<bool(double)> progress;
 };
 
 // What the parser and the procedure leave.
