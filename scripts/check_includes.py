@@ -34,6 +34,8 @@ ALLOWED = {
     "workbench/report": {*PURE, "workbench/render"},
     "workbench/plots": {*PURE, "workbench/render"},
     "workbench/commands/common": {*PURE, "workbench/edge", "workbench/render"},
+    "workbench/commands/fit": {"workbench/commands/common", "workbench/commands/varmodel", "workbench/commands/vardynamics",
+                               *PURE, "workbench/edge", "workbench/render"},
     "workbench/commands": {*PURE},
     "workbench/cli": {*PURE, "workbench/edge", "workbench/render", "workbench/report", "workbench/plots",
                       "workbench/commands"},

@@ -67,7 +67,7 @@ std::string german(double value) {
 class DataRemedies : public testing::Test {
  protected:
   ProgramRun fit(const std::string& file, std::vector<std::string> more = {}) const {
-    std::vector<std::string> words{"fit", file, "--endogenous", "x", "y", "--maxlag", "1"};
+    std::vector<std::string> words{"fit", file, "--endogenous", "x", "y", "--maxlag", "1", "--model-only"};
     words.insert(words.end(), more.begin(), more.end());
     return space.run(words);
   }

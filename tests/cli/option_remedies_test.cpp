@@ -44,8 +44,8 @@ const Words dates = {"--start", "year=1959", "quarter=1"};
 
 std::vector<Mistake> mistakesOfAnalyze() {
   return {
-      {"Lag", {"--lag", "80"}, "too short for --lag 80"},
-      {"Maxlag", {"--maxlag", "80"}, "the largest usable lag is 66. Give --maxlag 66."},
+      {"Lag", {"--lag", "80", "--bands", "none"}, "too short for --lag 80"},
+      {"Maxlag", {"--maxlag", "80", "--bands", "none"}, "the largest usable lag is 66. Give --maxlag 66."},
       {"Range", {"--minlag", "5", "--maxlag", "2"}, "--minlag 5 is greater than --maxlag 2. Give --minlag 2 or less."},
       {"Bound", {"--lag", "0"}, "--lag takes a number of at least 1;", {"--lag", "1"}},
       {"Level", {"--cilevel", "100"}, "--cilevel is a percentage above 0 and below 100. Give --cilevel 95."},
@@ -54,6 +54,10 @@ std::vector<Mistake> mistakesOfAnalyze() {
       {"File", {"--save", "r.txt"}, "--save has no file that can be written. Give --save 'results.csv'."},
       {"Future", {"--exogenous", "infl", "--predict", "3"}, "or leave out --predict.", {"--exogenous", "infl"}},
       {"Twice", {"--exogenous", "realgdp"}, "\"realgdp\" is listed in --endogenous already.", {"--exogenous", "infl"}},
+      {"Draws",
+       {"--lag", "66", "--bands", "bootstrap"},
+       "Use a smaller lag, or give --bands none.",
+       {"--lag", "66", "--bands", "none"}},
       {"Horizon", {"--predict", "2000"}, "--predict takes a number from 1 to 1000;", {"--predict", "1000"}},
   };
 }
@@ -126,7 +130,7 @@ TEST_F(OptionRemedies, LeaveNamesOfVariablesAndCommandsOfJobsAlone) {
 
 TEST_F(OptionRemedies, LagOfFitIsANumberOrTheNamesOfCriteria) {
   const auto fit = [&](const Words& words) {
-    return space.run(with(with({"fit", "us_macro_quarterly.csv"}, series), words)).out;
+    return space.run(with(with({"fit", "us_macro_quarterly.csv", "--all", "--model-only"}, series), words)).out;
   };
   EXPECT_THAT(fit({"--lag", "3"}), HasSubstr("LAG=[BIC] MINLAG=3 MAXLAG=3\n"));
   EXPECT_THAT(fit({"--select", "aic", "hqic", "--maxlag", "3"}), HasSubstr("LAG=[AIC HQIC] MAXLAG=3\n"));

@@ -114,6 +114,8 @@ TEST_F(SeveralCommands, FitChoosesTheLagAndThenShowsEverythingForIt) {
                                      "realcons",
                                      "--maxlag",
                                      "5",
+                                     "--model-only",
+                                     "--all",
                                      "--lag",
                                      "aic",
                                      "hqic",
@@ -147,16 +149,17 @@ TEST_F(SeveralCommands, FitChoosesTheLagAndThenShowsEverythingForIt) {
   EXPECT_TRUE(output.record()["run"]["commands"][0]["savedFiles"].Empty());
   EXPECT_THAT(space.listing(), testing::Contains("out.csv"));
   // One lag needs no choice.
-  const ProgramRun single = space.run({"fit", "us_macro_quarterly.csv", "--endogenous", "realgdp", "realcons",
-                                       "--minlag", "2", "--maxlag", "2", "--json", "out.json"});
+  const ProgramRun single = space.run({"fit", "us_macro_quarterly.csv", "--endogenous", "realgdp", "realcons", "--lag",
+                                       "2", "--json", "out.json", "--model-only"});
   EXPECT_EQ(OutputDocument(space.read("out.json")).record()["documents"].Size(), 1u);
   EXPECT_THAT(single.out, AllOf(HasSubstr("Goodness of Fit"), Not(HasSubstr("Command 2"))));
 }
 
 TEST_F(SeveralCommands, FitChoosesTheLagInALargerUnitWhereItsOwnIsTooSmall) {
-  const ProgramRun seen = space.run({"fit", "us_macro_quarterly.csv", "--query",
-                                     "SELECT ln(realgdp) AS gdp, ln(realcons) AS cons, ln(realinv) AS inv FROM source",
-                                     "--endogenous", "gdp", "cons", "inv", "--maxlag", "3", "--json", "out.json"});
+  const ProgramRun seen =
+      space.run({"fit", "us_macro_quarterly.csv", "--query",
+                 "SELECT ln(realgdp) AS gdp, ln(realcons) AS cons, ln(realinv) AS inv FROM source", "--endogenous",
+                 "gdp", "cons", "inv", "--maxlag", "3", "--json", "out.json", "--model-only"});
   EXPECT_EQ(seen.exitCode, 0) << seen.err;
   const OutputDocument output(space.read("out.json"));
   ASSERT_EQ(output.record()["documents"].Size(), 2u);

@@ -27,7 +27,7 @@ class Streams : public testing::Test {
 
   ProgramRun fit(const std::string& source, std::vector<std::string> options, const std::string& redirections = "") {
     options.insert(options.begin(),
-                   {"fit", source, "--endogenous", "realgdp", "realcons", "--minlag", "2", "--maxlag", "2"});
+                   {"fit", source, "--endogenous", "realgdp", "realcons", "--lag", "2", "--model-only"});
     return space.run(options, redirections);
   }
 

@@ -6,7 +6,7 @@
 #include "workbench/commands/common/analysed_rows.h"
 #include "workbench/commands/common/command_runner.h"
 #include "workbench/commands/common/run_messages.h"
-#include "workbench/commands/varmodel/fit_composer.h"
+#include "workbench/commands/fit/fit_composer.h"
 #include "workbench/commands/varmodel/usable_lag.h"
 #include "workbench/commands/varmodel/varmodel_command.h"
 
@@ -36,7 +36,12 @@ class Told : public testing::Test {
 
   // The run with what was given up to here.
   FinishedRun finished() {
-    FinishedRun run{command_, input_, "VARMODEL /MODEL", 1.0, false, false, {}, streams_, {}};
+    FinishedRun run{.command = command_,
+                    .input = input_,
+                    .text = "VARMODEL /MODEL",
+                    .record = {},
+                    .streams = streams_,
+                    .outcome = {}};
     static_cast<CallRecord&>(run.record) = std::move(record_);
     run.outcome = command_.outcome(run.record, run.streams);
     return run;
@@ -308,7 +313,7 @@ TEST(UsableLag, LeavesAsManyRowsAsSeries) {
        {std::pair<std::size_t, std::int64_t>{3, 0}, {6, 0}, {7, 1}, {9, 1}, {10, 2}, {78, 24}, {79, 25}, {500, 25}}) {
     input.dataset.rowCount = rows;
     for (Column& column : input.dataset.columns) column.numbers.assign(rows, 1.0);
-    FinishedRun run{command, input, "", 1.0, false, false, {}, {}, {}};
+    FinishedRun run{.command = command, .input = input, .text = "", .record = {}, .streams = {}, .outcome = {}};
     run.record.passes.resize(1);
     run.record.requestedLists = {{"MODEL ENDOGENOUS", {"a", "b"}}, {"MODEL EXOGENOUS", {"x"}}};
     run.record.requestedNumbers["MODEL MAXLAG"] = static_cast<double>(lag);
@@ -324,9 +329,10 @@ TEST(UsableLag, LeavesAsManyRowsAsSeries) {
 
 TEST(FitComposer, ComposesWhatItsOptionsAskFor) {
   const auto composed = [](std::vector<std::string> words, std::optional<long> periods) {
-    varmodel::FitComposer composer;
+    FitComposer composer;
     CLI::App app;
     composer.addOptions(app);
+    words.emplace_back("--model-only");
     std::reverse(words.begin(), words.end());  // as the parser takes them
     app.parse(words);
     return composer.compose({.predictPeriods = periods});

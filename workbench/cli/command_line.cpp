@@ -55,23 +55,23 @@ void addComposer(CLI::App& program, ComposeOptions& options) {
       ->type_name("UNIT=N")
       ->excludes(column);
   addDataOptions(*app, options.reading);
+  app->add_flag("--all", options.output.everything,
+                "Show every table and the commands in the terminal, not the main ones");
   addOutputOptions(*app, options.output);
 }
 
-// Those of all commands that have one. The parser writes into them: they must not move while it lives.
-std::vector<ComposeOptions> composers() {
-  std::vector<ComposeOptions> found;
-  for (const auto& command : commands()) {
-    if (std::unique_ptr<Composer> composer = command->composer()) found.emplace_back().composer = std::move(composer);
-  }
-  return found;
+// The parser writes into them: they must not move while it lives.
+std::vector<ComposeOptions> composedJobs() {
+  std::vector<ComposeOptions> jobs;
+  for (std::unique_ptr<Composer>& composer : composers()) jobs.emplace_back().composer = std::move(composer);
+  return jobs;
 }
 
 }  // namespace
 
 Invocation parseCommandLine(int argc, const char* const* argv) {
   RunOptions run;
-  std::vector<ComposeOptions> composed = composers();
+  std::vector<ComposeOptions> composed = composedJobs();
   CLI::App program("Vector autoregression: fit, diagnose, forecast, report.", "varmodel");
   program.set_version_flag("--version", VARMODEL_VERSION);
   program.require_subcommand(1);

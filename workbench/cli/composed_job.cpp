@@ -6,6 +6,7 @@
 
 #include "workbench/base/errors.h"
 #include "workbench/cli/screen.h"
+#include "workbench/cli/short_form.h"
 
 namespace workbench {
 
@@ -45,7 +46,7 @@ Job makeComposedJob(const ComposeOptions& options) {
   if (!options.start.empty()) dates.start = readStart(options.start);
   dates.column = options.dateColumn;
   if (!dates.start.empty() || !dates.column.empty()) job.dates = std::move(dates);
-  if (options.output.showsOutput()) showLine(job.command);
+  if (options.output.showsOutput() && !showsShortForm(job, options.output)) showLine(job.command);
   return job;
 }
 

@@ -16,14 +16,21 @@ namespace workbench {
 
 namespace {
 
+void addWhatIsKnown(const Composer& composer, ToldRun& told) {
+  if (told.hasOutput()) composer.present(told.run, told.view);
+  const std::string hint = told.run.outcome.succeeded ? "" : composer.hint(told.run);
+  if (!hint.empty()) told.messages.push_back({RunMessage::Kind::hint, hint});
+}
+
 ToldRun tell(FinishedRun run, CommandRunner& runner, const Composer* composer = nullptr) {
   ToldRun told{std::move(run), 0, {}, {}};
   told.messages = collectMessages(told.run, runner);
   for (RunMessage& message : told.messages) {
     if (composer == nullptr || message.kind == RunMessage::Kind::note) continue;
-    message.text = inOptions(message.text, composer->optionWords(), runner.input().dataset);
+    message.text = inOptions(message.text, composer->optionWords(told.run), runner.input().dataset);
   }
   if (told.hasOutput()) told.view = told.run.command.view(told.run);
+  if (composer != nullptr) addWhatIsKnown(*composer, told);
   return told;
 }
 
@@ -60,14 +67,14 @@ std::vector<ToldRun> runAll(const std::vector<std::string>& texts, CommandRunner
 
 std::vector<ToldRun> runComposed(const Job& job, CommandRunner& runner) {
   std::vector<ToldRun> runs;
-  NextRun next{job.command, job.composer->firstSettings(runner.settings()), false};
+  NextRun next{.text = job.command, .settings = job.composer->firstSettings(runner.settings())};
   for (bool more = true; more;) {
     FinishedRun run = runner.run(commandOf(next.text), next.text, next.settings);
     const std::optional<NextRun> following = job.composer->next(run, runner);
     more = following.has_value();
     if (more) next = *following;
     if (more && next.replaces) continue;
-    run.followed = more;
+    run.followed = more && next.showsChoice;
     runs.push_back(tell(std::move(run), runner, job.composer.get()));
   }
   return runs;
@@ -100,10 +107,10 @@ std::vector<ToldRun> runCommands(const Job& job, CommandRunner& runner) {
     runs = job.composer ? runComposed(job, runner) : runAll(texts, runner);
     number(runs);
   }
-  addJobNotes(job, runner.input().dataset, runs.front());
   for (ToldRun& told : runs) {
     for (RunMessage& message : told.messages) message.command = told.number;
   }
+  addJobNotes(job, runner.input().dataset, runs.front());
   return runs;
 }
 

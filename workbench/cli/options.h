@@ -26,6 +26,7 @@ struct OutputOptions {
   std::filesystem::path trace;  // the procedure's trace lines
   std::string language = "en";  // of titles, labels, messages and numbers
   bool plots = false;           // draw the charts in the terminal
+  bool everything = false;      // of a composed job all tables are shown in the terminal
   bool summary = false;         // print the procedure's text summary
   bool timings = false;         // one line a stage on stderr
   std::optional<int> jobs;      // threads that procedures may compute on

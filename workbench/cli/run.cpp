@@ -16,6 +16,7 @@
 #include "workbench/cli/run_description.h"
 #include "workbench/cli/run_record.h"
 #include "workbench/cli/screen.h"
+#include "workbench/cli/short_form.h"
 #include "workbench/commands/registry.h"
 #include "workbench/edge/texts.h"
 #include "workbench/language/command_list.h"
@@ -70,6 +71,12 @@ std::unique_ptr<ProgressLine> progressLine(const OutputOptions& options) {
   return options.verbosity == Verbosity::quiet ? nullptr : std::make_unique<ProgressLine>();
 }
 
+void show(const Job& job, const std::vector<ToldRun>& runs, const OutputOptions& options) {
+  const bool isShort = showsShortForm(job, options);
+  if (isShort && options.showsOutput()) showShortForm(job, runs, options);
+  for (const ToldRun& told : runs) isShort ? showRest(told, options) : showRun(told, options);
+}
+
 void print(const StageSeconds& stages) {
   for (const auto& [stage, seconds] : stages) {
     std::fputs(fmt::format("timing {} {:.6f}\n", stage, seconds).c_str(), stderr);
@@ -98,7 +105,7 @@ int runJob(const Job& job, const OutputOptions& options) {
   StageSeconds stages = stagesOf(runs);
   stages.insert(stages.begin(), {"load", load});
   if (options.timings) description.seconds = stages;
-  for (const ToldRun& told : runs) showRun(told, options);
+  show(job, runs, options);
   writeFiles(description, runs, options);
   stages.push_back({"render", render.seconds()});
   stages.push_back({"total", total.seconds()});

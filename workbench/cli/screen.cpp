@@ -96,6 +96,14 @@ bool isForStandardError(const RunMessage& message, const OutputOptions& options)
 
 }  // namespace
 
+TerminalStyle outputStyle() {
+  return styleOf(STDOUT_FILENO);
+}
+
+void showText(const std::string& text) {
+  put(stdout, text);
+}
+
 void showLine(const std::string& text) {
   writeStandardOutput(text + "\n");
 }
@@ -105,10 +113,13 @@ void showError(const std::string& text) {
 }
 
 void showRun(const ToldRun& told, const OutputOptions& options) {
-  const FinishedRun& run = told.run;
-  if (options.verbosity == Verbosity::verbose) put(stderr, run.streams.out + run.streams.err);
+  if (options.verbosity == Verbosity::verbose) put(stderr, told.run.streams.out + told.run.streams.err);
   if (options.showsOutput() && told.hasOutput()) showOutput(told, options);
-  if (options.summary) showSummary(run);
+  showRest(told, options);
+}
+
+void showRest(const ToldRun& told, const OutputOptions& options) {
+  if (options.summary) showSummary(told.run);
   std::fflush(stdout);
   for (const RunMessage& message : told.messages) {
     if (!isForStandardError(message, options)) continue;

@@ -5,12 +5,18 @@
 
 #include "workbench/cli/job_runs.h"
 #include "workbench/cli/options.h"
+#include "workbench/render/terminal.h"
 
 namespace workbench {
 
-// With -q only what explains a failure is shown.
+// Everything. With -q only what explains a failure is shown.
 void showRun(const ToldRun& told, const OutputOptions& options);
+// The same without trace and output: summary and messages.
+void showRest(const ToldRun& told, const OutputOptions& options);
 
+// How standard output is written to.
+TerminalStyle outputStyle();
+void showText(const std::string& text);
 // A line on standard output. Throws OutputError.
 void showLine(const std::string& text);
 

@@ -4,6 +4,7 @@
 
 #include "workbench/base/errors.h"
 #include "workbench/base/suggest.h"
+#include "workbench/commands/fit/fit_composer.h"
 #include "workbench/commands/vardynamics/vardynamics_command.h"
 #include "workbench/commands/varmodel/varmodel_command.h"
 #include "workbench/dataset/dataset.h"
@@ -37,6 +38,15 @@ const std::vector<std::unique_ptr<Command>>& commands() {
 
 void registerCommand(std::unique_ptr<Command> command) {
   registered().push_back(std::move(command));
+}
+
+std::vector<std::unique_ptr<Composer>> composers() {
+  std::vector<std::unique_ptr<Composer>> found;
+  found.push_back(std::make_unique<FitComposer>());
+  for (const auto& command : commands()) {
+    if (std::unique_ptr<Composer> composer = command->composer()) found.push_back(std::move(composer));
+  }
+  return found;
 }
 
 const Command& commandOf(std::string_view text) {

@@ -62,7 +62,8 @@ SpooledInput::SpooledInput() : path_(newTemporaryFile()), cleaning_([path = path
   }
 }
 
-SpooledInput::SpooledInput(std::string_view text) : path_(newTemporaryFile()) {
+SpooledInput::SpooledInput(std::string_view text)
+    : path_(newTemporaryFile()), cleaning_([path = path_] { removeFile(path); }) {
   try {
     FileSink sink(path_, path_);
     sink.write(text);

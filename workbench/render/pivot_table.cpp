@@ -115,6 +115,12 @@ void markSignificant(PivotTable& table, const std::string& label, double level) 
   }
 }
 
+std::vector<std::string> takeHeadline(PivotTable& table, const DocumentView& view) {
+  std::vector<std::string> sentences = takeUnmarkedFootnotes(table);
+  for (const auto& [said, instead] : view.saidOtherwise) std::ranges::replace(sentences, said, instead);
+  return sentences;
+}
+
 std::vector<DocumentItem> documentItems(const Value& document, const Language& language) {
   std::vector<DocumentItem> items;
   const Value* list = itemsOf(document);

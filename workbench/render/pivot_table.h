@@ -7,6 +7,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -63,6 +64,8 @@ struct DocumentView {
   std::set<std::size_t> leadingCharts;
   // The level of the command's tests. With one, what lies below it in columns of p-values is set off.
   std::optional<double> testLevel;
+  // Sentences of the headline, and what stands for them.
+  std::vector<std::pair<std::string, std::string>> saidOtherwise;
 };
 
 using DocumentItem = std::variant<PivotTable, ChartItem>;
@@ -72,6 +75,8 @@ PivotTable readPivotTable(const rapidjson::Value& item, const Language& language
 
 // Takes the footnotes that nothing refers to out of a table.
 std::vector<std::string> takeUnmarkedFootnotes(PivotTable& table);
+// The same of the headline's table, as the view says them.
+std::vector<std::string> takeHeadline(PivotTable& table, const DocumentView& view);
 
 // Marks what lies below the level in the columns of this label.
 void markSignificant(PivotTable& table, const std::string& label, double level);

@@ -212,6 +212,16 @@ std::string paintTerminal(const PivotTable& table, const TerminalStyle& style) {
   return TablePainter(table, style).paint();
 }
 
+std::string paintHeadlineTerminal(const rapidjson::Document& document, const TerminalStyle& style,
+                                  const Language& language, const DocumentView& view) {
+  std::size_t next = 0;
+  for (DocumentItem& item : documentItems(document, language)) {
+    auto* table = std::get_if<PivotTable>(&item);
+    if (view.headline == next++ && table != nullptr) return headlineBlock(takeHeadline(*table, view), style, language);
+  }
+  return {};
+}
+
 std::string paintDocumentTerminal(const rapidjson::Document& document, const TerminalStyle& style,
                                   const Language& language, const DocumentView& view) {
   std::vector<std::string> blocks{paintHeading(language.tr(textProperty(document, "procedure")), style) +
@@ -225,7 +235,7 @@ std::string paintDocumentTerminal(const rapidjson::Document& document, const Ter
     const std::string below = notes == view.notes.end() ? "" : noteLines(notes->second, style, language);
     if (auto* table = std::get_if<PivotTable>(&item)) {
       if (view.headline == place)
-        blocks.insert(blocks.begin() + 1, headlineBlock(takeUnmarkedFootnotes(*table), style, language));
+        blocks.insert(blocks.begin() + 1, headlineBlock(takeHeadline(*table, view), style, language));
       blocks.push_back(paintTerminal(*table, style) + below);
     }
     if (const auto* chart = std::get_if<ChartItem>(&item)) charts += chartLine(*chart, style, language);

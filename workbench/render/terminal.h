@@ -23,6 +23,10 @@ std::string paintTerminal(const PivotTable& table, const TerminalStyle& style);
 // Any text as a title: wrapped lines, bold where the style has colour; nothing for an empty text.
 std::string paintHeading(const std::string& text, const TerminalStyle& style);
 
+// The headline alone; nothing when the view has none.
+std::string paintHeadlineTerminal(const rapidjson::Document& document, const TerminalStyle& style,
+                                  const Language& language, const DocumentView& view);
+
 // The document's heading, its headline, its tables with the notes below them, and a list of its charts.
 std::string paintDocumentTerminal(const rapidjson::Document& document, const TerminalStyle& style,
                                   const Language& language = {}, const DocumentView& view = {});

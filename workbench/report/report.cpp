@@ -177,7 +177,7 @@ class Page {
   void addOpening(const ReportOutput& output) {
     const DocumentView& view = output.view;
     forItems(output, [&](const Json& item, std::size_t place) {
-      if (view.headline == place) addHeadline(readPivotTable(item, input_.language), view.testLevel.has_value());
+      if (view.headline == place) addHeadline(readPivotTable(item, input_.language), view);
     });
     if (view.leadingCharts.empty()) return;
     main_ += "<div class=\"leading\">\n";
@@ -187,13 +187,13 @@ class Page {
     main_ += "</div>\n";
   }
 
-  void addHeadline(PivotTable table, bool marksSignificance) {
+  void addHeadline(PivotTable table, const DocumentView& view) {
     const std::string title = htmlText(input_.language.tr("At a Glance"));
     std::string list;
-    for (const std::string& sentence : takeUnmarkedFootnotes(table))
+    for (const std::string& sentence : takeHeadline(table, view))
       list += fmt::format("<li><bdi>{}</bdi></li>\n", htmlText(tiedNumbers(sentence)));
     addSection(fmt::format("headline-{}", ++headlines_), "headline", title,
-               fmt::format("<h2>{}</h2>\n<ul>\n{}</ul>\n{}", title, list, marksSignificance ? boldRemark() : ""));
+               fmt::format("<h2>{}</h2>\n<ul>\n{}</ul>\n{}", title, list, view.testLevel ? boldRemark() : ""));
   }
 
   std::string boldRemark() const {

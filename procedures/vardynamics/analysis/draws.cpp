@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <stdexcept>
 #include <string>
 #include <utility>
 
@@ -93,7 +94,14 @@ const engine::BootstrapDraws& Draws::get() {
                                 .resample = wild ? engine::Resample::wild : engine::Resample::residual,
                                 .jobs = work_.jobs,
                                 .progress = work_.progress});
-  if (!draws.run()) throw Stopped();
+  bool finished = false;
+  try {
+    finished = draws.run();
+  } catch (const std::runtime_error&) {
+    fail("No draw of the model can be fitted: lag ^1 leaves too few rows. Use a smaller lag, or give BANDS=NONE.",
+         {std::to_string(model_.lag())});
+  }
+  if (!finished) throw Stopped();
   return draws_.emplace(std::move(draws));
 }
 

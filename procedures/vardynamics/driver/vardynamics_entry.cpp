@@ -10,6 +10,7 @@
 #include "host/command_parser.h"
 #include "host/parser_message.h"
 #include "host/procedure.h"
+#include "procedures/common/long_work.h"
 #include "procedures/vardynamics/analysis/analysis.h"
 #include "procedures/vardynamics/data/user_error.h"
 #include "procedures/vardynamics/output/write_document.h"
@@ -78,7 +79,8 @@ void runCommand() {
   if (!steps.run(3, validate)) return;
 
   std::optional<Analysis> analysis;
-  if (!steps.run(4, [&] { return analysis = analyse(settings, observations), done(); })) return;
+  const Work work{.jobs = procedures::threadsAllowed(), .progress = procedures::hostProgress()};
+  if (!steps.run(4, [&] { return analysis = analyse(settings, observations, work), done(); })) return;
 
   const auto output = [&] {
     const Texts texts;

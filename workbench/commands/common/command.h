@@ -77,6 +77,7 @@ struct FinishedRun {
   std::string text;       // of the command
   double scale = 1.0;     // the factor of the variables of its scaledLists()
   bool complete = false;  // incomplete cases were hidden from the procedure
+  bool predicts = true;   // the procedure saw the session's PREDICT target
   bool followed = false;  // a further command shows everything for what this one chose
   CallRecord record;
   CapturedStreams streams;

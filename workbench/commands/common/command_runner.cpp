@@ -35,8 +35,12 @@ FinishedRun CommandRunner::call(const Command& command, bool parseOnly) {
   session_.parseOnly = parseOnly;
   static_cast<CallRecord&>(session_) = {};
   CapturedStreams streams = module->call(session_);
-  FinishedRun run{
-      command, session_, withoutLeadingBlanks(session_.commandText), 1.0, false, false, {}, std::move(streams), {}};
+  FinishedRun run{.command = command,
+                  .input = session_,
+                  .text = withoutLeadingBlanks(session_.commandText),
+                  .record = {},
+                  .streams = std::move(streams),
+                  .outcome = {}};
   run.record = std::move(static_cast<CallRecord&>(session_));
   run.outcome = command.outcome(run.record, run.streams);
   return run;
@@ -68,6 +72,7 @@ FinishedRun CommandRunner::run(const Command& command, const std::string& text, 
   session_.trends = trends;
   finished.scale = session_.savedScale;
   finished.complete = settings.complete;
+  finished.predicts = settings.predicts;
   return finished;
 }
 

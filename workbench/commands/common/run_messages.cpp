@@ -28,6 +28,7 @@ void addProcedureMessages(const FinishedRun& run, CommandRunner& runner, std::ve
   for (const Message& message : distinct(run.record.messages)) {
     const Kind kind = message.kind == Message::Kind::error ? Kind::error : Kind::warning;
     const Advice advice = run.command.advice(message.text, run, runner);
+    if (advice.unasked && !run.predicts) continue;  // another run of the job forecasts
     result.push_back({kind, run.input.language.translate(message.text), !advice.unasked});
     if (!advice.hint.empty()) result.push_back({Kind::hint, advice.hint, !advice.unasked});
   }

@@ -21,6 +21,13 @@ struct AnalyzeOptions {
   std::string deterministic = {};  // likewise
   bool seasonal = false;
   bool conditional = false;
+  std::optional<int> shockHorizon = {};
+  std::vector<std::string> order = {};
+  std::vector<std::string> cumulative = {};
+  std::string bands = {};  // upper-case keyword; empty: the procedure's default
+  std::optional<int> replications = {};
+  std::optional<int> seed = {};
+  bool backtest = false;
   std::vector<double> levels = {};
   std::string saveFile = {};
   bool includeUserMissing = false;
@@ -35,10 +42,17 @@ class AnalyzeComposer final : public Composer {
   }
   void addOptions(CLI::App& app) override;
   std::string compose(const ComposerRequest& request) override;
-  std::vector<OptionWord> optionWords() const override;
+  std::vector<OptionWord> optionWords(const FinishedRun& run) const override;
+  std::vector<std::string> shortForm() const override;
+
+  // Those of shocks, decompositions, back-test and draws alone.
+  void addShockOptions(CLI::App& app);
+  AnalyzeOptions& options() { return options_; }
+  std::optional<int> lag() const { return options_.lag; }
 
  private:
   std::string modelSubcommand() const;
+  std::string shockSubcommands() const;
 
   AnalyzeOptions options_;
 };

@@ -61,7 +61,7 @@ std::string hintFor(const std::string& message, const FinishedRun& run, CommandR
 }  // namespace
 
 Advice adviceFor(const std::string& message, const FinishedRun& run, CommandRunner& runner) {
-  if (message.starts_with("The forecast table is not created") && !run.input.trends.predictSet) {
+  if (message.starts_with("The forecast table is not created") && !(run.input.trends.predictSet && run.predicts)) {
     return unaskedForecast(run);
   }
   return {hintFor(message, run, runner)};

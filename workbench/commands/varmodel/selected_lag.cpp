@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "workbench/commands/varmodel/usable_lag.h"
+#include "workbench/edge/texts.h"
 
 namespace workbench::varmodel {
 
@@ -30,6 +31,19 @@ int selectedLag(const FinishedRun& run) {
     if (std::sscanf(text.c_str(), "The selected lag %d is below MAXLAG", &selected) == 1) break;
   }
   return selected;
+}
+
+std::string whyThisLag(const FinishedRun& run) {
+  std::string criteria;
+  for (const std::string& text : tracedWarnings(run)) {
+    if (text.starts_with("The criteria disagree")) return run.input.language.translate(text);
+  }
+  for (const std::string& name : run.record.requestedLists.at("MODEL LAG")) {
+    criteria += (criteria.empty() ? "" : ", ") + name;
+  }
+  const LagRange range = lagRange(run.record);
+  return tr("Lag ^1 was chosen: it has the smallest ^2 of the lags ^3 to ^4.", selectedLag(run), criteria, range.least,
+            range.most);
 }
 
 }  // namespace workbench::varmodel

@@ -21,4 +21,7 @@ std::vector<std::string> tracedWarnings(const FinishedRun& run);
 // The lag that the criteria chose; MAXLAG where the trace names none below it.
 int selectedLag(const FinishedRun& run);
 
+// Which criteria chose that lag, and from which.
+std::string whyThisLag(const FinishedRun& run);
+
 }  // namespace workbench::varmodel

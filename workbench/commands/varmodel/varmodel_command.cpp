@@ -5,7 +5,6 @@
 
 #include "workbench/commands/varmodel/document_items.h"
 #include "workbench/commands/varmodel/document_view.h"
-#include "workbench/commands/varmodel/fit_composer.h"
 #include "workbench/commands/varmodel/notes.h"
 #include "workbench/commands/varmodel/small_units.h"
 #include "workbench/commands/varmodel/summary.h"
@@ -65,10 +64,6 @@ Advice VarmodelCommand::advice(const std::string& message, const FinishedRun& ru
 
 std::string VarmodelCommand::silentCause(const FinishedRun& run) const {
   return varmodel::silentCause(run.streams);
-}
-
-std::unique_ptr<Composer> VarmodelCommand::composer() const {
-  return std::make_unique<varmodel::FitComposer>();
 }
 
 }  // namespace workbench

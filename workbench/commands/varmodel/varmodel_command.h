@@ -23,7 +23,6 @@ class VarmodelCommand final : public Command {
   std::string scaleNote(const FinishedRun& run) const override;
   Advice advice(const std::string& message, const FinishedRun& run, CommandRunner& runner) const override;
   std::string silentCause(const FinishedRun& run) const override;
-  std::unique_ptr<Composer> composer() const override;
 };
 
 }  // namespace workbench

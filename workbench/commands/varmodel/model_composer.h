@@ -1,4 +1,4 @@
-// `varmodel fit`: a VARMODEL command from options.
+// VARMODEL commands from the options of `varmodel fit`.
 
 #pragma once
 
@@ -11,7 +11,7 @@
 
 namespace workbench::varmodel {
 
-struct FitOptions {
+struct ModelOptions {
   std::vector<std::string> endogenous;
   std::vector<std::string> exogenous;
   std::vector<std::string> lag;       // as given: one number, or criteria
@@ -24,17 +24,19 @@ struct FitOptions {
 };
 
 // Asks for every statistic and chart that the options can produce.
-class FitComposer final : public Composer {
+class ModelComposer {
  public:
-  std::string name() const override { return "fit"; }
-  std::string description() const override { return "Compose a command from options, print it, and run it"; }
-  void addOptions(CLI::App& app) override;
-  std::string compose(const ComposerRequest& request) override;
-  std::vector<OptionWord> optionWords() const override;
+  // All but where the results are saved.
+  void addModelOptions(CLI::App& app);
+  ModelOptions& options() { return options_; }
+  std::string compose(const ComposerRequest& request);
+  std::vector<OptionWord> optionWords(const FinishedRun& run) const;
+  // Of the tables, those that a first look needs.
+  std::vector<std::string> shortForm() const;
 
-  RunnerSettings firstSettings(RunnerSettings settings) const override;
+  RunnerSettings firstSettings(RunnerSettings settings) const;
   // Small units: the same again in a larger one. After the choice of a lag: everything for that lag.
-  std::optional<NextRun> next(const FinishedRun& last, CommandRunner& runner) override;
+  std::optional<NextRun> next(const FinishedRun& last, CommandRunner& runner);
 
  private:
   void readLag();
@@ -42,7 +44,7 @@ class FitComposer final : public Composer {
   std::string lagChoice() const;
   std::string everything(int minLag, int maxLag) const;
 
-  FitOptions options_;
+  ModelOptions options_;
   bool fixedLag_ = false;  // the lag order was given
   bool predicts_ = false;
   bool choosing_ = false;  // the last run is the choice of the lag

@@ -1,4 +1,4 @@
-#include "workbench/commands/varmodel/fit_composer.h"
+#include "workbench/commands/varmodel/model_composer.h"
 
 #include <fmt/core.h>
 
@@ -7,6 +7,7 @@
 #include <charconv>
 
 #include "workbench/base/errors.h"
+#include "workbench/commands/common/command_text.h"
 #include "workbench/commands/varmodel/selected_lag.h"
 #include "workbench/commands/varmodel/small_units.h"
 #include "workbench/dataset/dataset.h"
@@ -17,26 +18,20 @@ namespace workbench::varmodel {
 
 namespace {
 
-std::string names(const std::vector<std::string>& variables) {
-  std::string text;
-  for (const std::string& variable : variables) text += (text.empty() ? "" : " ") + quoteName(variable);
-  return text;
-}
-
 std::string keywords(const std::vector<std::string>& list) {
   std::string text;
   for (const std::string& keyword : list) text += (text.empty() ? "" : " ") + keyword;
   return "[" + text + "]";
 }
 
-std::string modelSubcommand(const FitOptions& options, const std::string& lags) {
-  std::string text = "  /MODEL ENDOGENOUS=" + names(options.endogenous);
-  if (!options.exogenous.empty()) text += " EXOGENOUS=" + names(options.exogenous);
+std::string modelSubcommand(const ModelOptions& options, const std::string& lags) {
+  std::string text = "  /MODEL ENDOGENOUS=" + nameList(options.endogenous);
+  if (!options.exogenous.empty()) text += " EXOGENOUS=" + nameList(options.exogenous);
   text += " LAG=" + (options.criteria.empty() ? std::string("[BIC]") : keywords(options.criteria));
   return text + lags + "\n";
 }
 
-std::string missingSubcommand(const FitOptions& options) {
+std::string missingSubcommand(const ModelOptions& options) {
   return options.includeUserMissing ? "  /MISSING USERMISSING=INCLUDE\n" : "";
 }
 
@@ -63,7 +58,7 @@ std::optional<int> lagOrder(const std::string& word) {
 }  // namespace
 
 // A number is the lag order; the names of criteria are another way to write --select.
-void FitComposer::readLag() {
+void ModelComposer::readLag() {
   if (options_.lag.empty()) return;
   const std::optional<int> order = options_.lag.size() == 1 ? lagOrder(options_.lag.front()) : std::nullopt;
   if (order) {
@@ -88,13 +83,13 @@ void FitComposer::readLag() {
   }
 }
 
-std::vector<OptionWord> FitComposer::optionWords() const {
+std::vector<OptionWord> ModelComposer::optionWords(const FinishedRun& /*run*/) const {
   std::vector<OptionWord> words(optionNames.begin(), optionNames.end());
   if (fixedLag_) words.insert(words.begin(), {{"MINLAG", "--lag"}, {"MAXLAG", "--lag"}});
   return words;
 }
 
-void FitComposer::addOptions(CLI::App& app) {
+void ModelComposer::addModelOptions(CLI::App& app) {
   app.add_option("--endogenous", options_.endogenous, "Two or more endogenous variables")->required()->type_name("VAR");
   app.add_option("--exogenous", options_.exogenous, "Exogenous variables")->type_name("VAR");
   app.add_option("--lag", options_.lag, "Lag order; without it criteria choose (their names are taken here too)")
@@ -105,19 +100,21 @@ void FitComposer::addOptions(CLI::App& app) {
   app.add_option("--minlag", options_.minLag, "Smallest lag order tried (default: 1)")->type_name("N");
   app.add_option("--maxlag", options_.maxLag, "Largest lag order tried, 1 to 25 (default: 10)")->type_name("N");
   app.add_option("--cilevel", options_.ciLevel, "Confidence level in percent (default: 95)")->type_name("PERCENT");
-  app.add_option("--save", options_.saveFile, "Save predicted values and residuals (.csv, .parquet, .duckdb)")
-      ->type_name("FILE");
   app.add_flag("--include-missing", options_.includeUserMissing, "Treat user-missing values as valid");
 }
 
-std::string FitComposer::compose(const ComposerRequest& request) {
+std::vector<std::string> ModelComposer::shortForm() const {
+  return {"lag-selection", "parameters", "residual-tests", "forecasts"};
+}
+
+std::string ModelComposer::compose(const ComposerRequest& request) {
   readLag();
   predicts_ = request.predictPeriods.has_value();
   choosing_ = choosesLag();
   return choosing_ ? lagChoice() : everything(options_.minLag.value_or(1), options_.maxLag.value_or(kDefaultMaxLag));
 }
 
-std::string FitComposer::lagChoice() const {
+std::string ModelComposer::lagChoice() const {
   std::string lags;
   if (options_.minLag) lags += fmt::format(" MINLAG={}", *options_.minLag);
   if (options_.maxLag) lags += fmt::format(" MAXLAG={}", *options_.maxLag);
@@ -125,7 +122,7 @@ std::string FitComposer::lagChoice() const {
          "  /METHOD TYPE=[OLS]\n  /MODELSTATISTICS MODELFIT=[GOODFIT PARAMETERS]\n" + missingSubcommand(options_);
 }
 
-std::string FitComposer::everything(int minLag, int maxLag) const {
+std::string ModelComposer::everything(int minLag, int maxLag) const {
   std::string text = predicts_ ? "VARMODEL PREDICT\n" : "VARMODEL\n";
   text += modelSubcommand(options_, fmt::format(" MINLAG={} MAXLAG={}", minLag, maxLag));
   text += "  /METHOD TYPE=[OLS]\n";
@@ -141,25 +138,25 @@ std::string FitComposer::everything(int minLag, int maxLag) const {
   return text + missingSubcommand(options_);
 }
 
-RunnerSettings FitComposer::firstSettings(RunnerSettings settings) const {
+RunnerSettings ModelComposer::firstSettings(RunnerSettings settings) const {
   if (choosing_) settings.predicts = settings.summary = false;
   return settings;
 }
 
-std::optional<NextRun> FitComposer::next(const FinishedRun& last, CommandRunner& runner) {
+std::optional<NextRun> ModelComposer::next(const FinishedRun& last, CommandRunner& runner) {
   RunnerSettings settings = runner.settings();
   settings.scale = last.scale;
   if (last.outcome.succeeded && choosing_) {
     const std::string text = everything(selectedLag(last), selectedLag(last));
     choosing_ = false;
-    return NextRun{text, settings, false};
+    return NextRun{.text = text, .settings = settings, .showsChoice = true};
   }
   if (last.scale != 1.0 || !stoppedAtSingularCovariance(last)) return std::nullopt;
   const std::optional<double> scale = fittingScale(last, runner);
   if (!scale) return std::nullopt;
   settings = firstSettings(settings);
   settings.scale = *scale;
-  return NextRun{last.text, settings, true};
+  return NextRun{.text = last.text, .settings = settings, .replaces = true};
 }
 
 }  // namespace workbench::varmodel
