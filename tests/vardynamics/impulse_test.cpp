@@ -79,7 +79,8 @@ TEST_F(ImpulseRun, DefaultsAreAllTypesButGeneralizedWithDrawnBands) {
   EXPECT_THAT(cells("Orthogonal Responses - a"), SizeIs(21));
   EXPECT_THAT(cells("Orthogonal Responses - a")[0], SizeIs(9));
   EXPECT_THAT(notes("Orthogonal Responses - a"), Contains(StartsWith("Limits from 2000 bootstrap draws, corrected")));
-  EXPECT_THAT(notes("Orthogonal Responses - a"), Contains(HasSubstr("orthogonal shocks: a, b and c.")));
+  EXPECT_THAT(notes("Orthogonal Responses - a"),
+              Contains(StartsWith("Orthogonal shocks in the order a, b and c: a shock")));
   EXPECT_THAT(notes("Orthogonal Responses - b"), ElementsAre(StartsWith("Size of the shock: one standard deviation")));
   EXPECT_THAT(notes("Model Summary"), Contains(StartsWith("Orthogonal shocks in the order a, b and c: a moves b")));
   ASSERT_TRUE(run("VARDYNAMICS /MODEL ENDOGENOUS=a b EXOGENOUS=x XLAGS=1 LAG=1 /IMPULSE SHOCKS=b x BANDS=NONE"));

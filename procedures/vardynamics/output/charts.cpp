@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "procedures/common/number_text.h"
-#include "procedures/vardynamics/output/chart_statements.h"
 #include "procedures/vardynamics/output/number_style.h"
 #include "procedures/vardynamics/output/table_parts.h"
 

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "procedures/vardynamics/output/decomposition_parts.h"
+#include "procedures/vardynamics/output/impulse_style.h"
 #include "procedures/vardynamics/output/number_style.h"
 #include "procedures/vardynamics/output/sentences.h"
 
@@ -84,12 +85,9 @@ Sentences historicalSentences(const ReportContext& context) {
 }
 
 std::string orderSentence(const ReportContext& context) {
-  const Texts& texts = context.texts;
-  std::vector<std::string> names;
-  for (const std::size_t i : context.settings.order) names.push_back(context.names()[i]);
-  return texts.localize(
+  return context.texts.localize(
       "Orthogonal shocks in the order ^1: a shock moves its own series and those after it at once, none before it.",
-      {texts.list(names.empty() ? context.names() : names)});
+      {context.texts.list(orderedNames(context))});
 }
 
 }  // namespace vardynamics

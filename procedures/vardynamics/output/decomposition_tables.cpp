@@ -3,6 +3,7 @@
 #include "engine/linear_algebra/matrix.h"
 #include "procedures/common/number_text.h"
 #include "procedures/vardynamics/output/decomposition_parts.h"
+#include "procedures/vardynamics/output/impulse_sentences.h"
 #include "procedures/vardynamics/output/number_style.h"
 #include "procedures/vardynamics/output/sentences.h"
 #include "procedures/vardynamics/output/table_parts.h"
@@ -64,8 +65,10 @@ DocumentTable shareTable(const ReportContext& context, const ShareTable& kind, s
 
 Sentences bandNotes(const ReportContext& context, const VarianceShares& shares) {
   if (shares.bands.empty()) return {};
-  return {context.texts.localize("Limits at ^1: percentiles of the bootstrap.",
-                                 {context.texts.percent(shares.bands.back().level)})};
+  Sentences notes{context.texts.localize("Limits at ^1: percentiles of the bootstrap.",
+                                         {context.texts.percent(shares.bands.back().level)})};
+  append(notes, drawSentences(context));
+  return notes;
 }
 
 // The notes of all tables of a kind stand under its first.

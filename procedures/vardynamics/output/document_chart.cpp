@@ -46,4 +46,10 @@ void writeChart(StatJSONGenerator& generator, const DocumentChart& chart) {
   graph.addVizlGraphToProcedureJSON();
 }
 
+std::string bandElement(const std::string& place, const std::string& low, const std::string& high,
+                        const std::string& label) {
+  return "ELEMENT: band(position(" + place + "*" + low + "*" + high + "), color.interior(color.blue), label(\"" +
+         label + "\"))";
+}
+
 }  // namespace vardynamics

@@ -26,4 +26,8 @@ void writeChart(StatJSONGenerator& generator, const DocumentChart& chart);
 // The statement that labels an axis.
 std::string axisGuide(int dimension, const std::string& label);
 
+// The statement that draws the area between two columns over a third.
+std::string bandElement(const std::string& place, const std::string& low, const std::string& high,
+                        const std::string& label);
+
 }  // namespace vardynamics

@@ -2,7 +2,6 @@
 #include <vector>
 
 #include "procedures/common/number_text.h"
-#include "procedures/vardynamics/output/chart_statements.h"
 #include "procedures/vardynamics/output/charts.h"
 #include "procedures/vardynamics/output/impulse_style.h"
 #include "procedures/vardynamics/output/table_parts.h"

@@ -7,6 +7,7 @@
 
 #include "procedures/vardynamics/output/impulse_style.h"
 #include "procedures/vardynamics/output/number_style.h"
+#include "procedures/vardynamics/output/sentences.h"
 #include "procedures/vardynamics/output/table_parts.h"
 
 namespace vardynamics {
@@ -68,10 +69,7 @@ Sentences typeNotes(const ReportContext& context, ShockType type) {
   const Texts& texts = context.texts;
   switch (type) {
     case ShockType::orthogonal:
-      return {
-          texts.localize("Order behind the orthogonal shocks: ^1. A shock moves its own series and those after it at "
-                         "once, none before.",
-                         {texts.list(orderedNames(context))})};
+      return {orderSentence(context)};
     case ShockType::generalized:
       return {
           texts.localize("Generalized shocks depend on no order: the other shocks take the values that are expected "
