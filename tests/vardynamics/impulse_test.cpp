@@ -88,6 +88,8 @@ TEST_F(ImpulseRun, DefaultsAreAllTypesButGeneralizedWithDrawnBands) {
               ElementsAre("Orthogonal Responses - b", "Reduced Responses - b", "Exogenous Responses - x"));
   EXPECT_THAT(cells("Exogenous Responses - x")[0], SizeIs(2));  // no limits
   EXPECT_EQ(cells("Exogenous Responses - x")[0][0], cells("Parameters - a")[3][0]);
+  ASSERT_TRUE(run("VARDYNAMICS /MODEL ENDOGENOUS=a b EXOGENOUS=x LAG=1 /IMPULSE HORIZON=2"));
+  EXPECT_THAT(notes("Model Summary"), Contains(StartsWith("Exogenous series: none moves")));
 }
 
 TEST_F(ImpulseRun, TheOrderIsThatOfTheShocksAndNotOfTheModel) {

@@ -44,7 +44,7 @@ Sentences headline(const ReportContext& context) {
   headline.addVerdict(analysis.causality && analysis.causality->granger, grangerSentences);
   if (analysis.forecast) headline.addAll(forecastSentences);
   headline.addVerdict(analysis.forecast && analysis.forecast->condition, conditionSentences);
-  headline.addVerdict(!analysis.impulse.empty(), impulseSentences);
+  if (!analysis.impulse.empty()) headline.addAll(impulseSentences);
   if (analysis.decomposition && analysis.decomposition->orthogonal) headline.addAll(varianceSentences);
   if (analysis.backtest) headline.addAll(backtestSentences);
   if (tested || analysis.causality || analysis.backtest) {

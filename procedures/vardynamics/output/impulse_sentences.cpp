@@ -129,6 +129,19 @@ std::string horizonsOutside(const ShockResponses& set, std::size_t series, std::
   return text;
 }
 
+// Which shocks of a type move which series.
+std::string verdict(const ReportContext& context, const ShockResponses& set) {
+  const Texts& texts = context.texts;
+  const std::string level = texts.percent(context.settings.level());
+  const std::string shocks = shocksText(context, set.type);
+  const std::string moved = movesText(context, set);
+  return moved.empty()
+             ? texts.localize("^1: none moves another series (where a response is largest, its ^2 band holds zero).",
+                              {shocks, level})
+             : texts.localize("^1: ^2 (where a response is largest, its ^3 band leaves out zero).",
+                              {shocks, moved, level});
+}
+
 }  // namespace
 
 Sentences drawSentences(const ReportContext& context) {
@@ -161,17 +174,13 @@ Sentences drawSentences(const ReportContext& context) {
 }
 
 Sentences impulseSentences(const ReportContext& context) {
-  const ShockResponses& set = context.analysis.impulse.front();
-  if (set.bands.empty()) return {};
-  const Texts& texts = context.texts;
-  const std::string level = texts.percent(context.settings.level());
-  const std::string shocks = shocksText(context, set.type);
-  const std::string moved = movesText(context, set);
-  return {moved.empty()
-              ? texts.localize("^1: none moves another series (where a response is largest, its ^2 band holds zero).",
-                               {shocks, level})
-              : texts.localize("^1: ^2 (where a response is largest, its ^3 band leaves out zero).",
-                               {shocks, moved, level})};
+  const Impulse& impulse = context.analysis.impulse;
+  Sentences sentences;
+  for (const ShockResponses& set : impulse) {
+    const bool told = &set == &impulse.front() || set.type == ShockType::exogenous;
+    if (told && !set.bands.empty()) sentences.push_back(verdict(context, set));
+  }
+  return sentences;
 }
 
 Sentences responseNotes(const ReportContext& context, const ShockResponses& set) {

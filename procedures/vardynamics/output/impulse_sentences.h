@@ -12,7 +12,7 @@ namespace vardynamics {
 // How the draws of the run were made; whatever is read from them says so. Needs draws.
 Sentences drawSentences(const ReportContext& context);
 
-// Which shocks move which series, by the first type; nothing without bands.
+// Which shocks move which series, by the first type and by exogenous series; nothing without bands.
 Sentences impulseSentences(const ReportContext& context);
 
 // Of all shocks of a type: what they are, and how their bands were made.
