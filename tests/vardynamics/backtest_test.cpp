@@ -72,10 +72,7 @@ double varianceOfMean(const Errors& values, std::size_t overlap) {
 
 class BacktestRun : public RunTest {
  protected:
-  void SetUp() override {
-    session.baseFolder = testing::TempDir();
-    fill(120);
-  }
+  void SetUp() override { fill(120); }
 
   // The rows first .. last - 1.
   void fill(std::size_t last, std::size_t first = 0) {
@@ -90,7 +87,7 @@ class BacktestRun : public RunTest {
 
   Saved backtest(const std::string& command) {
     EXPECT_TRUE(run(command + " /SAVE FILE='backtest.csv' BACKTEST")) << firstError();
-    return readSaved(testing::TempDir() + "/backtest.csv");
+    return readSaved(folder.path() / "backtest.csv");
   }
 
   std::vector<std::vector<double>> series;

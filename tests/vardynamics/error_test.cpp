@@ -219,10 +219,7 @@ std::vector<Fault> faults() {
   };
 }
 
-class ErrorTest : public RunTest {
- protected:
-  void SetUp() override { session.baseFolder = testing::TempDir(); }
-};
+class ErrorTest : public RunTest {};
 
 TEST_F(ErrorTest, EveryErrorHasARemedyThatWorks) {
   for (const Fault& fault : faults()) {

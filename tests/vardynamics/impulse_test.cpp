@@ -274,11 +274,10 @@ TEST_F(ImpulseRun, WildDrawsAreAdvisedWhereTheVarianceChanges) {
 }
 
 TEST_F(ImpulseRun, SavedShocksMakeTheResiduals) {
-  session.baseFolder = testing::TempDir();
   ASSERT_TRUE(run(kModel + "/IMPULSE TYPE=[ORTHOGONAL] BANDS=NONE HORIZON=1 ORDER=b a c "
                            "/SAVE FILE='shocks.csv' RESIDUALS SHOCKS"))
       << firstError();
-  std::ifstream file(testing::TempDir() + "/shocks.csv");
+  std::ifstream file(folder.path() / "shocks.csv");
   std::string line;
   std::getline(file, line);
   EXPECT_THAT(line, HasSubstr("a_residual,a_shock,b_residual,b_shock,c_residual,c_shock"));

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "procedures/vardynamics/driver/vardynamics_entry.h"
+#include "tests/dataset/temp_folder.h"
 #include "tests/engine/numeric_support.h"
 #include "workbench/dates/date_setup.h"
 #include "workbench/edge/session.h"
@@ -35,6 +36,8 @@ inline std::vector<std::vector<double>> relatedSeries(std::size_t length) {
 
 class RunTest : public testing::Test {
  protected:
+  RunTest() { session.baseFolder = folder.path(); }
+
   // Given: columns of equal length; NaN is missing. Quarters from 2000Q1 on, unless undated.
   void columns(const std::vector<std::pair<std::string, std::vector<double>>>& data, bool dated = true) {
     session.dataset = {};
@@ -95,6 +98,7 @@ class RunTest : public testing::Test {
   std::vector<std::string> notes(const std::string& table) const { return texts(item(table), "footnotes"); }
   std::vector<std::string> rowLabels(const std::string& table) const { return texts(item(table), "rows"); }
 
+  workbench::TempFolder folder;  // of saved files: tests run beside one another
   workbench::Session session;
   std::string failure;  // what the last run traced on the error stream
 
