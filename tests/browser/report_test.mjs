@@ -398,6 +398,16 @@ async function checkForcedColors(page) {
   });
 }
 
+async function checkOldBrowser(page) {
+  await check('a browser that cannot unpack the library says so, and shows the rest', async () => {
+    await page.addInitScript(() => delete window.DecompressionStream);
+    await page.reload();
+    await page.waitForFunction(() => document.querySelector('.chart-frame').textContent.includes('too old to draw'));
+    await page.locator('#command button').click();
+    ok((await copied(page)).startsWith('VARMODEL'), 'copying');
+  });
+}
+
 // As a browser sees the page that does not know light-dark().
 function withoutLightDark() {
   const path = newPath('html');
@@ -465,7 +475,7 @@ async function checkProgram(page) {
   await check('the program: every table and chart of the run', async () => {
     equal(await page.locator('section.table').count(), 6);
     equal(await page.locator('section.chart').count(), 19);
-    ok(statSync(fileURLToPath(page.url())).size < 2e6, 'at most 2 MB');
+    ok(statSync(fileURLToPath(page.url())).size < 0.7e6, 'at most 0.7 MB');
     ok((await page.locator('pre.command').textContent()).includes('MAXLAG=4'), 'command');
     ok((await page.locator('#facts dd').count()) > 2, 'facts');
     const { lines, dots } = await look(await drawn(page, 16));
@@ -529,6 +539,7 @@ await visit(file, { colorScheme: 'dark' }, checkThemes);
 await visit(file, {}, checkContrast, checkKeyboard);
 await visit(file, { colorScheme: 'dark' }, checkContrast);
 await visit(withoutLightDark(), { colorScheme: 'dark' }, checkContrast, checkThemes);
+await visit(file, {}, checkOldBrowser);
 await visit(file, { forcedColors: 'active' }, checkForcedColors);
 await visit(file, { viewport: { width: 640, height: 450 }, deviceScaleFactor: 2 }, checkZoomed);
 await visit(file, phone(390), checkPhone);

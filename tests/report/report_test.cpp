@@ -100,7 +100,7 @@ TEST(Report, HostileNamesChangeNothingButTexts) {
     EXPECT_THAT(markup, HasSubstr("<li><code>UNKNOWN: " + htmlText(name) + "</code></li>"));
 
     const std::vector<std::string> scripts = scriptsOf(page);
-    ASSERT_EQ(scripts.size(), 5U);
+    ASSERT_EQ(scripts.size(), 3U);
     const rapidjson::Document data = parseJson(scripts[0]);
     const auto& chart = data["charts"][0];
     const std::string shown = visibleText(name);

@@ -10,7 +10,7 @@ function(report_write name text)
   file(CONFIGURE OUTPUT ${report_assets}/${name} CONTENT "@text@" @ONLY)
 endfunction()
 
-# The text of one bundle, with the licence before it.
+# The text of one bundle; its licence joins those that the page shows.
 function(report_bundle package file result)
   set(folder ${PROJECT_SOURCE_DIR}/node_modules/${package})
   if(NOT EXISTS ${folder}/build/${file})
@@ -19,14 +19,13 @@ function(report_bundle package file result)
   file(READ ${folder}/LICENSE licence)
   file(READ ${folder}/build/${file} code)
   string(REGEX REPLACE "//# sourceMappingURL=[^\n]*" "" code "${code}")
-  set(${result} "/*! ${package}\n${licence}*/\n${code}" PARENT_SCOPE)
+  set(${result} "${code}" PARENT_SCOPE)
+  set(licences "${licences}/*! ${package}\n${licence}*/\n" PARENT_SCOPE)
   set_property(DIRECTORY ${PROJECT_SOURCE_DIR} APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${folder}/build/${file})
 endfunction()
 
 report_bundle(vega vega.min.js vega)
-report_write(vega.js "${vega}")
 report_bundle(vega-lite vega-lite.min.js vega_lite)
-report_write(vega-lite.js "${vega_lite}")
 
 # The interpreter comes as a module only; the page's scripts are plain ones.
 report_bundle(vega-interpreter vega-interpreter.js interpreter)
@@ -42,16 +41,23 @@ string(REPLACE "${import}" "const { ascending, isString, DisallowedObjectPropert
   "${interpreter}")
 string(REPLACE "${export}" "globalThis.vegaInterpreter = { expressionInterpreter: expression };" interpreter
   "${interpreter}")
-report_write(vega-interpreter.js "(() => {\n'use strict';\n${interpreter}\n})();\n")
+
+# More than half of a report would be this library: it is packed, and unpacked by the page that has charts.
+report_write(library.js "${vega}\n;${vega_lite}\n;(() => {\n'use strict';\n${interpreter}\n})();\n")
+find_program(NODE node REQUIRED)
+set(packer "const { readFileSync, writeFileSync } = require('fs')
+  const packed = require('zlib').gzipSync(readFileSync('library.js'), { level: 9 })
+  writeFileSync('library.txt', packed.toString('base64'))")
+execute_process(COMMAND ${NODE} -e "${packer}" WORKING_DIRECTORY ${report_assets} COMMAND_ERROR_IS_FATAL ANY)
 
 set(page "")
-foreach(part data axis marks spec legend chart inspect points picture data_view save panel page)
+foreach(part data axis library marks spec legend chart inspect points picture data_view save panel page)
   set(file ${CMAKE_CURRENT_LIST_DIR}/page/${part}.js)
   file(READ ${file} code)
   string(APPEND page "${code}\n")
   set_property(DIRECTORY ${PROJECT_SOURCE_DIR} APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${file})
 endforeach()
-report_write(page.js "(() => {\n'use strict';\n${page}})();\n")
+report_write(page.js "${licences}(() => {\n'use strict';\n${page}})();\n")
 
 # Browsers that do not know light-dark() get each colour twice.
 set(sheet ${CMAKE_CURRENT_LIST_DIR}/page/page.css)
@@ -70,10 +76,9 @@ string(REPLACE "/* COLOURS WITHOUT light-dark() */" "@supports not (color: light
 }" style "${style}")
 file(CONFIGURE OUTPUT ${report_assets}/page.css CONTENT "@style@" @ONLY)
 
-find_program(NODE node REQUIRED)
 set(policy_maker ${CMAKE_CURRENT_LIST_DIR}/content_policy.mjs)
 set_property(DIRECTORY ${PROJECT_SOURCE_DIR} APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${policy_maker})
-execute_process(COMMAND ${NODE} ${policy_maker} page.css vega.js vega-lite.js vega-interpreter.js page.js
+execute_process(COMMAND ${NODE} ${policy_maker} page.css library.js page.js
   WORKING_DIRECTORY ${report_assets} OUTPUT_VARIABLE policy COMMAND_ERROR_IS_FATAL ANY)
 file(CONFIGURE OUTPUT ${report_assets}/policy.txt CONTENT "@policy@" @ONLY)
 

@@ -12,9 +12,7 @@
   extern "C" __attribute__((visibility("hidden"))) const char symbol##_end[]
 // NOLINTEND(bugprone-macro-parentheses)
 
-EMBED(report_vega, "vega.js");
-EMBED(report_vega_lite, "vega-lite.js");
-EMBED(report_interpreter, "vega-interpreter.js");
+EMBED(report_library, "library.txt");
 EMBED(report_page_script, "page.js");
 EMBED(report_page_style, "page.css");
 EMBED(report_policy, "policy.txt");
@@ -29,16 +27,8 @@ std::string_view between(const char* begin, const char* end) {
 
 }  // namespace
 
-std::string_view vegaScript() {
-  return between(report_vega, report_vega_end);
-}
-
-std::string_view vegaLiteScript() {
-  return between(report_vega_lite, report_vega_lite_end);
-}
-
-std::string_view interpreterScript() {
-  return between(report_interpreter, report_interpreter_end);
+std::string_view packedLibrary() {
+  return between(report_library, report_library_end);
 }
 
 std::string_view pageScript() {

@@ -6,12 +6,10 @@
 
 namespace workbench {
 
-// Everything a page needs to draw charts, with its licences in comments; none contains "</script".
-std::string_view vegaScript();
-std::string_view vegaLiteScript();
-std::string_view interpreterScript();  // evaluates Vega's expressions without eval
+// The chart library as base64 of gzip. One script when unpacked; it evaluates expressions without eval.
+std::string_view packedLibrary();
 
-// Our own, from page/.
+// Our own, from page/, the library's licences before it; contains no "</script".
 std::string_view pageScript();
 std::string_view pageStyle();
 

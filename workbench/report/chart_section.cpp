@@ -30,6 +30,7 @@ std::string textsJson(const Language& language) {
                                   {"remark", language.tr("Remark")},
                                   {"series", language.tr("Series")},
                                   {"chart", language.tr("Chart")},
+                                  {"notDrawn", language.tr("This browser is too old to draw charts.")},
                                   {"dark", language.tr("Dark")},
                                   {"light", language.tr("Light")}}) {
     json.AddMember(rapidjson::StringRef(key), Json(text, json.GetAllocator()), json.GetAllocator());

@@ -1,5 +1,5 @@
 // The report's content security policy: content_policy.mjs STYLE SCRIPT... allows these files, each the whole
-// text of an element, and nothing else.
+// text of an element, and nothing else. Packed scripts are named by what they unpack to.
 
 import { createHash } from 'node:crypto';
 import { readFileSync } from 'node:fs';

@@ -272,9 +272,9 @@ class Page {
   std::string scripts() const {
     std::string out =
         "<script type=\"application/json\" id=\"report-data\">" + charts_.json(input_.language) + "</script>\n";
-    for (const std::string_view code : {vegaScript(), vegaLiteScript(), interpreterScript(), pageScript()}) {
-      out.append("<script>").append(code).append("</script>\n");
-    }
+    if (!charts_.empty())
+      out.append("<script type=\"text/plain\" id=\"library\">").append(packedLibrary()).append("</script>\n");
+    out.append("<script>").append(pageScript()).append("</script>\n");
     return out;
   }
 

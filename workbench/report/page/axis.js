@@ -26,7 +26,3 @@ const categoryLabel = (number, place) => labelsOf(report.charts[number])[Math.ro
 
 // Texts reach Vega by call, never as literals: it would take "constructor" for the name of a signal.
 const chartText = (number, which) => report.charts[number][which];
-
-vega.expressionFunction('categoryTicks', categoryTicks);
-vega.expressionFunction('categoryLabel', categoryLabel);
-vega.expressionFunction('chartText', chartText);

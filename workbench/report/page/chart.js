@@ -134,6 +134,7 @@ function fitSize(frame, onPaper) {
 
 // One chart at a time, so that scrolling stays smooth; charts that were scrolled past meanwhile wait.
 function drawWhenNear() {
+  addPanelTools();
   const frames = document.querySelectorAll('.chart-frame');
   const near = new Set();
   const drawNext = () => {

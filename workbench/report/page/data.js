@@ -5,8 +5,6 @@ const report = JSON.parse(document.getElementById('report-data').textContent);
 // Digits are grouped by the one of point and comma that does not stand before decimals.
 const thousands = report.decimal === ',' ? '.' : ',';
 
-vega.formatLocale({ decimal: report.decimal, thousands, grouping: [3], currency: ['', ''] });
-
 // A number in English writing ("1,234.5") as the page's language writes it.
 const inLanguage = (text) => text.replace(/[.,]/g, (sign) => (sign === '.' ? report.decimal : thousands));
 

@@ -222,7 +222,8 @@ function addInspection(frame, chart) {
   on('pointercancel', (event) => inspection.endDrag(event));
   on('pointerleave', () => inspection.drag || inspection.hide());
   on('blur', () => inspection.hide());
-  if (chart.small) window.addEventListener('scroll', () => inspection.hide(), { capture: true, passive: true });
+  const follow = () => inspection.place !== null && inspection.show(inspection.place);
+  if (chart.small) window.addEventListener('scroll', follow, { capture: true, passive: true });
   on('dblclick', () => showAll(chart));
   on('wheel', (event) => inspection.wheel(event), { passive: false });
   on('keydown', (event) => inspection.key(event));

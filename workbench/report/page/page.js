@@ -81,7 +81,6 @@ switchTheme();
 boundColumns();
 copyOnRequest();
 addLegends();
-addPanelTools();
 fillDataViewsOnRequest();
-drawWhenNear();
 followScrolling();
+if (document.getElementById('library')) loadLibrary().then(drawWhenNear, sayThatNothingIsDrawn);
