@@ -273,6 +273,25 @@ TEST_F(ImpulseRun, WildDrawsAreAdvisedWhereTheVarianceChanges) {
   EXPECT_THAT(notes("Orthogonal Responses - a"), Not(advice));
 }
 
+TEST_F(ImpulseRun, ResponsesOutsideTheirBandAreNamed) {
+  ASSERT_TRUE(run(kModel + "/IMPULSE TYPE=[ORTHOGONAL] HORIZON=12 CUMULATIVE=ALL /AUXILIARY CILEVEL=10"));
+  std::string outside;
+  const Cells table = cells("Orthogonal Responses - a");
+  for (std::size_t i = 0; i < 3; ++i) {
+    std::string horizons;
+    for (std::size_t h = 0; h < table.size(); ++h) {
+      const double* one = table[h].data() + 3 * i;
+      if (one[0] < one[1] || one[0] > one[2]) horizons += (horizons.empty() ? "" : ", ") + std::to_string(h);
+    }
+    const std::string name(1, static_cast<char>('a' + i));
+    if (!horizons.empty()) outside += (outside.empty() ? "" : "; ") + name + " at " + horizons;
+  }
+  ASSERT_FALSE(outside.empty());
+  EXPECT_THAT(notes("Orthogonal Responses - a"), Contains("Responses outside their 10 % band: " + outside +
+                                                          ". The band is corrected for bias, the least-squares "
+                                                          "response is not."));
+}
+
 TEST_F(ImpulseRun, SavedShocksMakeTheResiduals) {
   ASSERT_TRUE(run(kModel + "/IMPULSE TYPE=[ORTHOGONAL] BANDS=NONE HORIZON=1 ORDER=b a c "
                            "/SAVE FILE='shocks.csv' RESIDUALS SHOCKS"))

@@ -212,10 +212,13 @@ Sentences outsideSentences(const ReportContext& context, const ShockResponses& s
     outside += texts.localize("^1 at ^2", {context.names()[i], horizons});
   }
   if (outside.empty()) return {};
-  return {
-      texts.localize("Responses outside their ^1 band, as the least-squares model is biased and the band is corrected: "
-                     "^2.",
-                     {texts.percent(context.settings.level()), outside})};
+  Sentences sentences{
+      texts.localize("Responses outside their ^1 band: ^2.", {texts.percent(context.settings.level()), outside})};
+  const auto& draws = context.analysis.draws;
+  if (draws && draws->corrected) {
+    sentences.front() += " " + texts.localize("The band is corrected for bias, the least-squares response is not.");
+  }
+  return sentences;
 }
 
 }  // namespace vardynamics
