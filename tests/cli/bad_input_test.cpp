@@ -120,21 +120,4 @@ TEST_P(BadInputTest, SaysWhatToDoAndWritesNothing) {
 INSTANTIATE_TEST_SUITE_P(All, BadInputTest, testing::ValuesIn(badInputs()),
                          [](const auto& one) { return std::string(one.param.name); });
 
-TEST(BadCommandLine, EndsWithUsage) {
-  const Workspace space;
-  using Words = std::vector<std::string>;
-  for (const Words& words : {Words{},
-                             {"frobnicate"},
-                             {"run"},
-                             {"run", "nowhere.toml"},
-                             {"fit", "a.csv"},
-                             {"run", "a.toml", "--jsn", "x"},
-                             {"fit", "a.csv", "--endogenous", "a", "b", "--predict", "0"},
-                             {"fit", "a.csv", "--endogenous", "a", "b", "--dates", "d", "--start", "year=1990"}}) {
-    const ProgramRun run = space.run(words);
-    EXPECT_EQ(run.exitCode, usage) << run.out << run.err;
-    EXPECT_FALSE(run.err.empty());
-  }
-}
-
 }  // namespace

@@ -1,17 +1,21 @@
 #include "workbench/cli/command_line.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <iostream>
 #include <utility>
 #include <vector>
 
+#include "workbench/base/errors.h"
+#include "workbench/base/languages.h"
+#include "workbench/cli/usage_message.h"
+#include "workbench/commands/common/option_checks.h"
 #include "workbench/commands/registry.h"
+#include "workbench/edge/texts.h"
 
 namespace workbench {
 
 namespace {
-
-constexpr int usageExitCode = 2;
 
 void addOutputOptions(CLI::App& app, OutputOptions& options) {
   app.add_option("--html", options.html, "Write the report, one self-contained page, to FILE")->type_name("FILE");
@@ -48,13 +52,15 @@ void addComposer(CLI::App& program, ComposeOptions& options) {
   options.composer->addOptions(*app);
   app->add_option("--predict", options.predictPeriods, "Forecast N periods after the last case")
       ->type_name("N")
-      ->check(CLI::PositiveNumber);
+      ->check(atLeastOne("Leave it out where no forecast is wanted."));
   app->add_flag("--complete", options.complete, "Drop the rows that lack a variable of the command");
   auto* column = app->add_option("--dates", options.dateColumn, "DATE or TIMESTAMP column that dates the cases");
   app->add_option("--start", options.start, "Date of the first case, such as year=1959 quarter=1")
       ->type_name("UNIT=N")
       ->excludes(column);
   addDataOptions(*app, options.reading);
+  app->add_option("--write-job", options.output.writtenJob, "Write a job file that does this run again to FILE")
+      ->type_name("FILE");
   app->add_flag("--all", options.output.everything,
                 "Show every table and the commands in the terminal, not the main ones");
   addOutputOptions(*app, options.output);
@@ -67,6 +73,16 @@ std::vector<ComposeOptions> composedJobs() {
   return jobs;
 }
 
+// What is wrong with the command line is said in the language that it asks for, where there is such a one.
+void speakAsAsked(const std::vector<std::string>& words) {
+  const auto option = std::ranges::find(words, "--lang");
+  if (option == words.end() || std::next(option) == words.end()) return;
+  const std::vector<std::string> codes = availableLanguages(installedDictionaries());
+  if (std::ranges::count(codes, *std::next(option)) > 0) {
+    setLanguage(readLanguage(installedDictionaries(), *std::next(option)));
+  }
+}
+
 }  // namespace
 
 Invocation parseCommandLine(int argc, const char* const* argv) {
@@ -77,12 +93,14 @@ Invocation parseCommandLine(int argc, const char* const* argv) {
   program.require_subcommand(1);
   addRun(program, run);
   for (ComposeOptions& options : composed) addComposer(program, options);
+  std::vector<std::string> words(argv + 1, argv + argc);
+  speakAsAsked(words);
   try {
     program.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
-    return EndNow{program.exit(error, std::cout, std::cerr) == 0 ? 0 : usageExitCode};
+    if (error.get_exit_code() == 0) return EndNow{program.exit(error, std::cout, std::cerr)};
+    throw UsageError(usageMessage(program, error, words));
   }
-  std::vector<std::string> words(argv + 1, argv + argc);
   words.insert(words.begin(), program.get_name());
   run.output.commandLine = words;
   for (ComposeOptions& options : composed) {

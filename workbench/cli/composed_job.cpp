@@ -1,12 +1,11 @@
 #include "workbench/cli/composed_job.h"
 
-#include <fmt/core.h>
-
 #include <charconv>
 
 #include "workbench/base/errors.h"
 #include "workbench/cli/screen.h"
 #include "workbench/cli/short_form.h"
+#include "workbench/edge/texts.h"
 
 namespace workbench {
 
@@ -23,9 +22,10 @@ DateComponents readStart(const std::vector<std::string>& words) {
         equals != std::string::npos && std::from_chars(word.data() + equals + 1, end, value).ptr == end;
     if (!unit || !isNumber) {
       throw UsageError(
-          fmt::format("--start: '{}' is not a date component. Write them as UNIT=NUMBER, such as year=1959 "
-                      "quarter=1.",
-                      word));
+          tr("--start: \"^1\" is no part of a date. Write them as UNIT=NUMBER, such as year=1959 quarter=1.", word));
+    }
+    if (*unit == Unit::year && value >= 0 && value < 100) {
+      throw UsageError(tr("--start: \"^1\" is a year of the first century. Did you mean year=^2?", word, 1900 + value));
     }
     components[*unit] = value;
   }

@@ -11,8 +11,10 @@
 #include "workbench/base/suggest.h"
 #include "workbench/cli/data_options.h"
 #include "workbench/cli/job.h"
+#include "workbench/cli/open_quote.h"
 #include "workbench/cli/options.h"
 #include "workbench/cli/toml_reader.h"
+#include "workbench/edge/texts.h"
 
 namespace workbench {
 
@@ -36,24 +38,42 @@ std::string readText(const std::filesystem::path& file) {
   if (file == kStandardStream) return textOf(std::cin);
   std::ifstream stream(file, std::ios::binary);
   if (!stream) {
-    throw UsageError("there is no job file " + file.string() + ". Give the path of a TOML file, such as " +
-                     "examples/us_macro.toml.");
+    throw UsageError(
+        tr("there is no job file ^1. Give the path of a TOML file, such as examples/us_macro.toml.", file.string()));
   }
   return textOf(stream);
 }
 
 // How messages call the job file.
 std::string nameOf(const std::filesystem::path& file) {
-  return file == kStandardStream ? "standard input" : file.string();
+  return file == kStandardStream ? tr("standard input") : file.string();
+}
+
+// Files that data come in; a job file may have any other name.
+void requireNoData(const std::filesystem::path& file) {
+  constexpr std::array<std::string_view, 8> endings = {".csv",    ".tsv", ".parquet", ".json",
+                                                       ".duckdb", ".db",  ".xlsx",    ".gz"};
+  if (std::ranges::count(endings, file.extension().string()) == 0) return;
+  throw UsageError(
+      tr("^1 is a data file, and run takes a job file. For data: varmodel fit ^1 --endogenous A B.", file.string()));
+}
+
+std::string faultOf(const toml::parse_error& error, const std::string& text, const std::string& file) {
+  if (const auto open = findOpenQuote(text)) {
+    return tr("^1, line ^2, column ^3: the quote ^4 is opened here and never closed.", file, open->line, open->column,
+              open->quote);
+  }
+  const auto place = error.source().begin;
+  return tr("^1, line ^2, column ^3: ^4", file, place.line, place.column, std::string(error.description()));
 }
 
 toml::table parseToml(const std::filesystem::path& file) {
+  requireNoData(file);
+  const std::string text = readText(file);
   try {
-    return toml::parse(readText(file), nameOf(file));
+    return toml::parse(text, nameOf(file));
   } catch (const toml::parse_error& error) {
-    const auto place = error.source().begin;
-    throw UsageError(nameOf(file) + ", line " + std::to_string(place.line) + ", column " +
-                     std::to_string(place.column) + ": " + std::string(error.description()));
+    throw UsageError(faultOf(error, text, nameOf(file)));
   }
 }
 
@@ -61,7 +81,7 @@ MeasurementLevel levelOf(const TomlSection& section, const std::string& word) {
   if (word == "scale") return MeasurementLevel::scale;
   if (word == "ordinal") return MeasurementLevel::ordinal;
   if (word == "nominal") return MeasurementLevel::nominal;
-  section.fail("level", "must be \"scale\", \"ordinal\" or \"nominal\".");
+  section.fail("level", tr("must be \"scale\", \"ordinal\" or \"nominal\"."));
 }
 
 void readDictionary(const TomlSection& top, Job& job) {
@@ -88,7 +108,7 @@ void readDates(const TomlSection& top, Job& job) {
   const auto section = top.section("dates", {"start", "column", "variables"});
   if (!section) return;
   if (section->keys().size() != 1) {
-    top.fail("dates", "must hold exactly one of start, column and variables.");
+    top.fail("dates", tr("must hold exactly one of start, column and variables."));
   }
   DatesRequest request;
   if (const auto start = section->section("start", unitWords())) request.start = readComponents(*start);
@@ -104,7 +124,7 @@ void readPredict(const TomlSection& top, Job& job) {
   if (!section) return;
   const toml::node* thru = section->node("thru");
   if (thru == nullptr)
-    top.fail("predict", "needs thru: a date such as { year = 2011, quarter = 4 }, a case number, or \"end\".");
+    top.fail("predict", tr("needs thru: a date such as { year = 2011, quarter = 4 }, a case number, or \"end\"."));
   PredictRequest request;
   if (thru->is_table()) {
     request.date = readComponents(*section->section("thru", unitWords()));
@@ -113,7 +133,7 @@ void readPredict(const TomlSection& top, Job& job) {
   } else if (thru->is_string() && section->text("thru") == "end") {
     request.end = true;
   } else {
-    section->fail("thru", "must be a date such as { year = 2011, quarter = 4 }, a case number, or \"end\".");
+    section->fail("thru", tr("must be a date such as { year = 2011, quarter = 4 }, a case number, or \"end\"."));
   }
   job.predict = std::move(request);
 }
@@ -126,30 +146,30 @@ FileFormat readFormat(const TomlSection& section) {
   options.skip = section.integer("skip");
   options.encoding = section.text("encoding").value_or("");
   options.sheet = section.text("sheet").value_or("");
-  if (options.skip && *options.skip < 0) section.fail("skip", "must be a number of lines, such as 3.");
+  if (options.skip && *options.skip < 0) section.fail("skip", tr("must be a number of lines, such as 3."));
   return formatFrom(options);
 }
 
 void readData(const TomlSection& top, Job& job) {
   const auto section = top.section(
       "data", {"source", "query", "scale", "complete", "decimal", "thousands", "na", "skip", "encoding", "sheet"});
-  if (!section) throw UsageError(nameOf(job.file) + ": there is no [data] section with a source.");
+  if (!section) throw UsageError(nameOf(job.file) + ": " + tr("there is no [data] section with a source."));
   if (const auto source = section->text("source")) {
     job.data.source = *source == kStandardStream ? std::filesystem::path(*source) : job.baseFolder / *source;
   }
   job.data.jobFolder = job.baseFolder.empty() ? "." : job.baseFolder;
   if (const auto query = section->text("query")) job.data.query = *query;
   if (job.data.source.empty() && job.data.query.empty()) {
-    top.fail("data", "needs a source (a data file) or a query.");
+    top.fail("data", tr("needs a source (a data file) or a query."));
   }
   job.data.format = readFormat(*section);
   if (const auto scale = section->number("scale")) {
-    if (!(*scale > 0.0) || std::isinf(*scale)) section->fail("scale", "must be a positive number, such as 100.");
+    if (!(*scale > 0.0) || std::isinf(*scale)) section->fail("scale", tr("must be a positive number, such as 100."));
     job.scale = *scale;
   }
   job.complete = section->flag("complete").value_or(false);
   if (job.file == kStandardStream && job.data.source == kStandardStream) {
-    section->fail("source", "cannot be standard input, which the job is read from. Name a data file.");
+    section->fail("source", tr("cannot be standard input, which the job is read from. Name a data file."));
   }
 }
 
@@ -157,7 +177,7 @@ void readJobs(const TomlSection& top, Job& job) {
   const auto jobs = top.integer("jobs");
   if (!jobs) return;
   if (*jobs < 1 || *jobs > kMostJobs) {
-    top.fail("jobs", "must be a number of threads from 1 to " + std::to_string(kMostJobs) + ", such as 2.");
+    top.fail("jobs", tr("must be a number of threads from 1 to ^1, such as 2.", kMostJobs));
   }
   job.jobs = static_cast<int>(*jobs);
 }
@@ -172,7 +192,7 @@ Job readJobFile(const std::filesystem::path& file) {
   job.file = file;
   job.baseFolder = file.parent_path();
   const auto command = top.text("command");
-  if (!command) throw UsageError(nameOf(file) + ": there is no 'command' with the text of the VARMODEL command.");
+  if (!command) throw UsageError(nameOf(file) + ": " + tr("there is no 'command' with the text of the command."));
   job.command = *command;
   readData(top, job);
   readDictionary(top, job);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <regex>
 #include <utility>
 
 #include "workbench/base/errors.h"
@@ -16,8 +17,18 @@ namespace workbench {
 
 namespace {
 
+// "a,b" on a command line is one word, and no variable.
+bool namesJoinedVariables(const RunMessage& message) {
+  static const std::regex unknown("there is no variable \"[^\"]+,[^\"]+\" in the data");
+  return message.kind == RunMessage::Kind::error && std::regex_search(message.text, unknown);
+}
+
 void addWhatIsKnown(const Composer& composer, ToldRun& told) {
   if (told.hasOutput()) composer.present(told.run, told.view);
+  if (std::ranges::any_of(told.messages, namesJoinedVariables)) {
+    told.messages.push_back(
+        {RunMessage::Kind::hint, tr("The words of a list are parted by blanks: --endogenous a b c.")});
+  }
   const std::string hint = told.run.outcome.succeeded ? "" : composer.hint(told.run);
   if (!hint.empty()) told.messages.push_back({RunMessage::Kind::hint, hint});
 }

@@ -21,21 +21,23 @@ enum class Verbosity { quiet, normal, verbose };
 // Options that `run` and `fit` share.
 struct OutputOptions {
   // Files, "-" for standard output, empty for none.
-  std::filesystem::path html;   // the report
-  std::filesystem::path json;   // the record of the run
-  std::filesystem::path trace;  // the procedure's trace lines
-  std::string language = "en";  // of titles, labels, messages and numbers
-  bool plots = false;           // draw the charts in the terminal
-  bool everything = false;      // of a composed job all tables are shown in the terminal
-  bool summary = false;         // print the procedure's text summary
-  bool timings = false;         // one line a stage on stderr
-  std::optional<int> jobs;      // threads that procedures may compute on
+  std::filesystem::path html;        // the report
+  std::filesystem::path json;        // the record of the run
+  std::filesystem::path trace;       // the procedure's trace lines
+  std::filesystem::path writtenJob;  // a job file that does the run again
+  std::string language = "en";       // of titles, labels, messages and numbers
+  bool plots = false;                // draw the charts in the terminal
+  bool everything = false;           // of a composed job all tables are shown in the terminal
+  bool summary = false;              // print the procedure's text summary
+  bool timings = false;              // one line a stage on stderr
+  std::optional<int> jobs;           // threads that procedures may compute on
   Verbosity verbosity = Verbosity::normal;
   std::vector<std::string> commandLine;  // as given, for the record
 
   // A file is called "-": standard output is its, and shows nothing else.
   bool takesStandardOutput() const {
-    return html == kStandardStream || json == kStandardStream || trace == kStandardStream;
+    return html == kStandardStream || json == kStandardStream || trace == kStandardStream ||
+           writtenJob == kStandardStream;
   }
   bool showsOutput() const { return verbosity != Verbosity::quiet && !takesStandardOutput(); }
 };

@@ -17,6 +17,7 @@
 #include "workbench/cli/run_record.h"
 #include "workbench/cli/screen.h"
 #include "workbench/cli/short_form.h"
+#include "workbench/cli/written_job.h"
 #include "workbench/commands/registry.h"
 #include "workbench/edge/texts.h"
 #include "workbench/language/command_list.h"
@@ -60,6 +61,9 @@ bool hasOutput(const std::vector<ToldRun>& runs) {
 void writeFiles(const RunDescription& description, const std::vector<ToldRun>& runs, const OutputOptions& options) {
   if (!options.trace.empty()) writeTrace(runs, options.trace);
   if (!options.json.empty() && hasOutput(runs)) writeOutput(options.json, runRecord(description, runs));
+  if (!options.writtenJob.empty() && hasOutput(runs)) {
+    writeOutput(options.writtenJob, writtenJob(description, runs, options.writtenJob));
+  }
   if (!options.html.empty() && hasOutput(runs)) {
     writeOutput(options.html, reportPage(description, runs));
     if (options.showsOutput()) showLine(tr("report: ^1", options.html.string()));

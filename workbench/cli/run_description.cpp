@@ -3,32 +3,19 @@
 #include <fmt/format.h>
 
 #include <array>
-#include <sstream>
 
-#include "workbench/cli/toml_reader.h"
+#include "workbench/cli/toml_text.h"
 #include "workbench/commands/common/analysed_rows.h"
 #include "workbench/dates/case_label.h"
-#include "workbench/render/number_format.h"
 
 namespace workbench {
 
 namespace {
 
-std::string tomlText(const std::string& text) {
-  std::ostringstream out;
-  out << toml::value<std::string>(text);
-  return out.str();
-}
-
 std::string tomlTexts(const std::vector<std::string>& texts) {
   std::string list;
   for (const std::string& text : texts) list += (list.empty() ? "" : ", ") + tomlText(text);
   return "[" + list + "]";
-}
-
-std::string tomlNumber(double value) {
-  const std::string text = fullPrecision(value);
-  return text.find_first_of(".e") == std::string::npos ? text + ".0" : text;
 }
 
 std::string tomlDate(const DateComponents& components) {

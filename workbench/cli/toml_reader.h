@@ -42,9 +42,9 @@ class TomlSection {
 
  private:
   template <typename T>
-  std::optional<T> value(std::string_view key, const char* expected) const;
+  std::optional<T> value(std::string_view key, const std::string& expected) const;
   template <typename T>
-  std::optional<std::vector<T>> list(std::string_view key, const char* expected) const;
+  std::optional<std::vector<T>> list(std::string_view key, const std::string& expected) const;
   std::string fullName(std::string_view key) const;
 
   const toml::table& table_;

@@ -1,13 +1,27 @@
 #include "workbench/edge/texts.h"
 
+#include <utility>
+
 #include "workbench/edge/session.h"
 
 namespace workbench {
 
+namespace {
+
+Language& languageOutsideCalls() {
+  static Language language;
+  return language;
+}
+
+}  // namespace
+
 const Language& currentLanguage() {
-  static const Language english;
   const Session* session = runningSession();
-  return session == nullptr ? english : session->language;
+  return session == nullptr ? languageOutsideCalls() : session->language;
+}
+
+void setLanguage(Language language) {
+  languageOutsideCalls() = std::move(language);
 }
 
 }  // namespace workbench

@@ -9,8 +9,10 @@
 
 namespace workbench {
 
-// English when no call is running.
+// Outside of calls that of setLanguage, English unless told.
 const Language& currentLanguage();
+
+void setLanguage(Language language);
 
 template <class... Arguments>
 std::string tr(std::string_view key, const Arguments&... arguments) {

@@ -6,6 +6,7 @@
 #include <array>
 
 #include "workbench/commands/common/command_text.h"
+#include "workbench/commands/common/option_checks.h"
 #include "workbench/language/quoting.h"
 
 namespace workbench::vardynamics {
@@ -22,14 +23,14 @@ void addModelOptions(CLI::App& app, AnalyzeOptions& options) {
   const auto addSelection = [&](CLI::Option* option) { option->excludes(lag); };
   addSelection(app.add_option("--select", options.criterion, "Criterion that chooses the lag (default: aic)")
                    ->type_name("aic|bic|hqic|fpe")
-                   ->transform(CLI::IsMember({"AIC", "BIC", "HQIC", "FPE"}, CLI::ignore_case)));
+                   ->transform(keywordOf({"AIC", "BIC", "HQIC", "FPE"})));
   addSelection(app.add_option("--minlag", options.minLag, "Smallest lag order chosen (default: 1)")->type_name("N"));
   addSelection(
       app.add_option("--maxlag", options.maxLag, "Largest lag order tried (default: by the sample, at most 12)")
           ->type_name("N"));
   app.add_option("--trend", options.deterministic, "Deterministic terms (default: constant)")
       ->type_name("none|constant|trend")
-      ->transform(CLI::IsMember({"NONE", "CONSTANT", "TREND"}, CLI::ignore_case));
+      ->transform(keywordOf({"NONE", "CONSTANT", "TREND"}));
   app.add_flag("--seasonal", options.seasonal, "Seasonal dummies of the dates' cycle");
 }
 
@@ -84,7 +85,7 @@ void AnalyzeComposer::addShockOptions(CLI::App& app) {
       ->type_name("VAR");
   app.add_option("--bands", options_.bands, "Limits of responses and shares (default: bootstrap)")
       ->type_name("bootstrap|analytic|none")
-      ->transform(CLI::IsMember({"BOOTSTRAP", "ANALYTIC", "NONE"}, CLI::ignore_case));
+      ->transform(keywordOf({"BOOTSTRAP", "ANALYTIC", "NONE"}));
   app.add_option("--replications", options_.replications, "Bootstrap draws (default: 2000)")->type_name("N");
   app.add_option("--seed", options_.seed, "Seed of the draws (default: 1)")->type_name("N");
   app.add_flag("--backtest", options_.backtest, "Test forecasts from earlier origins against simple rivals");
@@ -96,7 +97,8 @@ void AnalyzeComposer::addOptions(CLI::App& app) {
   app.add_flag("--conditional", options_.conditional,
                "Hold the values of endogenous variables in the rows after the last complete one");
   app.add_option("--cilevel", options_.levels, "Confidence level in percent, or several (default: 95)")
-      ->type_name("PERCENT");
+      ->type_name("PERCENT")
+      ->check(percentage());
   app.add_option("--save", options_.saveFile, "Save residuals and forecasts (.csv, .parquet, .duckdb)")
       ->type_name("FILE");
   app.add_flag("--include-missing", options_.includeUserMissing, "Treat user-missing values as valid");

@@ -8,6 +8,7 @@
 
 #include "workbench/base/errors.h"
 #include "workbench/commands/common/command_text.h"
+#include "workbench/commands/common/option_checks.h"
 #include "workbench/commands/varmodel/selected_lag.h"
 #include "workbench/commands/varmodel/small_units.h"
 #include "workbench/dataset/dataset.h"
@@ -96,10 +97,12 @@ void ModelComposer::addModelOptions(CLI::App& app) {
       ->type_name("N");
   app.add_option("--select", options_.criteria, "Criteria that choose the lag (default: bic)")
       ->type_name("aic|bic|hqic")
-      ->transform(CLI::IsMember({"AIC", "BIC", "HQIC"}, CLI::ignore_case));
+      ->transform(keywordOf({"AIC", "BIC", "HQIC"}));
   app.add_option("--minlag", options_.minLag, "Smallest lag order tried (default: 1)")->type_name("N");
   app.add_option("--maxlag", options_.maxLag, "Largest lag order tried, 1 to 25 (default: 10)")->type_name("N");
-  app.add_option("--cilevel", options_.ciLevel, "Confidence level in percent (default: 95)")->type_name("PERCENT");
+  app.add_option("--cilevel", options_.ciLevel, "Confidence level in percent (default: 95)")
+      ->type_name("PERCENT")
+      ->check(percentage());
   app.add_flag("--include-missing", options_.includeUserMissing, "Treat user-missing values as valid");
 }
 
