@@ -9,9 +9,9 @@
 #include <map>
 
 #include "bench/coverage_design.h"
-#include "engine/diagnostics/test_statistics.h"
 #include "engine/dynamics/bootstrap_bands.h"
 #include "engine/dynamics/decompositions.h"
+#include "engine/regression/inference.h"
 
 namespace {
 

@@ -30,6 +30,10 @@ std::array<std::uint32_t, 4> philox(std::array<std::uint32_t, 4> counter, std::a
   return counter;
 }
 
+void advance(std::array<std::uint32_t, 4>& counter) {
+  if (++counter[0] == 0) ++counter[1];
+}
+
 RandomStream::RandomStream(std::uint64_t seed, std::uint64_t stream)
     : key_{low(seed), high(seed)}, counter_{0, 0, low(stream), high(stream)} {}
 
@@ -37,7 +41,7 @@ std::uint32_t RandomStream::word() {
   if (used_ == words_.size()) {
     words_ = philox(counter_, key_);
     used_ = 0;
-    if (++counter_[0] == 0) ++counter_[1];
+    advance(counter_);
   }
   return words_[used_++];
 }

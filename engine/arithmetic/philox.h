@@ -12,6 +12,9 @@ namespace engine {
 // Philox4x32 with ten rounds (Salmon, Moraes, Dror & Shaw 2011): a bijection of the counter under the key.
 std::array<std::uint32_t, 4> philox(std::array<std::uint32_t, 4> counter, std::array<std::uint32_t, 2> key);
 
+// The next place in a stream: the first two words are one number, the lower first, that counts up.
+void advance(std::array<std::uint32_t, 4>& counter);
+
 // One of 2^64 streams of a seed, each of 2^66 words. Streams do not overlap.
 class RandomStream {
  public:

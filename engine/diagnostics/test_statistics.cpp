@@ -2,7 +2,6 @@
 
 #include <boost/math/distributions/chi_squared.hpp>
 #include <boost/math/distributions/fisher_f.hpp>
-#include <boost/math/distributions/students_t.hpp>
 #include <cmath>
 
 namespace engine {
@@ -27,12 +26,6 @@ ChiSquaredTest chiSquaredTest(double statistic, double degreesOfFreedom) {
 
 FTest fTest(double statistic, double numeratorDegrees, double denominatorDegrees) {
   return {statistic, numeratorDegrees, denominatorDegrees, fTail(statistic, numeratorDegrees, denominatorDegrees)};
-}
-
-double studentLimit(double level, double degreesOfFreedom) {
-  const double tail = (100.0 - level) / 200.0;
-  return boost::math::quantile(
-      boost::math::complement(boost::math::students_t_distribution<double>(degreesOfFreedom), tail));
 }
 
 }  // namespace engine

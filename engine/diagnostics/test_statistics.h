@@ -25,7 +25,4 @@ double fTail(double statistic, double numeratorDegrees, double denominatorDegree
 ChiSquaredTest chiSquaredTest(double statistic, double degreesOfFreedom);
 FTest fTest(double statistic, double numeratorDegrees, double denominatorDegrees);
 
-// The number that Student's t exceeds in absolute value with the probability 1 - level / 100; 0 < level < 100.
-double studentLimit(double level, double degreesOfFreedom);
-
 }  // namespace engine

@@ -2,10 +2,10 @@
 
 #include <cmath>
 #include <limits>
-#include <numbers>
 
 #include "engine/arithmetic/moments.h"
 #include "engine/linear_algebra/cholesky.h"
+#include "engine/regression/lag_selection.h"
 
 namespace engine {
 
@@ -34,18 +34,11 @@ EquationFit equationFit(const FittedVar& fit, const VarSample& sample, std::size
 CoefficientInference studentInference(const FittedVar& fit, std::size_t equation, double level) {
   const double degrees = residualDegrees(fit);
   const double variance = sumOfSquares(fit.residuals[equation]) / degrees;
-  const double width = studentLimit(level, degrees);
-  CoefficientInference result;
-  for (std::size_t j = 0; j < regressorCount(fit); ++j) {
-    const double b = fit.coefficients(equation, j);
-    const double error = std::sqrt(variance * fit.inverse(j, j));
-    result.standardErrors.push_back(error);
-    result.tStatistics.push_back(b / error);
-    result.pValues.push_back(twoSidedPValue(b / error, static_cast<std::int64_t>(degrees)));
-    result.lowerLimits.push_back(b - width * error);
-    result.upperLimits.push_back(b + width * error);
-  }
-  return result;
+  InverseDiagonal inverse;
+  for (std::size_t j = 0; j < regressorCount(fit); ++j) inverse.values.push_back(fit.inverse(j, j));
+  inverse.exponents.resize(inverse.values.size());
+  return inferCoefficients(fit.coefficients.row(equation), variance, inverse, static_cast<std::int64_t>(degrees), level,
+                           LimitQuantile::studentT);
 }
 
 double logDeterminant(const FittedVar& fit, const Matrix& residualCovariance) {
@@ -58,8 +51,8 @@ double logDeterminant(const FittedVar& fit, const Matrix& residualCovariance) {
 }
 
 double logLikelihood(const FittedVar& fit, double logDeterminant) {
-  const double constant = static_cast<double>(seriesCount(fit)) * (std::log(2.0 * std::numbers::pi) + 1.0);
-  return -0.5 * static_cast<double>(rowCount(fit)) * (logDeterminant + constant);
+  return logLikelihood(logDeterminant, ModelSize{.equations = static_cast<std::int64_t>(seriesCount(fit)),
+                                                 .rows = static_cast<std::int64_t>(rowCount(fit))});
 }
 
 }  // namespace engine

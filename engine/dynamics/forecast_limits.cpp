@@ -1,6 +1,6 @@
 #include "engine/dynamics/forecast_limits.h"
 
-#include "engine/diagnostics/test_statistics.h"
+#include "engine/regression/inference.h"
 
 namespace engine {
 

@@ -31,14 +31,18 @@ double standardError(double residualVariance, const InverseDiagonal& inverse, st
   return std::ldexp(root, -inverse.exponents[j]);
 }
 
+double studentLimit(double level, double degreesOfFreedom) {
+  const boost::math::students_t_distribution<double> student(degreesOfFreedom);
+  return boost::math::quantile(boost::math::complement(student, (100.0 - level) / 100.0 * 0.5));
+}
+
 double criticalValue(double confidenceLevel, LimitQuantile quantile, std::int64_t degreesOfFreedom) {
   const double alpha = (100.0 - confidenceLevel) / 100.0;
   try {
     if (quantile == LimitQuantile::normal) {
       return boost::math::quantile(boost::math::normal_distribution<double>(0.0, 1.0), 1.0 - alpha * 0.5);
     }
-    const boost::math::students_t_distribution<double> student(static_cast<double>(degreesOfFreedom));
-    return boost::math::quantile(boost::math::complement(student, alpha * 0.5));
+    return studentLimit(confidenceLevel, static_cast<double>(degreesOfFreedom));
   } catch (const std::overflow_error&) {  // the quantile at 1
     return std::numeric_limits<double>::infinity();
   }

@@ -27,6 +27,9 @@ struct CoefficientInference {
   std::vector<double> upperLimits;
 };
 
+// The number that Student's t exceeds in absolute value with the probability 1 - level / 100; 0 < level < 100.
+double studentLimit(double level, double degreesOfFreedom);
+
 // The distribution of which confidence limits are quantiles: standard normal, or Student's t like the p-values.
 enum class LimitQuantile { normal, studentT };
 

@@ -168,13 +168,6 @@ std::optional<LikelihoodRatio> likelihoodRatio(const VarEstimation& estimation, 
   return LikelihoodRatio{2.0 * (larger->logLikelihood - smaller->logLikelihood), equations * equations};
 }
 
-CoefficientInference inferEquation(const VarEstimation& estimation, const LagEstimate& estimate, std::size_t equation,
-                                   double confidenceLevel, LimitQuantile quantile) {
-  const std::int64_t regressors = std::ssize(estimate.coefficients[equation]);
-  return inferCoefficients(estimate.coefficients[equation], residualVariance(estimate.moments, equation, regressors),
-                           estimate.inverseDiagonal, estimation.rows - regressors, confidenceLevel, quantile);
-}
-
 FittedVar fittedVar(VarEstimation estimation, std::int32_t lag) {
   const auto estimate = std::ranges::find(estimation.lags, lag, &LagEstimate::lag);
   assert(estimate != estimation.lags.end() && !estimate->residuals.empty() && estimate->inverse.rows > 0);

@@ -8,7 +8,6 @@
 #include <optional>
 
 #include "engine/regression/fitted_var.h"
-#include "engine/regression/inference.h"
 #include "engine/regression/lag_data.h"
 #include "engine/regression/lag_selection.h"
 #include "engine/regression/original_units.h"
@@ -100,10 +99,6 @@ struct LikelihoodRatio {
   std::int64_t degreesOfFreedom = 0;
 };
 std::optional<LikelihoodRatio> likelihoodRatio(const VarEstimation& estimation, std::int32_t lag);
-
-// Inference on equation i of one lag, with n - m degrees of freedom.
-CoefficientInference inferEquation(const VarEstimation& estimation, const LagEstimate& estimate, std::size_t equation,
-                                   double confidenceLevel, LimitQuantile quantile);
 
 // The hand-over to what is made of a fitted model; `lag` must be fitted, with residuals and the full inverse.
 FittedVar fittedVar(VarEstimation estimation, std::int32_t lag);

@@ -3,6 +3,7 @@
 #include "engine/dynamics/backtest.h"
 #include "engine/dynamics/forecast_evaluation.h"
 #include "engine/dynamics/forecast_limits.h"
+#include "engine/dynamics/rolling_regression.h"
 #include "engine/linear_algebra/dense_algebra.h"
 #include "tests/engine/dynamics_fixture.h"
 
@@ -65,6 +66,24 @@ TEST_P(BacktestRefits, EqualsFittingEveryOriginFromScratch) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Windows, BacktestRefits, testing::Values(false, true));
+
+// A row that decides a coefficient alone cannot be dropped by updating: what is left would be rounding.
+TEST(Backtest, SumsAgainWhereARowWasIndispensable) {
+  constexpr std::size_t kLast = 190;
+  for (const double size : {10.0, 1e4, 1e8}) {
+    std::vector<double> column = noise(31, 202);
+    column[195] = size;
+    const Example whole = fitted(growth(), 2, true, {column});
+    RollingRegression regression(whole.fit, whole.sample());
+    for (std::size_t last = 200; last > kLast - 2; --last) ASSERT_TRUE(regression.moveTo(0, last - 2));
+    const FittedVar seen = regression.fit();
+    const Example again = fitted(rowsOf(growth(), 0, kLast - 1), 2, true, rowsOf({column}, 0, kLast - 1));
+    expectClose(seen.coefficients, again.fit.coefficients);
+    for (std::size_t i = 0; i < 3; ++i) {
+      EXPECT_THAT(seen.residuals[i], elementsNear(again.fit.residuals[i], kReference));
+    }
+  }
+}
 
 TEST(Backtest, WithoutLimitsGivesTheSameForecasts) {
   const Example model = fitted(growth(), 2);

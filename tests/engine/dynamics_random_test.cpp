@@ -21,6 +21,16 @@ TEST(Philox, AnswersOfItsInventors) {
               ElementsAre(0xd16cfe09, 0x94fdcceb, 0x5001e420, 0x24126ea1));
 }
 
+// After 2^34 words of one stream; the words of the stream's number stay.
+TEST(RandomStream, CountsOnBeyondThe32BitsOfItsFirstWord) {
+  const std::uint32_t ones = 0xffffffff;
+  std::array<std::uint32_t, 4> counter = {ones - 1, 7, 3, 4};
+  advance(counter);
+  EXPECT_THAT(counter, ElementsAre(ones, 7, 3, 4));
+  advance(counter);
+  EXPECT_THAT(counter, ElementsAre(0, 8, 3, 4));
+}
+
 TEST(RandomStream, StreamsAndSeedsAreApart) {
   std::set<std::uint32_t> words;
   for (const std::uint64_t seed : {1ull, 2ull, 1ull << 32}) {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <limits>
 
-#include "engine/diagnostics/test_statistics.h"
+#include "engine/regression/inference.h"
 
 namespace vardynamics {
 namespace {

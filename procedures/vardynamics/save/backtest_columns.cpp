@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <utility>
 
-#include "engine/diagnostics/test_statistics.h"
+#include "engine/regression/inference.h"
 #include "procedures/common/number_text.h"
 
 namespace vardynamics {
