@@ -72,7 +72,7 @@ TEST_F(DecompositionRun, BandsHoldTheShareAndWideLevelsHoldNarrowOnes) {
     }
   }
   EXPECT_THAT(notes("Model Summary"), Contains(StartsWith("At 5 periods ")).Times(3));
-  EXPECT_THAT(notes("Variance Decomposition - a"), Contains("Limits at 90 %: percentiles of the bootstrap."));
+  EXPECT_THAT(notes("Variance Decomposition - a"), Contains(StartsWith("Limits from 200 bootstrap draws")));
   const auto first = cells("Variance Decomposition - a");
   ASSERT_TRUE(run(kModel + "/DECOMPOSITION TYPE=[VARIANCE] HORIZON=5 /AUXILIARY CILEVEL=68 90 /BOOTSTRAP SEED=2 "
                            "REPLICATIONS=200"));
@@ -135,8 +135,8 @@ TEST_F(DecompositionRun, PartsOfTheHistorySumToTheChangeOfTheData) {
   }
   const std::vector<double> bars = chartNumbers("Historical Chart - b", "part");
   const std::vector<double> line = chartNumbers("Historical Chart - b", "sum");
-  ASSERT_EQ(bars.size(), 180U);  // three shocks in the last 60 rows
-  for (std::size_t t = 0; t < 60; ++t) EXPECT_NEAR(line[t], bars[t] + bars[60 + t] + bars[120 + t], 1e-12);
+  ASSERT_EQ(bars.size(), 351U);  // three shocks in 117 rows
+  for (std::size_t t = 0; t < 117; ++t) EXPECT_NEAR(line[t], bars[t] + bars[117 + t] + bars[234 + t], 1e-12);
 }
 
 TEST_F(DecompositionRun, SaysHowLongTheInitialConditionsMatter) {

@@ -24,7 +24,7 @@ DocumentChart rootsChart(const ReportContext& context);
 DocumentChart varianceChart(const ReportContext& context, std::size_t series);
 DocumentChart generalizedChart(const ReportContext& context, std::size_t series);
 
-// What every shock does to a series in the last rows, under the line of the data less what no shock does.
+// What every shock does to a series, under the line of the data less what no shock does.
 DocumentChart historicalChart(const ReportContext& context, std::size_t series);
 
 // Root mean squared errors over the horizons, the model beside its rivals.

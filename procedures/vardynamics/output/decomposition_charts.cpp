@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <string>
 
 #include "procedures/vardynamics/output/charts.h"
@@ -8,7 +7,7 @@
 namespace vardynamics {
 namespace {
 
-constexpr std::size_t kShownHistory = 60;
+constexpr const char* kShownFirst = "GUIDE: window(dim(1), last(60))";
 
 DocumentChart shareChart(const ReportContext& context, const VarianceShares& shares, std::size_t series) {
   const Texts& texts = context.texts;
@@ -62,7 +61,7 @@ DocumentChart historicalChart(const ReportContext& context, std::size_t series) 
   std::vector<double> parts;
   std::vector<double> sums;
   for (std::size_t j = 0; j < history.parts.shocks.size(); ++j) {
-    for (std::size_t row = sum.rows - std::min(sum.rows, kShownHistory); row < sum.rows; ++row) {
+    for (std::size_t row = 0; row < sum.rows; ++row) {
       dates.push_back(historicalLabel(context, row));
       shocks.push_back(context.names()[j]);
       parts.push_back(history.parts.shocks[j](row, series));
@@ -72,6 +71,7 @@ DocumentChart historicalChart(const ReportContext& context, std::size_t series) 
   chart.texts = {{"date", dates}, {"shock", shocks}};
   chart.numbers = {{"part", parts}, {"sum", sums}};
   chart.statements = {"SCALE: cat(dim(1), sort.data())",
+                      kShownFirst,
                       axisGuide(2, context.names()[series]),
                       axisGuide(1, context.observations.dated ? texts.localize("Date") : texts.localize("Row")),
                       "GUIDE: legend(aesthetic(aesthetic.color), label(\"" + texts.localize("Shocks to") + "\"))",

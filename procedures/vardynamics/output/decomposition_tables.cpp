@@ -65,9 +65,11 @@ DocumentTable shareTable(const ReportContext& context, const ShareTable& kind, s
 
 Sentences bandNotes(const ReportContext& context, const VarianceShares& shares) {
   if (shares.bands.empty()) return {};
-  Sentences notes{context.texts.localize("Limits at ^1: percentiles of the bootstrap.",
-                                         {context.texts.percent(shares.bands.back().level)})};
-  append(notes, drawSentences(context));
+  Sentences notes = drawSentences(context);
+  if (shares.bands.size() == 1) {
+    notes.insert(notes.begin(), context.texts.localize("Lower and Upper: limits at ^1.",
+                                                       {context.texts.percent(shares.bands.front().level)}));
+  }
   return notes;
 }
 
