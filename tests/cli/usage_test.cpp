@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <regex>
+
 #include "document.h"
 #include "program.h"
 
@@ -117,6 +119,19 @@ TEST_F(Usage, IsGermanInGerman) {
   space.file("job.toml", "command = \"VARMODEL\n");
   EXPECT_THAT(space.run({"run", "job.toml", "--lang", "de"}).err,
               HasSubstr("Zeile 1, Spalte 11: Das Anführungszeichen"));
+}
+
+TEST_F(Usage, HelpFitsTheTerminalAndTellsEveryOption) {
+  for (const char* name : {"run", "fit", "analyze"}) {
+    const ProgramRun help = space.run({name, "--help"});
+    EXPECT_EQ(help.exitCode, 0);
+    EXPECT_FALSE(std::regex_search(help.out, std::regex("[^\\n]{81}"))) << help.out;
+    EXPECT_THAT(help.out, HasSubstr("--jobs N"));
+  }
+  const std::string fit = space.run({"fit", "--help"}).out;
+  EXPECT_THAT(unwrapped(fit), AllOf(HasSubstr("--lag N"), HasSubstr("--select aic|bic|hqic"),
+                                    HasSubstr("(with --model-only: predicted values"), HasSubstr("--order VAR"),
+                                    HasSubstr("--write-job FILE")));
 }
 
 TEST_F(Usage, WrittenJobsDoTheRunAgain) {

@@ -8,6 +8,7 @@
 
 #include "workbench/base/errors.h"
 #include "workbench/base/languages.h"
+#include "workbench/cli/help_format.h"
 #include "workbench/cli/usage_message.h"
 #include "workbench/commands/common/option_checks.h"
 #include "workbench/commands/registry.h"
@@ -91,6 +92,7 @@ Invocation parseCommandLine(int argc, const char* const* argv) {
   CLI::App program("Vector autoregression: fit, diagnose, forecast, report.", "varmodel");
   program.set_version_flag("--version", VARMODEL_VERSION);
   program.require_subcommand(1);
+  program.formatter(std::make_shared<HelpFormat>());
   addRun(program, run);
   for (ComposeOptions& options : composed) addComposer(program, options);
   std::vector<std::string> words(argv + 1, argv + argc);
