@@ -23,6 +23,7 @@ Data goodData() {
   std::vector<double> total;
   for (std::size_t t = 0; t < 42; ++t) total.push_back(data[2].second[t] + data[3].second[t]);
   data.emplace_back("total", total);
+  data.emplace_back("two words", data[3].second);
   data.emplace_back("flat", std::vector<double>(42, 3.0));
   std::vector<double> twin;
   for (const double value : data[0].second) twin.push_back(2.0 * value);
@@ -186,6 +187,8 @@ std::vector<Fault> faults() {
        kModel + "/IMPULSE ORDER=b a"},
       {"OrderOfOthers", kModel + "EXOGENOUS=x /IMPULSE ORDER=b x", "Give ORDER=b a, or",
        kModel + "EXOGENOUS=x /IMPULSE ORDER=b a"},
+      {"OrderOfBlanks", "VARDYNAMICS /MODEL ENDOGENOUS=a 'two words' /IMPULSE ORDER='two words'",
+       "Give ORDER=\"two words\" a, or", "VARDYNAMICS /MODEL ENDOGENOUS=a 'two words' /IMPULSE ORDER=\"two words\" a"},
       {"TwoOrders", kModel + "/IMPULSE ORDER=a b /DECOMPOSITION ORDER=b a", "it holds for both.",
        kModel + "/IMPULSE ORDER=a b"},
       {"UnknownShock", kModel + "/IMPULSE SHOCKS=b x",

@@ -7,17 +7,13 @@
 #include "engine/arithmetic/moments.h"
 #include "engine/dynamics/forecast_errors.h"
 #include "engine/dynamics/impulse_responses.h"
+#include "procedures/vardynamics/analysis/estimation_faults.h"
 #include "procedures/vardynamics/analysis/regressors.h"
-#include "procedures/vardynamics/data/user_error.h"
 
 namespace vardynamics {
 namespace {
 
 constexpr double kVisible = 0.05;  // of what the shocks do
-
-[[noreturn]] void refuseDependentShocks() {
-  fail("The shocks cannot be told apart: the residuals are linearly dependent to rounding. Leave out a series.");
-}
 
 template <typename Result>
 Result required(std::optional<Result> result) {

@@ -120,4 +120,8 @@ void refuse(const ModelData& data, const engine::FitError& error) {
   fail("The sample has too few rows for lag ^1. Use a smaller lag.", {std::to_string(error.lag)});
 }
 
+void refuseDependentShocks() {
+  fail("The shocks cannot be told apart: the residuals are linearly dependent to rounding. Leave out a series.");
+}
+
 }  // namespace vardynamics

@@ -18,4 +18,7 @@ void requireUsableLag(const ModelShape& shape, std::int32_t lag, const char* set
 // Throws the UserError of a fit that failed: it names the series or regressors that cause it.
 [[noreturn]] void refuse(const ModelData& data, const engine::FitError& error);
 
+// The residuals are linearly dependent to rounding, so that their covariance has no factor.
+[[noreturn]] void refuseDependentShocks();
+
 }  // namespace vardynamics

@@ -4,17 +4,13 @@
 #include <utility>
 
 #include "engine/regression/inference.h"
+#include "procedures/vardynamics/analysis/estimation_faults.h"
 #include "procedures/vardynamics/analysis/regressors.h"
-#include "procedures/vardynamics/data/user_error.h"
 
 namespace vardynamics {
 namespace {
 
 using engine::ShockType;
-
-[[noreturn]] void refuseDependentShocks() {
-  fail("The shocks cannot be told apart: the residuals are linearly dependent to rounding. Leave out a series.");
-}
 
 // Values -+ z errors, z of the normal distribution, on which the delta method rests.
 engine::Band normalBand(const engine::Responses& values, const engine::Responses& errors, double level) {

@@ -76,6 +76,17 @@ void checkImpulse(const ImpulseSettings& settings) {
   }
 }
 
+// As a command writes it: in quotes unless it is one plain word.
+std::string inCommand(const std::string& name) {
+  const auto isPlain = [](char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
+  };
+  if (std::ranges::all_of(name, isPlain)) return name;
+  std::string quoted = "\"";
+  for (const char c : name) quoted.append(c == '"' ? 2 : 1, c);
+  return quoted + "\"";
+}
+
 // The named series first, each once, then the others.
 [[noreturn]] void refuseOrder(const Names& given, const Names& series) {
   Names order;
@@ -85,6 +96,7 @@ void checkImpulse(const ImpulseSettings& settings) {
       if (known && placeOf(name, order) == order.size()) order.push_back(name);
     }
   }
+  for (std::string& name : order) name = inCommand(name);
   fail("ORDER names every endogenous series once. Give ORDER=^1, or these in another order.", {joined(order, " ")});
 }
 
