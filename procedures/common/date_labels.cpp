@@ -172,6 +172,14 @@ void generateHistoricalLabels(const OperationNames& names, ProcedureDataSource& 
   guarded(lead, [&] { labelObservedRows(lead, dataSource, axis); });
 }
 
+std::optional<std::int64_t> predictTargetOffset(const OperationNames& names, ProcedureDataSource& dataSource,
+                                                const TimeAxis& axis) {
+  if (axis.predictThruCase > 0) return axis.predictThruCase - 1;
+  if (!anyComponent(axis.predictThruDate)) return std::nullopt;
+  const TSXDateSpec specification = TfoDateHandler(dataSource, nullptr, 0).GetCurrDateSpec();
+  return dateTargetOffset(names.lead(names.forecastLabels), axis.predictThruDate, specification);
+}
+
 void generateForecastLabels(const OperationNames& names, ProcedureDataSource& dataSource,
                             std::int64_t lastObservedOffset, TimeAxis& axis) {
   const std::string lead = names.lead(names.forecastLabels);

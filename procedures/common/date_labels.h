@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "host/data_source.h"
@@ -18,6 +19,11 @@ namespace procedures {
 // blanks where the dataset has one, else the host's date label. Leaves none when there are no date variables. Lets no
 // exception out; the labels made before one stay.
 void generateHistoricalLabels(const OperationNames& names, ProcedureDataSource& dataSource, TimeAxis& axis);
+
+// The case offset that PREDICT THRU means: none without a target, and none, after a trace line, when its date names no
+// period. Host exceptions pass through.
+std::optional<std::int64_t> predictTargetOffset(const OperationNames& names, ProcedureDataSource& dataSource,
+                                                const TimeAxis& axis);
 
 // Replaces the forecast labels by one for each period after `lastObservedOffset` up to the PREDICT THRU target, and the
 // held warning by the reason why there is none. Without a target there is no label and no warning. Lets no exception

@@ -49,6 +49,11 @@ bool ParamObj::getNumberValue(double& value) const {
   value = state_->value.number.value_or(value);
   return state_->value.number.has_value();
 }
+bool ParamObj::getNumberList(std::vector<double>& values) const {
+  counted("getNumberList");
+  if (state_->value.number) values.push_back(*state_->value.number);
+  return !values.empty();
+}
 bool ParamObj::getUpStringGeneric(std::string& text) const {
   counted("getUpStringGeneric");
   if (state_->value.words.empty()) return false;

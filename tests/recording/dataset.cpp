@@ -72,8 +72,9 @@ void VEXA_TrendsInfo::GetPred(bool& qHi, bool& qHiDate, long& hiCase, bool&, boo
   hiCase = current().predictCase;
 }
 ANSWERS(int, VEXA_TrendsInfo, GetNDateVars() const, static_cast<int>(current().dateVariables.size()))
-void VEXA_TrendsInfo::GetDateVar(int i, int& column, int& unitCode, int&) const {
+void VEXA_TrendsInfo::GetDateVar(int i, int& column, int& unitCode, int& periodicity) const {
   counted("GetDateVar");
+  periodicity = i == 0 ? 0 : 4;
   column = dateVariableAt(i).column;
   unitCode = dateVariableAt(i).unitCode;
 }
@@ -207,6 +208,16 @@ bool TSXDateSpec::TSXIndexTuple::SetIndexes(const std::vector<unsigned>& compone
 }
 NOTES(std::int64_t, TSXDateSpec::TSXIndexTuple, ClosestCaseOffset(bool later) const, state_->offset,
       "ClosestCaseOffset", later)
+std::vector<unsigned> TSXDateSpec::TSXIndexTuple::GetIndexes() const {
+  counted("GetIndexes");
+  return {static_cast<unsigned>(1990 + state_->offset / 4), static_cast<unsigned>(1 + state_->offset % 4)};
+}
+TSXDateSpec::TSXIndexTuple TSXDateSpec::IndexTuple(long caseOffset) const {
+  counted("IndexTuple");
+  TSXIndexTuple tuple(*this);
+  HostAccess::state(tuple).offset = caseOffset;
+  return tuple;
+}
 TSXDateSpec::TSXDateSpec() {
   counted("TSXDateSpec");
 }

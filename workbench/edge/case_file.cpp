@@ -107,7 +107,7 @@ void save(const StateOf<UserCaseFileSpec>& specification, const StateOf<VEXA_Dat
   if (specification.path.empty()) throw workbench::OutputError("SAVE names no file.");
   if (source.spoiled) throw workbench::OutputError(currentSession().saveError);
   if (source.dataset->columns.empty()) {
-    throw workbench::OutputError("SAVE FILE has nothing to save. Add PREDICTED or NRESIDUAL.");
+    throw workbench::OutputError("SAVE FILE has nothing to save. " + currentSession().saveRemedies.nothing);
   }
   scaleBack(*source.dataset, currentSession().savedScale);
   workbench::writeCases(*source.dataset, *specification.format, specification.path);

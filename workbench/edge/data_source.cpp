@@ -29,8 +29,7 @@ std::string refusal(const Dataset& dataset, const std::string& name, int column)
     return "a variable name of the saved file holds a control character";
   const int holder = dataset.find(name);
   if (holder < 0 || holder == column) return "";
-  return "two variables of the saved file would be named \"" + name +
-         "\": give PREDICTED and NRESIDUAL different prefixes";
+  return "two variables of the saved file would be named \"" + name + "\": " + currentSession().saveRemedies.equalNames;
 }
 
 bool acceptName(StateOf<VEXA_DataSource>& source, const std::string& name, int column) {

@@ -46,6 +46,12 @@ class StageClock {
   std::array<Clock::time_point, markCount> marks_{};
 };
 
+// What to do when a saved file is refused, in the words of the running command.
+struct SaveRemedies {
+  std::string nothing = "Ask for something to save.";  // a sentence: no column was asked for
+  std::string equalNames = "rename one of them";       // two columns would have the same name
+};
+
 // What a call of a procedure is given.
 struct CallInput {
   std::string commandText;
@@ -63,6 +69,7 @@ struct CallInput {
   int threads = 1;                    // that a procedure may compute on
   // Told the share of a piece of work that is done, by any thread; false stops the run. May be empty.
   std::function<bool(double)> progress;
+  SaveRemedies saveRemedies;
 };
 
 // What the parser and the procedure leave.

@@ -20,20 +20,23 @@ std::vector<unsigned> componentsOf(const TSXDateSpec& specification, std::size_t
 }  // namespace
 
 Calendar::Calendar(ProcedureDataSource& dataSource) : dataSource_(dataSource) {
+  bool fetched = true;
   const procedures::SeriesFetch fetch = [&](std::span<const std::int32_t> indexes, procedures::SeriesMatrix& matrix) {
-    return fetchCases(dataSource, indexes, UserMissing::excluded, procedures::CaseDeletion::listwise, matrix);
+    auto outcome = fetchCases(dataSource, indexes, UserMissing::excluded, procedures::CaseDeletion::listwise, matrix);
+    fetched = outcome.succeeded;
+    return outcome;
   };
-  if (!procedures::readPredictRequest(kOperations, dataSource, fetch, axis_)) {
+  const bool read = procedures::readPredictRequest(kOperations, dataSource, fetch, axis_);
+  // Labels that a failure cut short would be those of another kind from there on.
+  if (!read || !fetched || (hasDates() && std::ssize(axis_.historicalLabels) < axis_.observedRows)) {
     fail("The dates of the active dataset could not be read. Define them anew.");
   }
   if (hasDates()) finest_ = readFinest();
 }
 
-std::optional<std::int64_t> Calendar::predictOffset(std::size_t lastOffset) {
+std::optional<std::int64_t> Calendar::predictOffset() const {
   if (!axis_.predictRequested || axis_.predictThruEnd) return std::nullopt;
-  procedures::generateForecastLabels(kOperations, dataSource_, static_cast<std::int64_t>(lastOffset), axis_);
-  if (axis_.forecastLabels.empty()) return std::nullopt;
-  return axis_.forecastLabels.back().caseOffset;
+  return procedures::predictTargetOffset(kOperations, dataSource_, axis_);
 }
 
 std::vector<std::string> Calendar::labels(std::size_t firstOffset, std::size_t count) const {
@@ -90,7 +93,9 @@ Seasons Calendar::seasons(std::size_t firstOffset, std::size_t count) const {
   }
   for (std::size_t offset = firstOffset; offset < firstOffset + count; ++offset) {
     const unsigned component = componentsOf(specification, offset).back();
-    seasons.ofPeriod.push_back(std::min((component - origin) / finest_.advance, seasons.cycle - 1));
+    const std::size_t season = (component - origin) / finest_.advance;
+    if (season >= seasons.cycle) ++seasons.beyond;
+    seasons.ofPeriod.push_back(std::min(season, seasons.cycle - 1));
   }
   return seasons;
 }

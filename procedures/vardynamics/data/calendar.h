@@ -24,8 +24,8 @@ class Calendar {
   explicit Calendar(ProcedureDataSource& dataSource);
 
   bool hasDates() const { return axis_.hasDateVariables; }
-  // The PREDICT target's case offset; nothing without a target after `lastOffset`.
-  std::optional<std::int64_t> predictOffset(std::size_t lastOffset);
+  // The PREDICT target's case offset, wherever it lies; nothing without one. Host exceptions pass through.
+  std::optional<std::int64_t> predictOffset() const;
   // Labels of `count` periods from a case on: their dates, or case numbers without dates.
   std::vector<std::string> labels(std::size_t firstOffset, std::size_t count) const;
   std::string label(std::size_t offset) const { return labels(offset, 1).front(); }

@@ -27,8 +27,8 @@ Sample readSample(const Settings& settings, ProcedureDataSource& dataSource, con
   return std::get<Sample>(std::move(cut));
 }
 
-std::size_t horizonOf(const ForecastSettings& forecast, const Sample& sample, Calendar& calendar) {
-  HorizonRequest request{.predictOffset = calendar.predictOffset(sample.cases.last), .cycle = calendar.cycle()};
+std::size_t horizonOf(const ForecastSettings& forecast, const Sample& sample, const Calendar& calendar) {
+  HorizonRequest request{.predictOffset = calendar.predictOffset(), .cycle = calendar.cycle()};
   if (forecast.horizon) request.periods = static_cast<std::size_t>(*forecast.horizon);
   const std::size_t horizon = forecastHorizon(request, sample);
   if (horizon > kLongestHorizon) {
@@ -49,7 +49,7 @@ void checkForecast(const Settings& settings, std::size_t horizon, const Sample& 
 }  // namespace
 
 Observations readObservations(const Settings& settings, ProcedureDataSource& dataSource) {
-  Calendar calendar(dataSource);
+  const Calendar calendar(dataSource);
   if (settings.model.seasonal && calendar.cycle() == 0) {
     fail("SEASONAL=YES needs dates with a cycle, such as quarters or months. Date the cases, or leave out SEASONAL.");
   }

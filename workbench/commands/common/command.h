@@ -41,6 +41,9 @@ class Command {
   // Whether the procedure reads cases after the last complete one. If not, they are hidden from it.
   virtual bool readsFutureCases() const { return false; }
 
+  // What to do when a file that it saves is refused.
+  virtual SaveRemedies saveRemedies() const { return {}; }
+
   // Asks the procedure for its text summary, by whatever means it has, or for none.
   virtual void requestSummary(bool /*wanted*/) const {}
   // How the call ended. Without an override: "NAME_entry: StepN" with the name in lower case tells the step that

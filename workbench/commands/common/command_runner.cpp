@@ -33,6 +33,7 @@ FinishedRun CommandRunner::call(const Command& command, bool parseOnly) {
     module = std::make_unique<ProcedureModule>(installedProcedures() / command.library(), command.entry());
   }
   session_.parseOnly = parseOnly;
+  session_.saveRemedies = command.saveRemedies();
   static_cast<CallRecord&>(session_) = {};
   CapturedStreams streams = module->call(session_);
   FinishedRun run{.command = command,

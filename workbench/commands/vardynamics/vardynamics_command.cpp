@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <string_view>
 
 #include "workbench/commands/vardynamics/analyze_composer.h"
 #include "workbench/document/document_reader.h"
@@ -22,6 +23,13 @@ double testLevel(const CallRecord& record) {
 bool VardynamicsCommand::includesUserMissing(const CallRecord& parsed) const {
   const auto found = parsed.requestedLists.find("MISSING USERMISSING");
   return found != parsed.requestedLists.end() && std::ranges::count(found->second, "INCLUDE") > 0;
+}
+
+Outcome VardynamicsCommand::outcome(const CallRecord& record, const CapturedStreams& streams) const {
+  constexpr std::string_view success = "VAR Dynamics: Steps 1, 2, 3, 4, 5, and 6 completed successfully!\n";
+  Outcome outcome = Command::outcome(record, streams);
+  outcome.succeeded = outcome.succeeded && streams.out.ends_with(success);
+  return outcome;
 }
 
 // The procedure names its items in English in every language: "Forecast Chart - realgdp".

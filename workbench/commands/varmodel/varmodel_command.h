@@ -13,6 +13,9 @@ class VarmodelCommand final : public Command {
   std::vector<std::string> caseLists() const override { return {"MODEL ENDOGENOUS", "MODEL EXOGENOUS"}; }
   std::vector<std::string> scaledLists() const override { return {"MODEL ENDOGENOUS"}; }
   bool includesUserMissing(const CallRecord& parsed) const override;
+  SaveRemedies saveRemedies() const override {
+    return {.nothing = "Add PREDICTED or NRESIDUAL.", .equalNames = "give PREDICTED and NRESIDUAL different prefixes"};
+  }
   void requestSummary(bool wanted) const override;
   Outcome outcome(const CallRecord& record, const CapturedStreams& streams) const override;
   std::string summary(const FinishedRun& run) const override;
