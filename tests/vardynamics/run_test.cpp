@@ -155,6 +155,21 @@ TEST_F(ProcedureRun, TheHorizonFollowsTheFutureRows) {
               ElementsAre("Constant", "a(t-1)", "b(t-1)", "Trend", "Quarter 1", "Quarter 2", "Quarter 3"));
 }
 
+// 2004 and 2009 have 53 weeks.
+TEST_F(ProcedureRun, TheWeek53CountsAsTheWeekBefore) {
+  const auto series = relatedSeries(340);
+  columns({{"a", series[0]}, {"b", series[1]}}, false);
+  workbench::DatesRequest dates;
+  dates.start = {{workbench::Unit::year, 2004}, {workbench::Unit::week, 1}};
+  workbench::defineDates(session.dataset, dates, session.trends);
+  ASSERT_TRUE(run(kModel + "LAG=1 SEASONAL=YES")) << firstError();
+  EXPECT_THAT(notes("Model Summary"), Contains("Week 53 counts as week 52 among the seasons: 2 periods."));
+  EXPECT_THAT(rowLabels("Parameters - a"), Contains("Week 51"));
+  EXPECT_THAT(rowLabels("Parameters - a"), testing::SizeIs(1 + 2 + 51));
+  ASSERT_TRUE(run(kModel + "LAG=1"));
+  EXPECT_THAT(notes("Model Summary"), Not(Contains(HasSubstr("Week 53"))));
+}
+
 TEST_F(ProcedureRun, NestedLevelsGiveNestedLimits) {
   ASSERT_TRUE(run(kModel + "LAG=1 /FORECAST HORIZON=2 /AUXILIARY CILEVEL=95 68"));
   for (const auto& row : cells("Forecast - a")) {

@@ -43,7 +43,7 @@ class SavedFile : public RunTest, public testing::WithParamInterface<const char*
     EXPECT_TRUE(run("VARDYNAMICS /MODEL ENDOGENOUS=a b EXOGENOUS=x LAG=2 /FORECAST /SAVE FILE='" + file + "' " +
                     keywords + " /AUXILIARY CILEVEL=80 97.5"))
         << firstError() << session.saveError;
-    return workbench::loadDataset({.source = folder_ / file});
+    return workbench::loadDataset({.source = folder_ / file, .query = ""});
   }
   // A column of the forecast's table after so many periods without a value.
   std::vector<double> forecastColumn(const std::string& series, std::size_t column, std::size_t before) const {

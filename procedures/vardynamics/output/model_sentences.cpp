@@ -37,6 +37,11 @@ Sentences sampleSentences(const ReportContext& context) {
         "Values of endogenous series after ^1 are left out of the forecast; CONDITIONAL=YES would hold them.",
         {found.lastLabel()}));
   }
+  if (found.seasons.beyond > 0) {
+    const unsigned last = found.seasons.components.back();
+    sentences.push_back(texts.localize("Week ^1 counts as week ^2 among the seasons: ^3 periods.",
+                                       {std::to_string(last + 1), std::to_string(last), count(found.seasons.beyond)}));
+  }
   return sentences;
 }
 
