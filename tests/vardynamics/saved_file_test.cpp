@@ -33,7 +33,7 @@ auto sameAs(const std::vector<double>& wanted) {
 class SavedFile : public RunTest, public testing::WithParamInterface<const char*> {
  protected:
   void SetUp() override {
-    session.baseFolder = folder_.path();
+    session.baseFolder = folder.path();
     auto series = relatedSeries(42);
     series[0][0] = series[0][40] = series[1][40] = series[0][41] = series[1][41] = kMissing;
     columns({{"a", series[0]}, {"b", series[1]}, {"x", engine::noise(3, 42)}});
@@ -43,7 +43,7 @@ class SavedFile : public RunTest, public testing::WithParamInterface<const char*
     EXPECT_TRUE(run("VARDYNAMICS /MODEL ENDOGENOUS=a b EXOGENOUS=x LAG=2 /FORECAST /SAVE FILE='" + file + "' " +
                     keywords + " /AUXILIARY CILEVEL=80 97.5"))
         << firstError() << session.saveError;
-    return workbench::loadDataset({.source = folder_ / file, .query = ""});
+    return workbench::loadDataset({.source = folder / file, .query = ""});
   }
   // A column of the forecast's table after so many periods without a value.
   std::vector<double> forecastColumn(const std::string& series, std::size_t column, std::size_t before) const {
@@ -51,8 +51,6 @@ class SavedFile : public RunTest, public testing::WithParamInterface<const char*
     for (const auto& row : cells("Forecast - " + series)) values.push_back(row[column]);
     return values;
   }
-
-  workbench::TempFolder folder_;
 };
 
 TEST_P(SavedFile, HoldsTheForecastsOfTheDocument) {
@@ -95,7 +93,6 @@ INSTANTIATE_TEST_SUITE_P(Formats, SavedFile, testing::Values("csv", "parquet", "
 
 // The remedy is in the command's words.
 TEST_F(RunTest, TwoSavedColumnsOfOneNameAreRefused) {
-  const workbench::TempFolder folder;
   session.baseFolder = folder.path();
   const auto series = relatedSeries(40);
   columns({{"a", series[0]}, {"b", series[1]}});
