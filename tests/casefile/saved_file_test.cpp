@@ -150,7 +150,7 @@ TEST_F(SaveTest, FilesThatTheRunReadsOrWritesAreNotOverwritten) {
 TEST_F(SaveTest, WhatCannotBeSavedWholeIsNotSaved) {
   folder_.write("out.csv", "old");
   EXPECT_FALSE(save("out.csv", {"X_1", "x_1"}, {{1}, {2}}));
-  EXPECT_THAT(session_.saveError, AllOf(HasSubstr("\"x_1\""), HasSubstr("different prefixes")));
+  EXPECT_THAT(session_.saveError, AllOf(HasSubstr("\"x_1\""), HasSubstr("rename one of them")));
   EXPECT_FALSE(save("out.csv", {"line\nbreak"}, {{1}}));
   EXPECT_THAT(session_.saveError, HasSubstr("control character"));
   EXPECT_FALSE(UserOutputCaseFile(UserCaseFileSpec()).Close());
