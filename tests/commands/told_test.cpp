@@ -7,8 +7,10 @@
 #include "workbench/commands/common/command_runner.h"
 #include "workbench/commands/common/run_messages.h"
 #include "workbench/commands/fit/fit_composer.h"
+#include "workbench/commands/vardynamics/vardynamics_command.h"
 #include "workbench/commands/varmodel/usable_lag.h"
 #include "workbench/commands/varmodel/varmodel_command.h"
+#include "workbench/language/parsed_command.h"
 
 namespace workbench {
 
@@ -302,6 +304,22 @@ TEST(HiddenRows, AreThoseThatTheCommandMayNotSee) {
   EXPECT_THAT(hidden(true, false), ElementsAre(0, 2, 4, 5));
   EXPECT_THAT(hidden(true, true), ElementsAre(0, 2));
   EXPECT_THAT(hidden(false, true), IsEmpty());
+}
+
+TEST(VardynamicsView, TheSummaryOpensTheOutputAndTheLargestLevelDecides) {
+  const CallInput input;
+  const VardynamicsCommand command;
+  FinishedRun run{.command = command, .input = input, .text = "", .record = {}, .streams = {}, .outcome = {}};
+  run.record.document.Parse(R"({"items": [{"type": "table", "name": "Roots"},
+    {"type": "table", "name": "Model Summary"}, {"type": "table", "name": "Forecast - a"},
+    {"type": "chart", "name": "Forecast Chart - a"}]})");
+  EXPECT_EQ(command.view(run).headline, std::size_t{1});
+  EXPECT_THAT(command.view(run).leadingCharts, ElementsAre(3));
+  EXPECT_EQ(command.view(run).testLevel, 0.05);
+  ParsedCommand parsed;
+  parsed.subcommands.push_back({"AUXILIARY", {{.name = "CILEVEL", .numbers = {68, 99, 95}}}});
+  run.record.requestedNumbers = requestedNumbers(parsed);
+  EXPECT_EQ(command.view(run).testLevel, 0.01);
 }
 
 TEST(UsableLag, LeavesAsManyRowsAsSeries) {

@@ -141,5 +141,23 @@ TEST(Report, SaysWhatACrippledChartLacks) {
   EXPECT_THAT(page, Not(HasSubstr("item-3\"")));
 }
 
+TEST(Report, SetsOffWhatLiesBelowTheLevelOfTheTests) {
+  const rapidjson::Document document = parseJson(R"({"items": [
+    {"type": "table", "title": "Summary", "footnotes": ["Stable."]},
+    {"type": "table", "title": "Tests", "rows": ["a", "b", "c"],
+     "columns": [{"label": "F"}, {"label": "b", "children": ["df", "Sig."]}],
+     "cells": [[0.01, 2, 0.0499], [0.01, 2, 0.05], [0.01, 2, null]]}]})");
+  ReportInput input;
+  ReportOutput& output = input.outputs.emplace_back();
+  output.document = &document;
+  output.view.headline = 0;
+  EXPECT_THAT(markupOf(renderReport(input)), Not(HasSubstr("significant")));
+  output.view.testLevel = 0.05;
+  const std::string page = markupOf(renderReport(input));
+  EXPECT_THAT(page, HasSubstr("<td class=\"significant\" data-value=\"0.0499\">"));
+  EXPECT_EQ(page.find("significant"), page.rfind("significant"));
+  EXPECT_THAT(page, HasSubstr("a Sig. below the level is bold"));
+}
+
 }  // namespace
 }  // namespace workbench

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <optional>
 #include <set>
 #include <string_view>
 #include <utility>
@@ -70,7 +71,10 @@ class Page {
   std::string write() {
     const std::string title = heading();
     const ReportOutput* opening = onlyHeadline();
-    if (opening != nullptr) addOpening(*opening);
+    if (opening != nullptr) {
+      testLevel_ = opening->view.testLevel;
+      addOpening(*opening);
+    }
     addMessages();
     for (std::size_t i = 0; i < input_.outputs.size(); ++i) {
       const ReportOutput& output = input_.outputs[i];
@@ -94,9 +98,15 @@ class Page {
     return texts.size() == 1 ? *texts.begin() : "";
   }
 
+  // The procedures of the run, each once.
   std::string heading() const {
-    const std::string procedure = property("procedure");
-    return htmlText(procedure.empty() ? input_.language.tr("Run report") : procedure);
+    std::vector<std::string> names;
+    for (const ReportOutput& output : input_.outputs) {
+      const bool read = output.document != nullptr && output.document->IsObject();
+      std::string name = read ? textProperty(*output.document, "procedure") : "";
+      if (!name.empty() && std::ranges::find(names, name) == names.end()) names.push_back(std::move(name));
+    }
+    return htmlText(names.empty() ? input_.language.tr("Run report") : fmt::format("{}", fmt::join(names, " · ")));
   }
 
   // The output that opens the page: the only one that has a headline.
@@ -214,7 +224,8 @@ class Page {
     if (type == "table") {
       PivotTable table = readPivotTable(item, input_.language);
       if (view.headline == place) takeUnmarkedFootnotes(table);
-      if (view.testLevel) markSignificant(table, input_.language.tr("Sig."), *view.testLevel);
+      const auto level = view.testLevel ? view.testLevel : testLevel_;
+      if (level) markSignificant(table, input_.language.tr("Sig."), *level);
       addTable(id, table, remarks);
     } else if (type == "chart") {
       addSection(id, "chart", htmlText(chartTitle(item)), charts_.add(item, input_.language) + remarks);
@@ -282,6 +293,7 @@ class Page {
   ChartSections charts_;
   std::size_t items_ = 0;  // shown so far
   std::size_t headlines_ = 0;
+  std::optional<double> testLevel_;  // of the page, for outputs that have none of their own
   std::string outline_;
   std::string main_;
 };
