@@ -3,12 +3,15 @@
 #include <csignal>
 #include <exception>
 #include <string>
+#include <utility>
 
 #include "workbench/base/errors.h"
 #include "workbench/base/interruption.h"
 #include "workbench/base/standard_streams.h"
+#include "workbench/cli/check.h"
 #include "workbench/cli/command_line.h"
 #include "workbench/cli/composed_job.h"
+#include "workbench/cli/describe.h"
 #include "workbench/cli/run.h"
 #include "workbench/cli/screen.h"
 
@@ -17,8 +20,10 @@ namespace {
 int dispatch(const workbench::Invocation& invocation) {
   if (const auto* end = std::get_if<workbench::EndNow>(&invocation)) return end->exitCode;
   if (const auto* run = std::get_if<workbench::RunOptions>(&invocation)) {
-    return workbench::runJob(workbench::readJobFile(run->jobFile), run->output);
+    workbench::Job job = workbench::readJobFile(run->jobFile);
+    return run->checkOnly ? workbench::checkJob(job, run->output) : workbench::runJob(std::move(job), run->output);
   }
+  if (const auto* data = std::get_if<workbench::DescribeOptions>(&invocation)) return workbench::describeData(*data);
   const auto& composed = std::get<workbench::ComposeOptions>(invocation);
   return workbench::runJob(workbench::makeComposedJob(composed), composed.output);
 }

@@ -3,7 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <functional>
 #include <regex>
+#include <sstream>
 
 #include "program.h"
 
@@ -144,6 +147,184 @@ TEST_F(DataRemedies, SettingsThatCannotBeMeantAreRefused) {
     EXPECT_EQ(run.exitCode, 2) << words[0] << run.err;
   }
   EXPECT_THAT(runJob("source = \"a.csv\"\nskip = -1\n").err, HasSubstr("must be a number of lines"));
+}
+
+// Rows of quarters in the given order, dated by texts; row numbers count from 0.
+std::string datedRows(const std::vector<int>& rows) {
+  std::istringstream lines(series([](int i, double x, double y) {
+    return std::to_string(2001 + i / 4) + "Q" + std::to_string(i % 4 + 1) + "," + fixed(x, 3) + "," + fixed(y, 4);
+  }));
+  std::vector<std::string> all;
+  for (std::string line; std::getline(lines, line);) all.push_back(line);
+  std::string text = "period,x,y\n";
+  for (const int row : rows) text += all[static_cast<std::size_t>(row)] + "\n";
+  return text;
+}
+
+TEST_F(DataRemedies, RowsOutOfOrderOrWithGapsAreDatedWithThePrintedOption) {
+  std::vector<int> descending;
+  std::vector<int> gap;
+  std::vector<int> mixed{39};
+  for (int row = 0; row < 40; ++row) {
+    descending.push_back(39 - row);
+    if (row != 7) gap.push_back(row);
+    if (row != 39) mixed.push_back(row);
+  }
+  struct Case {
+    std::vector<int> rows;
+    const char* says;
+    const char* last;
+  };
+  for (const Case& one : {Case{descending, "the rows run from the last date to the first", "2010Q4"},
+                          Case{mixed, "row 2 (2001Q1) does not follow row 1 (2010Q4)", "2010Q4"},
+                          Case{gap, "row 8 (2003Q1) does not follow row 7 (2002Q3): 2002Q4 is missing", "2010Q4"}}) {
+    space.file("a.csv", datedRows(one.rows));
+    const ProgramRun refused = fit("a.csv", {"--dates", "period", "--predict", "2011Q2"});
+    EXPECT_EQ(refused.exitCode, 3);
+    EXPECT_THAT(refused.err, HasSubstr(one.says));
+    std::smatch remedy;
+    ASSERT_TRUE(std::regex_search(refused.err, remedy,
+                                  std::regex("Give (--\\S+) \\(in a job file, under \\[dates\\]: ([^)]*)\\)")))
+        << refused.err;
+    const ProgramRun mended =
+        fit("a.csv", {"--dates", "period", "--predict", "2011Q2", remedy[1], "--json", "out.json"});
+    EXPECT_EQ(mended.exitCode, 0) << mended.err;
+    EXPECT_THAT(space.read("out.json"),
+                AllOf(HasSubstr("\"2011Q1\""), HasSubstr("\"2011Q2\""), Not(HasSubstr("\"2011Q3\""))));
+    EXPECT_EQ(runJob("source = \"a.csv\"\n[dates]\ncolumn = \"period\"\n" + remedy[2].str() + "\n").exitCode, 0);
+  }
+}
+
+TEST_F(DataRemedies, DatesOfComponentsAndPredictTakeWhatTheirMessagesSay) {
+  space.example("us_macro_quarterly.csv");
+  const auto dated = [&](const std::vector<std::string>& more) {
+    std::vector<std::string> words{
+        "analyze",   "us_macro_quarterly.csv", "--endogenous", "realgdp", "realcons", "--maxlag", "1", "--dates",
+        "year=year", "quarter=quarter"};
+    words.insert(words.end(), more.begin(), more.end());
+    return space.run(words);
+  };
+  EXPECT_THAT(unwrapped(dated({"--predict", "2010Q2"}).out), HasSubstr("Forecast of realgdp for 2010Q2"));
+  const ProgramRun wrong = dated({"--predict", "2010-05"});
+  EXPECT_EQ(wrong.exitCode, 2);
+  EXPECT_THAT(wrong.err, HasSubstr("\"2010-05\" is no quarter"));
+  EXPECT_EQ(dated({"--predict", after(wrong.err, "Write it as ").substr(0, 6)}).exitCode, 0) << wrong.err;
+  EXPECT_EQ(dated({"--predict", "0"}).exitCode, 2);
+  EXPECT_THAT(dated({"--predict", "2001Q1"}).err, HasSubstr("does not lie after the last case (2009Q3)"));
+  const ProgramRun numbers = space.run({"fit", "us_macro_quarterly.csv", "--endogenous", "realgdp", "realcons",
+                                        "--maxlag", "1", "--model-only", "--dates", "realgdp"});
+  EXPECT_EQ(numbers.exitCode, 2);
+  EXPECT_THAT(numbers.err, HasSubstr("column \"realgdp\" holds no dates (row 1: 2710.349)"));
+  std::vector<std::string> start = shellWords(after(numbers.err, "such as "));
+  start.resize(3);
+  start.insert(start.begin(), {"fit", "us_macro_quarterly.csv", "--endogenous", "realgdp", "realcons", "--maxlag", "1",
+                               "--model-only"});
+  EXPECT_EQ(space.run(start).exitCode, 0);
+}
+
+TEST_F(DataRemedies, TotalsAreLeftOutWithThePrintedOption) {
+  double sum = 0.0;
+  const std::string rows = series([&](int, double, double y) {
+    const std::string text = fixed(y * y, 3);
+    sum += std::stod(text);
+    return text + "," + fixed(y, 4);
+  });
+  space.file("total.csv", "x,y\n" + rows + fixed(sum, 3) + ",2.1\n");
+  const std::string said = unwrapped(fit("total.csv").out);
+  EXPECT_THAT(said, HasSubstr("The last value of x, in row 41, is the sum of all others"));
+  const ProgramRun mended = fit("total.csv", {after(said, "Give these options: ").substr(0, 7)});
+  EXPECT_EQ(mended.exitCode, 0) << mended.err;
+  EXPECT_THAT(unwrapped(mended.out), Not(HasSubstr("sum of all others")));
+}
+
+std::vector<double> numbersIn(const std::string& text) {
+  const std::regex number(R"(-?\d+\.\d+(e-?\d+)?)");
+  std::vector<double> found;
+  for (std::sregex_iterator at(text.begin(), text.end(), number), end; at != end; ++at) {
+    found.push_back(std::stod(at->str()));
+  }
+  return found;
+}
+
+// The same as over data that were transformed and cut by a query.
+TEST_F(DataRemedies, TransformedAndCutSeriesKeepTheirDates) {
+  space.example("us_macro_quarterly.csv");
+  const auto documents = [&](const std::vector<std::string>& more) {
+    std::vector<std::string> words{"fit",
+                                   "us_macro_quarterly.csv",
+                                   "--endogenous",
+                                   "realgdp",
+                                   "realcons",
+                                   "--minlag",
+                                   "2",
+                                   "--maxlag",
+                                   "2",
+                                   "--predict",
+                                   "2",
+                                   "--model-only",
+                                   "--json",
+                                   "out.json",
+                                   "--dates",
+                                   "year=year",
+                                   "quarter=quarter"};
+    words.insert(words.end(), more.begin(), more.end());
+    const ProgramRun run = space.run(words);
+    EXPECT_EQ(run.exitCode, 0) << run.err;
+    const std::string record = space.read("out.json");
+    return record.substr(record.find("\"documents\":"));
+  };
+  const std::string asked =
+      documents({"--from", "1984Q1", "--to", "2007Q4", "--transform", "realgdp=dlog*100", "realcons=dlog*100"});
+  const std::string wanted = documents(
+      {"--query",
+       "SELECT year, quarter, 100 * (ln(realgdp) - lag(ln(realgdp)) OVER (ORDER BY year, quarter)) AS realgdp, "
+       "100 * (ln(realcons) - lag(ln(realcons)) OVER (ORDER BY year, quarter)) AS realcons FROM source "
+       "QUALIFY year BETWEEN 1984 AND 2007"});
+  EXPECT_THAT(asked, AllOf(HasSubstr("\"1984Q1\""), HasSubstr("\"2008Q2\""), Not(HasSubstr("\"2008Q3\""))));
+  const std::vector<double> found = numbersIn(asked);
+  const std::vector<double> expected = numbersIn(wanted);
+  ASSERT_EQ(found.size(), expected.size());
+  ASSERT_GT(found.size(), 500u);
+  constexpr double kRounding = 1e-8;  // logarithms of two programs may differ in their last digit
+  for (std::size_t i = 0; i < found.size(); ++i) {
+    ASSERT_NEAR(found[i], expected[i], kRounding * std::max(1.0, std::fabs(expected[i]))) << i;
+  }
+}
+
+TEST_F(DataRemedies, DescribeTellsWhatAFileHoldsAndHowToDateIt) {
+  space.example("us_macro_quarterly.csv");
+  const ProgramRun told = space.run({"describe", "us_macro_quarterly.csv"});
+  EXPECT_EQ(told.exitCode, 0) << told.err;
+  EXPECT_THAT(told.out, AllOf(HasSubstr("us_macro_quarterly.csv: 203 rows"), HasSubstr("realgdp"),
+                              HasSubstr("2710.349"), HasSubstr("gives 1959Q1 to 2009Q3, one row a quarter.")));
+  std::vector<std::string> dates = shellWords(after(told.out, "Dates: "));
+  dates.resize(3);
+  dates.insert(dates.begin(), {"fit", "us_macro_quarterly.csv", "--endogenous", "realgdp", "realcons", "--maxlag", "1",
+                               "--model-only"});
+  EXPECT_EQ(space.run(dates).exitCode, 0);
+  space.file("gap.csv", "period,x\n2001Q1,\"1,5\"\n2001Q2,\"2,5\"\n2001Q4,3\n");
+  EXPECT_THAT(unwrapped(space.run({"describe", "gap.csv"}).out),
+              AllOf(HasSubstr("--dates period is refused."), HasSubstr("2001Q3 is missing"), HasSubstr("--decimal=,")));
+  EXPECT_EQ(space.run({"describe", "none.csv"}).exitCode, 3);
+}
+
+TEST_F(DataRemedies, CheckTellsWhatARunWouldRefuseAndRunsNothing) {
+  space.file("a.csv", datedRows({0, 1, 2, 3, 4, 5}));
+  const auto check = [&](const std::string& variables, const std::string& column) {
+    space.file("job.toml", "command = '''VARMODEL /MODEL ENDOGENOUS=" + variables +
+                               " MAXLAG=1 /METHOD TYPE=[OLS] /SAVE FILE=\"out.csv\" PREDICTED'''\n[data]\nsource = "
+                               "\"a.csv\"\n[dates]\ncolumn = \"" +
+                               column + "\"\n");
+    return space.run({"check", "job.toml"});
+  };
+  const ProgramRun good = check("x y", "period");
+  EXPECT_EQ(good.exitCode, 0) << good.err;
+  EXPECT_THAT(good.out, HasSubstr("Nothing speaks against running job.toml: 6 rows, 2001Q1 to 2002Q2, commands: 1."));
+  const ProgramRun bad = check("x y", "perod");
+  EXPECT_EQ(bad.exitCode, 2);
+  EXPECT_THAT(bad.err, HasSubstr("Did you mean \"period\"?"));
+  EXPECT_EQ(check("x z", "period").exitCode, 2);
+  EXPECT_THAT(space.listing(), Not(testing::Contains("out.csv")));
 }
 
 }  // namespace

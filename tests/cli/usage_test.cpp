@@ -45,7 +45,7 @@ Words fit(Words more, const std::string& series = "") {
 std::vector<Mistake> mistakes() {
   const std::string data = "us_macro_quarterly.csv";
   return {
-      {{}, "Give a subcommand: run, fit, analyze. varmodel --help lists what there is."},
+      {{}, "Give a subcommand: run, check, describe, fit, analyze. varmodel --help lists what there is."},
       {{"fti", data}, "there is no subcommand \"fti\". Did you mean fit?"},
       {{data}, "as in varmodel fit us_macro_quarterly.csv --endogenous A B."},
       {{"run", data}, "us_macro_quarterly.csv is a data file, and run takes a job file. For data: varmodel fit"},
@@ -58,7 +58,8 @@ std::vector<Mistake> mistakes() {
       {fit({"--predct", "8"}), "fit has no option --predct. Did you mean --predict?", fit({"--predict", "8"})},
       {fit({"--predict", "0"}), "--predict: 0 is no number from 1 on. Leave it out where no forecast is wanted.",
        fit({})},
-      {fit({"--predict", "soon"}), "--predict takes a number; \"soon\" is none."},
+      {fit({"--predict", "soon"}),
+       "--predict takes a number of periods, or a period such as 2011Q3; \"soon\" is neither."},
       {fit({"--cilevel", "0.95"}), "0.95 is a share, and the level is a percentage. Did you mean 95?",
        fit({"--cilevel", "95"})},
       {fit({"--start", "year=59"}), "\"year=59\" is a year of the first century. Did you mean year=1959?",

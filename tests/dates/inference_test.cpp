@@ -48,28 +48,30 @@ TEST(Inference, FindsEveryFrequency) {
 TEST(Inference, FourWeeksAreNoMonth) {
   std::vector<std::int64_t> instants;
   for (std::int64_t i = 0; i < 500; ++i) instants.push_back(instantOf("2019-12-15") + i * 4 * 604'800'000'000);
-  EXPECT_THAT(inferFrequency(instants), testing::FieldsAre(Unit::week, 4));
+  EXPECT_THAT(inferFrequency(instants), testing::FieldsAre(Unit::week, 4, false));
 }
 
 TEST(Inference, NamesTheFirstRowThatDoesNotFollow) {
   using Texts = std::vector<std::string>;  // dates, and parts of the message about them
   const std::vector<std::pair<Texts, Texts>> table{
       {{"1959-01-01", "1959-04-01", "1959-10-01", "1960-01-01", "1960-04-01"},
-       {"column \"date\": row 3 (1959-10-01) does not follow row 2 (1959-04-01): 1959Q3 is missing", "Fill in"}},
+       {"column \"date\": row 3 (1959-10-01) does not follow row 2 (1959-04-01): 1959Q3 is missing", "--fill-gaps",
+        "fill_gaps = true"}},
       {{"2000-01-31", "2000-02-29", "2000-06-30", "2000-07-31", "2000-08-31"},
        {"row 3 (2000-06-30)", "row 2 (2000-02-29)", "2000M03 to 2000M05 are missing"}},
       {{"2000-01-01", "2000-02-01", "2000-02-01", "2000-03-01"},
        {"row 3 (2000-02-01)", "row 2 (2000-02-01)", "same month", "GROUP BY"}},
       {{"2000-01-03", "2000-01-02", "2000-01-01"},
-       {"row 2 (2000-01-02)", "row 1 (2000-01-03)", "earlier", "ORDER BY \"date\""}},
+       {"row 2 (2000-01-02)", "row 1 (2000-01-03)", "from the last date to the first", "--sort", "sort = true"}},
       {{"2000-01-01", "2000-01-01"}, {"row 2 (2000-01-01)", "row 1 (2000-01-01)", "same day"}},
       {{"2000-01-01", "", "2000-01-03"}, {"row 2 after row 1 (2000-01-01) has no date", "IS NOT NULL"}},
       {{""}, {"row 1 has no date"}},
       {{"2000-01-01"}, {"one row does not tell the frequency", "start ="}},
       {{"2000-01-01", "2000-01-03", "2000-01-05", "2000-01-08", "2000-01-10"},
        {"row 4 (2000-01-08)", "row 3 (2000-01-05)", "3 days later", "2 days is the most common distance"}},
-      {{"2024-01-04", "2024-01-05", "2024-01-08", "2024-01-09", "2024-01-10"},
-       {"row 3 (2024-01-08)", "row 2 (2024-01-05)", "business days", "observation = 1"}},
+      {{"2000-01-02", "2000-01-03", "2000-01-01"}, {"row 3 (2000-01-01)", "it is earlier", "--sort"}},
+      {{"2024-01-04", "2024-01-05", "2024-01-08", "2024-01-09", "2024-01-12", "2024-01-15"},
+       {"row 5 (2024-01-12)", "2024-01-10 to 2024-01-11 are missing", "holidays", "observation = 1"}},
       {{"2000-01-01", "2000-01-02", "2000-01-05", "2000-01-11", "2000-01-25"},
        {"row 3 (2000-01-05)", "row 2 (2000-01-02)", "2000-01-03 to 2000-01-04 are missing"}},
   };

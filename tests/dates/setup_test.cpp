@@ -48,7 +48,9 @@ TEST(DefineDates, ChecksComponentColumnsRowByRow) {
   };
   const std::vector<Case> table{
       {{1959, 1959, 1959}, {1, 2, 4}, "columns \"year\", \"quarter\": row 3 (1959Q4) does not follow row 2 (1959Q2)"},
-      {{1960, 1959, 1959}, {1, 3, 4}, "it is earlier. Sort the rows in the query: ORDER BY \"year\", \"quarter\""},
+      {{1960, 1959, 1959},
+       {1, 3, 4},
+       "it is earlier, the rows are not sorted. Give --sort (in a job file, under [dates]: sort = true)."},
       {{1959, 1959, 1959}, {1, 2, 5}, "row 3 after row 2 (1959Q2) holds no date: quarter must be 1 to 4 here, not 5"},
       {{1959, 1959, 1959}, {1, 2.5, 3}, "row 2 after row 1 (1959Q1) holds no date: \"quarter\" is not a whole number"},
       {{kSystemMissing, 1959, 1959}, {1, 2, 3}, "row 1 holds no date: \"year\" is missing"}};
@@ -64,6 +66,7 @@ TEST(DefineDates, ChecksComponentColumnsRowByRow) {
 TEST(DefineDates, RefusesRequestsThatCannotBeMeant) {
   Dataset dataset = datedRows({"2000-01-01", "2000-01-02"});
   addNumbers(dataset, "year", {2000, 2001});
+  addNumbers(dataset, "count", {7, 8});
   DatesRequest both = byColumn("date");
   both.start = {{Unit::year, 2000}};
   const std::vector<std::pair<DatesRequest, std::string>> table{
@@ -74,13 +77,14 @@ TEST(DefineDates, RefusesRequestsThatCannotBeMeant) {
       {startAt({{Unit::year, 2001}, {Unit::month, 2}, {Unit::day, 30}}), "day must be 1 to 28 here, not 30"},
       {startAt({{Unit::year, 9999}}), "calendar's end"},
       {byColumn("when"), "no column \"when\" in data.csv"},
-      {byColumn("year"), "CAST(year AS DATE)"},
+      {byColumn("count"),
+       "column \"count\" holds no dates (row 1: 7). Name the first case's date instead, such as --start"},
       {byVariables({{Unit::year, "date"}}), "\"date\" is not numeric"},
       {byVariables({{Unit::year, "year"}, {Unit::day, "year"}}), "variables is incomplete: add month"}};
   for (const auto& [request, part] : table) {
     TrendsSettings settings;
     EXPECT_THAT(faultOf<UsageError>([&] { defineDates(dataset, request, settings); }), HasSubstr(part));
-    EXPECT_EQ(dataset.columns.size(), 2u);
+    EXPECT_EQ(dataset.columns.size(), 3u);
     EXPECT_TRUE(settings.dateVariables.empty());
   }
 }
@@ -106,10 +110,13 @@ TrendsSettings predictedFor(const Session& session, const PredictRequest& reques
 }
 
 PredictRequest thru(const DateComponents& date) {
-  return {.date = date, .caseNumber = {}, .end = false};
+  return {.date = date, .caseNumber = {}, .end = false, .period = {}};
 }
 PredictRequest thruCase(std::int64_t number) {
-  return {.date = {}, .caseNumber = number, .end = false};
+  return {.date = {}, .caseNumber = number, .end = false, .period = {}};
+}
+PredictRequest thruText(const std::string& text) {
+  return {.date = {}, .caseNumber = {}, .end = false, .period = text};
 }
 
 class DefinePredict : public testing::Test {
@@ -121,13 +128,15 @@ class DefinePredict : public testing::Test {
 };
 
 TEST_F(DefinePredict, TargetsAreDatesWhereTheCasesHaveDates) {
-  for (const PredictRequest& request : {thru({{Unit::year, 2011}, {Unit::quarter, 3}}), thruCase(211)}) {
+  for (const PredictRequest& request :
+       {thru({{Unit::year, 2011}, {Unit::quarter, 3}}), thruCase(211), thruText("2011Q3"), thruText("Q3 2011")}) {
     const TrendsSettings dated = predictedFor(quarters_, request);
     EXPECT_TRUE(dated.predictSet && dated.predictIsDate);
     EXPECT_EQ(dated.predictCase, 0);
+    EXPECT_EQ(periodsAhead(quarters_.dataset, dated), 8);
     EXPECT_THAT(dated.dateVariables, ElementsAre(FieldsAre(0, 2, 0, 2011), FieldsAre(1, 3, 4, 3)));
   }
-  const TrendsSettings end = predictedFor(quarters_, {.date = {}, .caseNumber = {}, .end = true});
+  const TrendsSettings end = predictedFor(quarters_, {.date = {}, .caseNumber = {}, .end = true, .period = {}});
   EXPECT_TRUE(end.predictSet && !end.predictIsDate);
   EXPECT_EQ(end.predictCase, 0);
   EXPECT_EQ(end.dateVariables[0].predictThru, kSystemMissing);
@@ -151,6 +160,11 @@ TEST_F(DefinePredict, RefusesWhatCannotBeForecast) {
       {quarters_, thru({{Unit::year, 2011}, {Unit::quarter, 5}}), "quarter must be 1 to 4 here, not 5"},
       {quarters_, thru({{Unit::year, 4509}, {Unit::quarter, 4}}), "4509Q4 lies 10001 periods after the last case"},
       {quarters_, thruCase(0), "count from 1"},
+      {quarters_, thruText("2011Q5"),
+       "\"2011Q5\" is no quarter, and those are the periods of the cases. Write it as 2009Q4"},
+      {quarters_, thruText("2009Q3"),
+       "2009Q3 does not lie after the last case (2009Q3). Give a later period, such as 2009Q4"},
+      {undated_, thruText("2009Q3"), "the cases have no dates"},
       {fiveYearly, thruCase(9000), "calendar's end"}};
   for (const Case& fault : table) {
     EXPECT_THAT(faultOf<UsageError>([&] { predictedFor(fault.session, fault.request); }), HasSubstr(fault.part));

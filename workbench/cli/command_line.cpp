@@ -18,13 +18,17 @@ namespace workbench {
 
 namespace {
 
+void addLanguageOption(CLI::App& app, OutputOptions& options) {
+  app.add_option("--lang", options.language, "Language of the output: en, or one that has a dictionary (default: en)")
+      ->type_name("CODE");
+}
+
 void addOutputOptions(CLI::App& app, OutputOptions& options) {
   app.add_option("--html", options.html, "Write the report, one self-contained page, to FILE")->type_name("FILE");
   app.add_option("--json", options.json, "Write the record of the run, with its output documents, as JSON to FILE")
       ->type_name("FILE");
   app.add_option("--trace", options.trace, "Write the procedure's trace to FILE")->type_name("FILE");
-  app.add_option("--lang", options.language, "Language of the output: en, or one that has a dictionary (default: en)")
-      ->type_name("CODE");
+  addLanguageOption(app, options);
   app.add_flag("--plots", options.plots, "Draw the charts in the terminal too (needs gnuplot)");
   app.add_flag("--summary", options.summary, "Print the plain-text summary of all results");
   app.add_option("--jobs", options.jobs, "Threads for long computations (default: 1); the numbers are the same")
@@ -46,25 +50,59 @@ void addRun(CLI::App& program, RunOptions& options) {
   addOutputOptions(*run, options.output);
 }
 
+void addDateOptions(CLI::App& app, ComposeOptions& options) {
+  constexpr const char* kGroup = "Dates";
+  auto* dates = app.add_option("--dates", options.dates,
+                               "Column that dates the cases, or columns of components such as year=YEAR quarter=Q")
+                    ->type_name("COLUMN|UNIT=COLUMN")
+                    ->group(kGroup);
+  app.add_option("--start", options.start, "Date of the first case, such as year=1959 quarter=1")
+      ->type_name("UNIT=N")
+      ->excludes(dates)
+      ->group(kGroup);
+  app.add_flag("--sort", options.sort, "Put the rows in the order of their dates")->needs(dates)->group(kGroup);
+  app.add_flag("--fill-gaps", options.fillGaps, "Missing periods become rows without values")
+      ->needs(dates)
+      ->group(kGroup);
+}
+
 void addComposer(CLI::App& program, ComposeOptions& options) {
   CLI::App* app = program.add_subcommand(options.composer->name(), options.composer->description());
   app->add_option("DATA", options.data, "Data file: CSV, Excel, Parquet, JSON, or a DuckDB database")->required();
   app->add_option("--query", options.query, "SQL over the view 'source'")->type_name("SQL");
   options.composer->addOptions(*app);
-  app->add_option("--predict", options.predictPeriods, "Forecast N periods after the last case")
-      ->type_name("N")
+  app->add_option("--predict", options.predict, "Forecast N periods after the last case, or through a period (2011Q3)")
+      ->type_name("N|PERIOD")
       ->check(atLeastOne("Leave it out where no forecast is wanted."));
+  app->add_option("--from", options.range.from, "First case used: a period (1984Q1) or a case number")
+      ->type_name("PERIOD");
+  app->add_option("--to", options.range.to, "Last case used")->type_name("PERIOD");
+  app->add_option("--transform", options.transformations,
+                  "VARIABLE=log, diff, dlog, sdiff or pct, with a factor if you like: realgdp=dlog*100")
+      ->type_name("VARIABLE=HOW");
   app->add_flag("--complete", options.complete, "Drop the rows that lack a variable of the command");
-  auto* column = app->add_option("--dates", options.dateColumn, "DATE or TIMESTAMP column that dates the cases");
-  app->add_option("--start", options.start, "Date of the first case, such as year=1959 quarter=1")
-      ->type_name("UNIT=N")
-      ->excludes(column);
+  addDateOptions(*app, options);
   addDataOptions(*app, options.reading);
   app->add_option("--write-job", options.output.writtenJob, "Write a job file that does this run again to FILE")
       ->type_name("FILE");
   app->add_flag("--all", options.output.everything,
                 "Show every table and the commands in the terminal, not the main ones");
   addOutputOptions(*app, options.output);
+}
+
+void addCheck(CLI::App& program, RunOptions& options) {
+  options.checkOnly = true;
+  CLI::App* check = program.add_subcommand("check", "Tell whether a job can be run, without running it");
+  check->add_option("JOB", options.jobFile, "Job file (TOML)")->required()->type_name("JOB.toml");
+  addLanguageOption(*check, options.output);
+}
+
+void addDescribe(CLI::App& program, DescribeOptions& options) {
+  CLI::App* describe = program.add_subcommand("describe", "Show what a data file holds, and what would be refused");
+  describe->add_option("DATA", options.data, "Data file: CSV, Excel, Parquet, JSON, or a DuckDB database")->required();
+  describe->add_option("--query", options.query, "SQL over the view 'source'")->type_name("SQL");
+  addDataOptions(*describe, options.reading);
+  addLanguageOption(*describe, options.output);
 }
 
 // The parser writes into them: they must not move while it lives.
@@ -88,12 +126,16 @@ void speakAsAsked(const std::vector<std::string>& words) {
 
 Invocation parseCommandLine(int argc, const char* const* argv) {
   RunOptions run;
+  RunOptions check;
+  DescribeOptions describe;
   std::vector<ComposeOptions> composed = composedJobs();
   CLI::App program("Vector autoregression: fit, diagnose, forecast, report.", "varmodel");
   program.set_version_flag("--version", VARMODEL_VERSION);
   program.require_subcommand(1);
   program.formatter(std::make_shared<HelpFormat>());
   addRun(program, run);
+  addCheck(program, check);
+  addDescribe(program, describe);
   for (ComposeOptions& options : composed) addComposer(program, options);
   std::vector<std::string> words(argv + 1, argv + argc);
   speakAsAsked(words);
@@ -109,7 +151,8 @@ Invocation parseCommandLine(int argc, const char* const* argv) {
     options.output.commandLine = words;
     if (program.got_subcommand(options.composer->name())) return options;
   }
-  return run;
+  if (program.got_subcommand("describe")) return describe;
+  return program.got_subcommand("check") ? check : run;
 }
 
 }  // namespace workbench

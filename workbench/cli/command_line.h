@@ -13,7 +13,7 @@ struct EndNow {
   int exitCode = 0;
 };
 
-using Invocation = std::variant<RunOptions, ComposeOptions, EndNow>;
+using Invocation = std::variant<RunOptions, ComposeOptions, DescribeOptions, EndNow>;
 
 Invocation parseCommandLine(int argc, const char* const* argv);
 

@@ -7,8 +7,12 @@
 
 namespace workbench {
 
-// Composes the command, prints it unless the run is quiet, and collects the settings. Throws UsageError for a --start
-// component that is not UNIT=N.
+// Collects the settings, composes the command and prints it unless the run is quiet. Where forecasts run through a
+// period, how many these are is known only with the data: the command is then still empty. Throws UsageError for
+// options that cannot be meant.
 Job makeComposedJob(const ComposeOptions& options);
+
+// Composes the command, now that the number of periods is known, and prints it.
+void composeCommand(Job& job, const OutputOptions& options);
 
 }  // namespace workbench

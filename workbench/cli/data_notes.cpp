@@ -4,10 +4,10 @@
 
 #include "workbench/base/standard_streams.h"
 #include "workbench/base/visible_text.h"
-#include "workbench/commands/common/analysed_rows.h"
 #include "workbench/dataset/header_names.h"
 #include "workbench/dataset/suspicious_values.h"
 #include "workbench/dataset/text_numbers.h"
+#include "workbench/dates/case_label.h"
 #include "workbench/edge/texts.h"
 #include "workbench/render/number_format.h"
 
@@ -40,7 +40,7 @@ std::string missingRemedy(const Job& job, double value) {
   return remedyText(job, {written("na", format.missing)});
 }
 
-std::string suspicionNote(const Job& job, const SuspiciousValues& found) {
+std::string suspicionNote(const Job& job, const CallInput& input, const SuspiciousValues& found) {
   const std::string rows = rowList(found.rows);
   const std::string value = fullPrecision(found.value);
   switch (found.suspicion) {
@@ -56,8 +56,10 @@ std::string suspicionNote(const Job& job, const SuspiciousValues& found) {
     case Suspicion::total:
       break;
   }
+  const std::string before = caseLabel(input.dataset, input.trends, static_cast<std::int64_t>(found.rows.front()) - 1);
   return tr("The last value of ^1, in row ^2, is the sum of all others: a row of totals is no observation.",
-            found.column, rows);
+            found.column, rows) +
+         " " + remedyText(job, {written("to", before)});
 }
 
 std::vector<std::string> headerNotes(const Job& job, const Dataset& dataset) {
@@ -79,16 +81,16 @@ std::string remedyText(const Job& job, const std::vector<WrittenSetting>& settin
     options += (options.empty() ? "" : " ") + setting.option;
     lines += "\n" + setting.key;
   }
-  return job.composer ? tr("Give these options: ^1", options)
-                      : tr("To mend it, give [data] in the job file these lines:") + lines;
+  return job.file.empty() ? tr("Give these options: ^1", options)
+                          : tr("To mend it, give [data] in the job file these lines:") + lines;
 }
 
-std::vector<std::string> dataNotes(const Job& job, const FinishedRun& run) {
-  const Dataset& dataset = run.input.dataset;
+std::vector<std::string> dataNotes(const Job& job, const CallInput& input, const std::vector<int>& columns) {
+  const Dataset& dataset = input.dataset;
   std::vector<std::string> notes = headerNotes(job, dataset);
   if (const auto found = findTextNumbers(dataset, job.data.format)) notes.push_back(textNumbersNote(job, *found));
-  const std::vector<int> columns = columnsOf(dataset, run.record, run.command.caseLists());
-  for (const SuspiciousValues& one : suspiciousValues(dataset, columns)) notes.push_back(suspicionNote(job, one));
+  for (const SuspiciousValues& one : suspiciousValues(dataset, columns))
+    notes.push_back(suspicionNote(job, input, one));
   return notes;
 }
 

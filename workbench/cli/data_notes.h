@@ -6,15 +6,15 @@
 #include <vector>
 
 #include "workbench/cli/job.h"
-#include "workbench/commands/common/command.h"
+#include "workbench/edge/session.h"
 
 namespace workbench {
 
 // The options, or the lines of a job file's [data], that say what these settings say.
 std::string remedyText(const Job& job, const std::vector<WrittenSetting>& settings);
 
-// Text columns that hold numbers, names given twice, and suspicious values of the run's variables, each with its rows
-// and its remedy. Rows count from 1 as the data are used.
-std::vector<std::string> dataNotes(const Job& job, const FinishedRun& run);
+// Text columns that hold numbers, names given twice, and suspicious values of these columns (indexes), each with its
+// rows and its remedy. Rows count from 1 as the data are used.
+std::vector<std::string> dataNotes(const Job& job, const CallInput& input, const std::vector<int>& columns);
 
 }  // namespace workbench

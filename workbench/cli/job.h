@@ -11,7 +11,9 @@
 #include "workbench/commands/common/composer.h"
 #include "workbench/dataset/dictionary.h"
 #include "workbench/dataset/load.h"
+#include "workbench/dataset/transformation.h"
 #include "workbench/dates/requests.h"
+#include "workbench/dates/row_range.h"
 
 namespace workbench {
 
@@ -23,7 +25,9 @@ struct Job {
   bool complete = false;  // rows that lack a variable of a command are dropped before its procedure sees them
   DataRequest data;
   std::vector<DictionaryEntry> dictionary;
+  std::vector<Transformation> transformations;
   std::optional<DatesRequest> dates;
+  RowRange range;
   std::optional<PredictRequest> predict;
   std::optional<long> predictPeriods;  // periods after the last case, instead of `predict`
   std::string weight;

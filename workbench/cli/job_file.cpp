@@ -88,13 +88,14 @@ void readDictionary(const TomlSection& top, Job& job) {
   const auto variables = top.section("variables", {});
   if (!variables) return;
   for (const std::string& name : variables->keys()) {
-    const auto section = variables->section(name, {"label", "level", "missing"});
+    const auto section = variables->section(name, {"label", "level", "missing", "transform"});
     DictionaryEntry entry;
     entry.variable = name;
     entry.label = section->text("label");
     if (const auto word = section->text("level")) entry.level = levelOf(*section, *word);
     if (auto missing = section->numbers("missing")) entry.userMissing = std::move(*missing);
     job.dictionary.push_back(std::move(entry));
+    if (const auto how = section->text("transform")) job.transformations.push_back(transformationOf(name, *how));
   }
 }
 
@@ -105,9 +106,9 @@ DateComponents readComponents(const TomlSection& section) {
 }
 
 void readDates(const TomlSection& top, Job& job) {
-  const auto section = top.section("dates", {"start", "column", "variables"});
+  const auto section = top.section("dates", {"start", "column", "variables", "sort", "fill_gaps"});
   if (!section) return;
-  if (section->keys().size() != 1) {
+  if (int{section->has("start")} + int{section->has("column")} + int{section->has("variables")} != 1) {
     top.fail("dates", tr("must hold exactly one of start, column and variables."));
   }
   DatesRequest request;
@@ -116,6 +117,8 @@ void readDates(const TomlSection& top, Job& job) {
   if (const auto variables = section->section("variables", unitWords())) {
     for (const std::string& word : variables->keys()) request.variables[*unitFromName(word)] = *variables->text(word);
   }
+  request.sort = section->flag("sort").value_or(false);
+  request.fillGaps = section->flag("fill_gaps").value_or(false);
   job.dates = std::move(request);
 }
 
@@ -124,7 +127,8 @@ void readPredict(const TomlSection& top, Job& job) {
   if (!section) return;
   const toml::node* thru = section->node("thru");
   if (thru == nullptr)
-    top.fail("predict", tr("needs thru: a date such as { year = 2011, quarter = 4 }, a case number, or \"end\"."));
+    top.fail("predict", tr("needs thru: a period such as \"2011Q4\" or { year = 2011, quarter = 4 }, a case number, or "
+                           "\"end\"."));
   PredictRequest request;
   if (thru->is_table()) {
     request.date = readComponents(*section->section("thru", unitWords()));
@@ -132,8 +136,11 @@ void readPredict(const TomlSection& top, Job& job) {
     request.caseNumber = section->integer("thru");
   } else if (thru->is_string() && section->text("thru") == "end") {
     request.end = true;
+  } else if (thru->is_string() && !section->text("thru")->empty()) {
+    request.period = *section->text("thru");
   } else {
-    section->fail("thru", tr("must be a date such as { year = 2011, quarter = 4 }, a case number, or \"end\"."));
+    section->fail("thru", tr("must be a period such as \"2011Q4\" or { year = 2011, quarter = 4 }, a case number, or "
+                             "\"end\"."));
   }
   job.predict = std::move(request);
 }
@@ -151,8 +158,8 @@ FileFormat readFormat(const TomlSection& section) {
 }
 
 void readData(const TomlSection& top, Job& job) {
-  const auto section = top.section(
-      "data", {"source", "query", "scale", "complete", "decimal", "thousands", "na", "skip", "encoding", "sheet"});
+  const auto section = top.section("data", {"source", "query", "scale", "complete", "decimal", "thousands", "na",
+                                             "skip", "encoding", "sheet", "from", "to"});
   if (!section) throw UsageError(nameOf(job.file) + ": " + tr("there is no [data] section with a source."));
   if (const auto source = section->text("source")) {
     job.data.source = *source == kStandardStream ? std::filesystem::path(*source) : job.baseFolder / *source;
@@ -163,6 +170,7 @@ void readData(const TomlSection& top, Job& job) {
     top.fail("data", tr("needs a source (a data file) or a query."));
   }
   job.data.format = readFormat(*section);
+  job.range = {section->text("from").value_or(""), section->text("to").value_or("")};
   if (const auto scale = section->number("scale")) {
     if (!(*scale > 0.0) || std::isinf(*scale)) section->fail("scale", tr("must be a positive number, such as 100."));
     job.scale = *scale;

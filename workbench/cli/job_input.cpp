@@ -7,6 +7,7 @@
 #include "workbench/base/standard_streams.h"
 #include "workbench/cli/output_files.h"
 #include "workbench/dataset/fingerprint.h"
+#include "workbench/dates/case_label.h"
 #include "workbench/dates/date_setup.h"
 
 namespace workbench {
@@ -32,10 +33,18 @@ int columnOf(const Dataset& dataset, const std::string& name, const char* settin
 void setPredict(const Job& job, CallInput& input) {
   if (job.predictPeriods) {
     const long last = static_cast<long>(input.dataset.rowCount);
-    definePredict(input.dataset, {.date = {}, .caseNumber = last + *job.predictPeriods, .end = false}, input.trends);
+    definePredict(input.dataset, {.date = {}, .caseNumber = last + *job.predictPeriods, .end = false, .period = {}},
+                  input.trends);
   } else if (job.predict) {
     definePredict(input.dataset, *job.predict, input.trends);
   }
+}
+
+// The number of cases in a season: 4 of quarters. 0 when the cases have none.
+int seasonOf(const CallInput& input) {
+  const auto calendar = caseCalendar(input.dataset, input.trends);
+  if (!calendar || calendar->step != 1) return 0;
+  return cycleLength(calendar->first.unit());
 }
 
 // What is known before the data are read.
@@ -66,6 +75,8 @@ JobInput prepareInput(const Job& job, const OutputOptions& options) {
   for (const std::string& name : job.split) columnOf(call.dataset, name, "split");
   call.splitVariables = job.split;
   if (job.dates) defineDates(call.dataset, *job.dates, call.trends);
+  transformVariables(call.dataset, job.transformations, seasonOf(call));
+  keepRange(call.dataset, call.trends, job.range);
   setPredict(job, call);
   return input;
 }

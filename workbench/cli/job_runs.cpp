@@ -9,6 +9,7 @@
 #include "workbench/base/taken_file.h"
 #include "workbench/cli/data_notes.h"
 #include "workbench/cli/job_notes.h"
+#include "workbench/commands/common/analysed_rows.h"
 #include "workbench/commands/registry.h"
 #include "workbench/edge/texts.h"
 #include "workbench/language/command_list.h"
@@ -54,22 +55,6 @@ void requireOwnFiles(const FinishedRun& parsed, std::size_t number, std::vector<
   for (const auto& file : own) taken.push_back({file, tr("command ^1 saves to it", number)});
 }
 
-// The runs of those that cannot be parsed; none when all can.
-std::vector<ToldRun> unparsed(const std::vector<std::string>& texts, CommandRunner& runner) {
-  std::vector<ToldRun> failed;
-  std::vector<TakenFile> taken;
-  for (std::size_t i = 0; i < texts.size(); ++i) {
-    FinishedRun parsed = runner.parse(commandOf(texts[i]), texts[i]);
-    if (parsed.record.parsed) {
-      requireOwnFiles(parsed, i + 1, taken);
-    } else {
-      failed.push_back(tell(std::move(parsed), runner));
-      failed.back().number = static_cast<int>(i) + 1;
-    }
-  }
-  return failed;
-}
-
 std::vector<ToldRun> runAll(const std::vector<std::string>& texts, CommandRunner& runner) {
   std::vector<ToldRun> runs;
   for (const std::string& text : texts) runs.push_back(tell(runner.run(commandOf(text), text), runner));
@@ -99,7 +84,8 @@ void number(std::vector<ToldRun>& runs) {
 // Notes on the data; where the command failed, they may tell why and stand with its errors.
 void addJobNotes(const Job& job, const Dataset& dataset, ToldRun& first) {
   std::vector<std::string> texts = jobNotes(job, dataset);
-  std::ranges::move(dataNotes(job, first.run), std::back_inserter(texts));
+  const std::vector<int> columns = columnsOf(dataset, first.run.record, first.run.command.caseLists());
+  std::ranges::move(dataNotes(job, first.run.input, columns), std::back_inserter(texts));
   const bool failed = !first.run.outcome.succeeded;
   std::vector<RunMessage> notes;
   for (std::string& text : texts) {
@@ -110,10 +96,25 @@ void addJobNotes(const Job& job, const Dataset& dataset, ToldRun& first) {
 
 }  // namespace
 
+std::vector<ToldRun> unparsedCommands(const std::vector<std::string>& texts, CommandRunner& runner) {
+  std::vector<ToldRun> failed;
+  std::vector<TakenFile> taken;
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    FinishedRun parsed = runner.parse(commandOf(texts[i]), texts[i]);
+    if (parsed.record.parsed) {
+      requireOwnFiles(parsed, i + 1, taken);
+    } else {
+      failed.push_back(tell(std::move(parsed), runner));
+      failed.back().number = static_cast<int>(i) + 1;
+    }
+  }
+  return failed;
+}
+
 std::vector<ToldRun> runCommands(const Job& job, CommandRunner& runner) {
   const std::vector<std::string> texts = splitCommands(job.command);
   std::vector<ToldRun> runs;
-  if (texts.size() > 1) runs = unparsed(texts, runner);
+  if (texts.size() > 1) runs = unparsedCommands(texts, runner);
   if (runs.empty()) {
     runs = job.composer ? runComposed(job, runner) : runAll(texts, runner);
     number(runs);

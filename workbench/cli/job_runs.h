@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "workbench/cli/job.h"
@@ -24,6 +25,9 @@ struct ToldRun {
 // nothing has run. A command that fails does not stop those after it. Throws UsageError for an unknown command, and
 // when two commands would write one file.
 std::vector<ToldRun> runCommands(const Job& job, CommandRunner& runner);
+
+// The runs of those that cannot be parsed, or would write one file; none when all can. Nothing is run.
+std::vector<ToldRun> unparsedCommands(const std::vector<std::string>& texts, CommandRunner& runner);
 
 // That of the first run that failed; 0 when none did.
 int exitCodeOf(const std::vector<ToldRun>& runs);

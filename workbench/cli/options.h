@@ -11,6 +11,7 @@
 #include "workbench/base/standard_streams.h"
 #include "workbench/cli/data_options.h"
 #include "workbench/commands/common/composer.h"
+#include "workbench/dates/row_range.h"
 
 namespace workbench {
 
@@ -44,6 +45,15 @@ struct OutputOptions {
 
 struct RunOptions {
   std::filesystem::path jobFile;
+  bool checkOnly = false;  // nothing is run
+  OutputOptions output;
+};
+
+// A data file to be described.
+struct DescribeOptions {
+  std::filesystem::path data;
+  std::string query;
+  DataOptions reading;
   OutputOptions output;
 };
 
@@ -52,10 +62,14 @@ struct ComposeOptions {
   std::filesystem::path data;
   std::string query;
   DataOptions reading;
-  std::optional<long> predictPeriods;  // periods after the last case
-  bool complete = false;               // rows that lack a variable are dropped
-  std::string dateColumn;
+  std::string predict;             // a number of periods after the last case, or a period
+  bool complete = false;           // rows that lack a variable are dropped
+  std::vector<std::string> dates;  // a column, or "year=YEAR" "quarter=Q"
   std::vector<std::string> start;  // "year=1959" "quarter=1"
+  bool sort = false;
+  bool fillGaps = false;
+  RowRange range;
+  std::vector<std::string> transformations;  // "realgdp=dlog*100"
   std::shared_ptr<Composer> composer;
   OutputOptions output;
 };

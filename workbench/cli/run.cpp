@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "workbench/base/standard_streams.h"
+#include "workbench/cli/composed_job.h"
 #include "workbench/cli/job_input.h"
 #include "workbench/cli/job_runs.h"
 #include "workbench/cli/progress_line.h"
@@ -19,6 +20,7 @@
 #include "workbench/cli/short_form.h"
 #include "workbench/cli/written_job.h"
 #include "workbench/commands/registry.h"
+#include "workbench/dates/date_setup.h"
 #include "workbench/edge/texts.h"
 #include "workbench/language/command_list.h"
 
@@ -89,10 +91,17 @@ void print(const StageSeconds& stages) {
 
 }  // namespace
 
-int runJob(const Job& job, const OutputOptions& options) {
+int runJob(Job job, const OutputOptions& options) {
   const Stopwatch total;
-  for (const std::string& text : splitCommands(job.command)) commandOf(text);  // an unknown one needs no data
+  if (!job.command.empty()) {
+    for (const std::string& text : splitCommands(job.command)) commandOf(text);  // an unknown one needs no data
+  }
   JobInput input = prepareInput(job, options);
+  if (job.composer && job.predict) {
+    job.predictPeriods = static_cast<long>(periodsAhead(input.call.dataset, input.call.trends));
+    job.predict = std::nullopt;
+    composeCommand(job, options);
+  }
   RunDescription description = describeRun(job, options, input);
   auto progress = progressLine(options);
   input.call.progress = [&](double share) {

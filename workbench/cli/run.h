@@ -9,6 +9,6 @@ namespace workbench {
 
 // Loads the data, runs the procedure, shows and writes what came of it. Returns the program's exit code; a failure
 // before the procedure is called is thrown (UsageError, DataError, OutputError).
-int runJob(const Job& job, const OutputOptions& options);
+int runJob(Job job, const OutputOptions& options);
 
 }  // namespace workbench

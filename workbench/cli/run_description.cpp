@@ -49,6 +49,8 @@ void addDates(const Job& job, Settings& settings) {
   if (!job.dates) return;
   if (!job.dates->start.empty()) settings.emplace_back("dates.start", tomlDate(job.dates->start));
   if (!job.dates->column.empty()) settings.emplace_back("dates.column", tomlText(job.dates->column));
+  if (job.dates->sort) settings.emplace_back("dates.sort", "true");
+  if (job.dates->fillGaps) settings.emplace_back("dates.fill_gaps", "true");
   if (!job.dates->variables.empty()) settings.emplace_back("dates.variables", tomlColumns(job.dates->variables));
 }
 
@@ -60,6 +62,8 @@ void addPredict(const Job& job, std::size_t rows, Settings& settings) {
     settings.emplace_back(key, "\"end\"");
   } else if (job.predict && job.predict->caseNumber) {
     settings.emplace_back(key, fmt::format("{}", *job.predict->caseNumber));
+  } else if (job.predict && !job.predict->period.empty()) {
+    settings.emplace_back(key, tomlText(job.predict->period));
   } else if (job.predict) {
     settings.emplace_back(key, tomlDate(job.predict->date));
   }
@@ -73,7 +77,12 @@ Settings settingsOf(const Job& job, std::size_t rows) {
     settings.emplace_back("data." + setting.key.substr(0, equals), setting.key.substr(equals + 3));
   }
   if (job.complete) settings.emplace_back("data.complete", "true");
+  if (!job.range.from.empty()) settings.emplace_back("data.from", tomlText(job.range.from));
+  if (!job.range.to.empty()) settings.emplace_back("data.to", tomlText(job.range.to));
   addDictionary(job, settings);
+  for (const Transformation& one : job.transformations) {
+    settings.emplace_back("variables." + tomlText(one.variable) + ".transform", tomlText(one.text()));
+  }
   addDates(job, settings);
   addPredict(job, rows, settings);
   if (!job.weight.empty()) settings.emplace_back("weight", tomlText(job.weight));
@@ -95,7 +104,7 @@ RunDescription describeRun(const Job& job, const OutputOptions& options, const J
           .rows = input.rows,
           .variables = input.variables,
           .language = options.language,
-          .settings = settingsOf(job, input.rows),
+          .settings = settingsOf(job, input.call.dataset.rowCount),
           .seconds = {}};
 }
 

@@ -108,6 +108,14 @@ void showLine(const std::string& text) {
   writeStandardOutput(text + "\n");
 }
 
+void showTable(const PivotTable& table) {
+  put(stdout, paintTerminal(table, styleOf(STDOUT_FILENO)) + "\n");
+}
+
+void showNote(const std::string& text) {
+  put(stdout, paintMessage("note", text, styleOf(STDOUT_FILENO), currentLanguage()));
+}
+
 void showError(const std::string& text) {
   put(stderr, paintMessage("error", text, messageStyle(STDERR_FILENO), currentLanguage()));
 }

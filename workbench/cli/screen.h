@@ -5,6 +5,7 @@
 
 #include "workbench/cli/job_runs.h"
 #include "workbench/cli/options.h"
+#include "workbench/render/pivot_table.h"
 #include "workbench/render/terminal.h"
 
 namespace workbench {
@@ -19,6 +20,10 @@ TerminalStyle outputStyle();
 void showText(const std::string& text);
 // A line on standard output. Throws OutputError.
 void showLine(const std::string& text);
+
+// A table, and "note: TEXT", on standard output.
+void showTable(const PivotTable& table);
+void showNote(const std::string& text);
 
 // "error: TEXT" on standard error.
 void showError(const std::string& text);

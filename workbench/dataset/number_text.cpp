@@ -1,5 +1,6 @@
 #include "workbench/dataset/number_text.h"
 
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <string>
@@ -43,6 +44,11 @@ std::optional<std::string> plainNumber(std::string_view text, NumberFormat forma
 }
 
 }  // namespace
+
+std::string numberText(double number) {
+  std::array<char, 40> text{};
+  return {text.data(), std::to_chars(text.data(), text.data() + text.size(), number).ptr};
+}
 
 std::string_view withoutBlanks(std::string_view text) {
   constexpr std::string_view kBlanks = " \t\r\n";

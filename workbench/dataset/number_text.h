@@ -3,6 +3,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace workbench {
@@ -18,6 +19,9 @@ struct NumberFormat {
 // "3.5 %" is 3.5. Groups of thousands have three digits, so that "1.234,5" is a number and "1.2.2001" is none. Words of
 // infinity are numbers, those of "not a number" are not.
 std::optional<double> readNumber(std::string_view text, NumberFormat format);
+
+// The shortest text that reads back as the same number.
+std::string numberText(double number);
 
 // The text without blanks around it.
 std::string_view withoutBlanks(std::string_view text);

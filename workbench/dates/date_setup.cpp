@@ -1,26 +1,19 @@
 #include "workbench/dates/date_setup.h"
 
 #include <algorithm>
+#include <numeric>
+#include <utility>
 
 #include "workbench/base/errors.h"
+#include "workbench/dataset/rows.h"
 #include "workbench/dates/components.h"
 #include "workbench/dates/date_variables.h"
-#include "workbench/dates/inference.h"
+#include "workbench/dates/dated_rows.h"
 #include "workbench/dates/labels.h"
-#include "workbench/dates/regularity.h"
 
 namespace workbench {
 
 namespace {
-
-int columnOfKind(const Dataset& dataset, const std::string& name, ColumnKind kind, const std::string& remedy) {
-  const int index = dataset.find(name);
-  if (index < 0) throw UsageError("dates: there is no column \"" + name + "\" in " + dataset.origin + ".");
-  if (dataset.columns[static_cast<std::size_t>(index)].kind != kind) {
-    throw UsageError("dates: column \"" + name + "\" " + remedy);
-  }
-  return index;
-}
 
 CaseCalendar calendarFromStart(const Dataset& dataset, const DateComponents& start) {
   const Period first = periodFromRequest(start, start.rbegin()->first, "start");
@@ -28,90 +21,91 @@ CaseCalendar calendarFromStart(const Dataset& dataset, const DateComponents& sta
     throw UsageError("start: counted from " + periodLabel(first) + ", the last of " + std::to_string(dataset.rowCount) +
                      " cases would lie after the calendar's end (year 9999).");
   }
-  return {first, 1};
+  return {first, 1, false};
 }
 
-std::string rowDate(std::int64_t instant) {
-  return instant == kMissingInstant ? "no date" : instantText(instant);
+DatedRows datesOf(const Dataset& dataset, const DatesRequest& request) {
+  return request.variables.empty() ? datedByColumn(dataset, request.column)
+                                   : datedByComponents(dataset, request.variables);
 }
 
-// Every row must hold an instant within the calendar's range.
-void requireInstants(const std::vector<std::int64_t>& instants, const DateSource& source) {
-  for (std::size_t row = 0; row < instants.size(); ++row) {
-    const bool isMissing = instants[row] == kMissingInstant;
-    if (!isMissing && Period::containing(Unit::day, Instant{std::chrono::microseconds{instants[row]}})) continue;
-    const std::string before = row > 0 ? " after row " + std::to_string(row) + " (" + source.dateOf(row - 1) + ")" : "";
-    throw DataError(source.name + ": row " + std::to_string(row + 1) + before +
-                    (isMissing ? " has no date. Fill it in, or leave such rows out in the query: WHERE " +
-                                     source.order + " IS NOT NULL."
-                               : " has a date outside the years 1 to 9999. Correct it in the query."));
-  }
+void sortRows(Dataset& dataset, const std::vector<Period>& periods) {
+  std::vector<std::size_t> rows(dataset.rowCount);
+  std::iota(rows.begin(), rows.end(), std::size_t{0});
+  std::ranges::stable_sort(rows, {}, [&](std::size_t row) { return periods[row].ordinal(); });
+  takeRows(dataset, rows);
 }
 
-CaseCalendar calendarFromColumn(const Dataset& dataset, const std::string& name) {
-  const int index = columnOfKind(dataset, name, ColumnKind::instant,
-                                 "is not a DATE or TIMESTAMP column. Convert it in the query, for instance CAST(" +
-                                     name + " AS DATE), or name numeric columns: variables = { year = \"...\", ... }.");
-  const Column& column = dataset.columns[static_cast<std::size_t>(index)];
-  const std::vector<std::int64_t>& instants = column.instants;
-  const DateSource source{"column \"" + column.name + "\"", "\"" + column.name + "\"",
-                          [&](std::size_t row) { return rowDate(instants[row]); }};
-  requireInstants(instants, source);
-  if (instants.size() < 2) {
-    throw DataError(source.name + ": one row does not tell the frequency. Name the first case's date instead: " +
-                    "start = { year = ..., quarter = ... }.");
-  }
-  const Frequency frequency = inferFrequency(instants);
-  std::vector<Period> periods;
-  for (const std::int64_t instant : instants) {
-    periods.push_back(*Period::containing(frequency.unit, Instant{std::chrono::microseconds{instant}}));
-  }
-  requireEvenlySpaced(periods, frequency.step, source);
-  return {periods.front(), frequency.step};
-}
-
-DateColumns columnsOf(const Dataset& dataset, const std::map<Unit, std::string>& variables) {
-  DateColumns columns{variables.rbegin()->first, {}};
-  std::vector<Unit> given;
-  for (const auto& [unit, name] : variables) {
-    given.push_back(unit);
-    columns.columns.push_back(
-        columnOfKind(dataset, name, ColumnKind::number,
-                     "is not numeric. Convert it in the query, for instance CAST(" + name + " AS INTEGER)."));
-  }
-  requireUnits(given, columns.finest, "variables");
-  return columns;
-}
-
-DateSource sourceOf(const Dataset& dataset, const DateColumns& columns, const std::vector<Period>& periods) {
-  std::string names;
-  for (const int index : columns.columns) {
-    names += (names.empty() ? "\"" : ", \"") + dataset.columns[static_cast<std::size_t>(index)].name + "\"";
-  }
-  return {(columns.columns.size() == 1 ? "column " : "columns ") + names, names,
-          [&periods](std::size_t row) { return periodLabel(periods[row]); }};
-}
-
-CaseCalendar calendarFromColumns(const Dataset& dataset, const DateColumns& columns) {
-  std::vector<Period> periods;
-  const DateSource source = sourceOf(dataset, columns, periods);
-  std::vector<std::int64_t> ordinals;
-  for (std::size_t row = 0; row < dataset.rowCount; ++row) {
-    const std::optional<Period> period = columns.period(dataset, row);
-    if (!period) {
-      const std::string before =
-          row > 0 ? " after row " + std::to_string(row) + " (" + source.dateOf(row - 1) + ")" : "";
-      throw DataError(source.name + ": row " + std::to_string(row + 1) + before + " holds no date: " +
-                      columns.fault(dataset, row) + ". Correct it, or leave such rows out in the query.");
+// The rows with an empty one for each missing period. Rows that do not follow in any other way stay for the check.
+std::vector<std::size_t> rowsWithGaps(const DatedRows& dated) {
+  const CaseCalendar calendar = dated.calendar();
+  std::vector<std::size_t> rows{0};
+  for (std::size_t row = 1; row < dated.periods.size(); ++row) {
+    const std::int64_t distance = casesBetween(calendar, dated.periods[row - 1], dated.periods[row]).value_or(1);
+    if (distance > static_cast<std::int64_t>(dated.periods.size())) {
+      throw DataError(dated.source.name + ": between row " + std::to_string(row) + " (" + dated.source.dateOf(row - 1) +
+                      ") and row " + std::to_string(row + 1) + " (" + dated.source.dateOf(row) +
+                      ") more periods are missing than there are rows. Correct the dates.");
     }
-    periods.push_back(*period);
-    ordinals.push_back(period->ordinal());
+    for (std::int64_t missing = 1; missing < distance; ++missing) rows.push_back(kEmptyRow);
+    rows.push_back(row);
   }
-  std::ranges::sort(ordinals);
-  ordinals.erase(std::unique(ordinals.begin(), ordinals.end()), ordinals.end());
-  const std::int64_t step = ordinals.size() > 1 ? commonSpacing(ordinals).step : 1;
-  requireEvenlySpaced(periods, step, source);
-  return {periods.front(), step};
+  return rows;
+}
+
+std::vector<Period> periodsOf(const DatedRows& dated, const std::vector<std::size_t>& rows) {
+  const CaseCalendar calendar = dated.calendar();
+  std::vector<Period> periods;
+  for (const std::size_t row : rows) {
+    periods.push_back(row == kEmptyRow ? *CaseCalendar{periods.back(), calendar.step, calendar.businessDays}.period(1)
+                                       : dated.periods[row]);
+  }
+  return periods;
+}
+
+void fillComponents(Dataset& dataset, const std::vector<int>& columns, const std::vector<Period>& periods) {
+  for (std::size_t row = 0; row < periods.size(); ++row) {
+    const std::vector<std::int64_t> parts = periods[row].components();
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+      dataset.columns[static_cast<std::size_t>(columns[i])].numbers[row] = static_cast<double>(parts[i]);
+    }
+  }
+}
+
+void fillGaps(Dataset& dataset, const DatesRequest& request, const DatedRows& dated) {
+  const std::vector<std::size_t> rows = rowsWithGaps(dated);
+  const std::vector<Period> periods = periodsOf(dated, rows);
+  requireEvenlySpaced(periods, dated.calendar(), {dated.source.name, dated.source.order, [&periods](std::size_t row) {
+                                                    return periodLabel(periods[row]);
+                                                  }});
+  takeRows(dataset, rows);
+  if (!request.variables.empty()) fillComponents(dataset, componentColumns(dataset, request.variables), periods);
+}
+
+// The calendar of dated rows, which are put in order and completed first, as far as that was asked for.
+CaseCalendar calendarOfRows(Dataset& dataset, const DatesRequest& request) {
+  if (request.sort) sortRows(dataset, datesOf(dataset, request).periods);
+  const DatedRows dated = datesOf(dataset, request);
+  const CaseCalendar calendar = dated.calendar();
+  if (request.fillGaps) {
+    fillGaps(dataset, request, dated);
+  } else {
+    requireEvenlySpaced(dated.periods, calendar, dated.source);
+  }
+  return calendar;
+}
+
+void dateRows(Dataset& dataset, const DatesRequest& request, TrendsSettings& settings) {
+  const CaseCalendar calendar =
+      request.start.empty() ? calendarOfRows(dataset, request) : calendarFromStart(dataset, request.start);
+  if (request.variables.empty()) {
+    settings.dateVariables = makeDateVariables(dataset, calendar);
+  } else {
+    settings.dateVariables =
+        dateVariablesOf(request.variables.rbegin()->first, componentColumns(dataset, request.variables));
+  }
+  settings.businessDays = calendar.businessDays;
+  makeDateLabels(dataset, calendar);
 }
 
 }  // namespace
@@ -120,17 +114,16 @@ void defineDates(Dataset& dataset, const DatesRequest& request, TrendsSettings& 
   if (int{!request.start.empty()} + int{!request.column.empty()} + int{!request.variables.empty()} != 1) {
     throw UsageError("dates: give exactly one of start, column and variables.");
   }
-  if (dataset.rowCount == 0) throw DataError("dates: " + dataset.origin + " has no rows to date.");
-  if (!request.variables.empty()) {
-    const DateColumns columns = columnsOf(dataset, request.variables);
-    makeDateLabels(dataset, calendarFromColumns(dataset, columns));
-    settings.dateVariables = dateVariablesOf(columns.finest, columns.columns);
-    return;
+  if (!request.start.empty() && (request.sort || request.fillGaps)) {
+    throw UsageError(
+        "dates: 'start' counts the rows as they stand; sort and fill_gaps need dates to go by. Name the "
+        "column that holds them.");
   }
-  const CaseCalendar calendar =
-      request.column.empty() ? calendarFromStart(dataset, request.start) : calendarFromColumn(dataset, request.column);
-  settings.dateVariables = makeDateVariables(dataset, calendar);
-  makeDateLabels(dataset, calendar);
+  if (dataset.rowCount == 0) throw DataError("dates: " + dataset.origin + " has no rows to date.");
+  if (!request.sort && !request.fillGaps) return dateRows(dataset, request, settings);
+  Dataset changed = dataset;
+  dateRows(changed, request, settings);
+  dataset = std::move(changed);
 }
 
 }  // namespace workbench

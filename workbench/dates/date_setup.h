@@ -21,6 +21,10 @@ void defineDates(Dataset& dataset, const DatesRequest& request, TrendsSettings& 
 // Sets the PREDICT range's upper end, as a date when the dataset has dates. Call it after defineDates. Throws
 // UsageError for a date that is incomplete, impossible or without dates to compare with, and for more than
 // kMaximumHorizon cases after the last one; the settings are then unchanged.
+// `period` is read as any form of a period of the cases' unit.
 void definePredict(const Dataset& dataset, const PredictRequest& request, TrendsSettings& settings);
+
+// How many periods after the last case the settings' PREDICT range ends.
+std::int64_t periodsAhead(const Dataset& dataset, const TrendsSettings& settings);
 
 }  // namespace workbench

@@ -69,7 +69,24 @@ Frequency inferFrequency(std::vector<std::int64_t> instants) {
     best = {unit, spacing.step};
     bestShare = spacing.share;
   }
-  return best;
+  best.businessDays = best.unit == Unit::day && passOverWeekends(ordinalsIn(Unit::day, instants));
+  return best.businessDays ? Frequency{Unit::day, 1, true} : best;
+}
+
+bool passOverWeekends(const std::vector<std::int64_t>& days) {
+  constexpr std::size_t kFewest = 5;
+  const bool noneOnWeekend =
+      std::ranges::all_of(days, [](std::int64_t day) { return dayOfBusinessDay(businessDayOrdinal(day)) == day; });
+  if (days.size() < kFewest || !noneOnWeekend) return false;
+  std::size_t passed = 0;
+  std::size_t followed = 0;
+  for (std::size_t i = 1; i < days.size(); ++i) {
+    const bool next = businessDayOrdinal(days[i]) - businessDayOrdinal(days[i - 1]) == 1;
+    if (!next) continue;
+    ++followed;
+    if (days[i] - days[i - 1] > 1) ++passed;
+  }
+  return passed > 0 && 2 * followed >= days.size();
 }
 
 }  // namespace workbench

@@ -251,16 +251,34 @@ std::optional<Period> Period::shifted(std::int64_t count) const {
   return Period(unit_, ordinal_ + count);
 }
 
+std::int64_t businessDayOrdinal(std::int64_t day) {
+  const std::int64_t sinceMonday = day - kEpochMonday.time_since_epoch().count();
+  const std::int64_t week = floorDivide(sinceMonday, 7);
+  return week * 5 + std::min<std::int64_t>(sinceMonday - week * 7, 4);
+}
+
+std::int64_t dayOfBusinessDay(std::int64_t businessDay) {
+  const std::int64_t week = floorDivide(businessDay, 5);
+  return kEpochMonday.time_since_epoch().count() + week * 7 + (businessDay - week * 5);
+}
+
 std::optional<Period> CaseCalendar::period(std::int64_t caseOffset) const {
   constexpr std::int64_t kBeyondAnyRange = std::int64_t{1} << 40;
   const std::int64_t limit = kBeyondAnyRange / step;
   if (caseOffset > limit || caseOffset < -limit) return std::nullopt;
-  return first.shifted(caseOffset * step);
+  if (!businessDays) return first.shifted(caseOffset * step);
+  const std::int64_t day = dayOfBusinessDay(businessDayOrdinal(first.ordinal()) + caseOffset * step);
+  return first.shifted(day - first.ordinal());
 }
 
 std::int64_t CaseCalendar::caseOffset(const Period& period, bool later) const {
   assert(period.unit() == first.unit());
-  const std::int64_t distance = period.ordinal() - first.ordinal();
+  std::int64_t distance = period.ordinal() - first.ordinal();
+  if (businessDays) {
+    const std::int64_t counted = businessDayOrdinal(period.ordinal());
+    const bool onWeekend = dayOfBusinessDay(counted) != period.ordinal();
+    distance = counted + (later && onWeekend ? 1 : 0) - businessDayOrdinal(first.ordinal());
+  }
   return later ? -floorDivide(-distance, step) : floorDivide(distance, step);
 }
 

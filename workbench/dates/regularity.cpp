@@ -10,43 +10,41 @@ namespace workbench {
 
 namespace {
 
-bool isWeekend(const Period& day) {
-  const std::chrono::sys_days date{std::chrono::days{day.ordinal()}};
-  return std::chrono::weekday{date}.iso_encoding() > 5;
-}
+const char* const kSort = "Give --sort (in a job file, under [dates]: sort = true).";
+const char* const kFill =
+    "Give --fill-gaps (in a job file, under [dates]: fill_gaps = true) to keep what is missing as rows without values";
 
-bool leavesWeekendsOut(const std::vector<Period>& periods) {
-  return periods.front().unit() == Unit::day && periods.size() >= 5 && std::ranges::none_of(periods, isWeekend);
-}
-
-std::string missingPeriods(const Period& before, const Period& after, std::int64_t step) {
-  const std::string first = periodLabel(*before.shifted(step));
-  const std::string last = periodLabel(*after.shifted(-step));
+std::string missingPeriods(const CaseCalendar& calendar, const Period& before, const Period& after) {
+  const std::string first = periodLabel(*CaseCalendar{before, calendar.step, calendar.businessDays}.period(1));
+  const std::string last = periodLabel(*CaseCalendar{after, calendar.step, calendar.businessDays}.period(-1));
   return first == last ? first + " is missing" : first + " to " + last + " are missing";
 }
 
+bool descends(const std::vector<Period>& periods) {
+  return std::ranges::is_sorted(periods, std::ranges::greater_equal{}, &Period::ordinal);
+}
+
 // What is wrong between a row and its predecessor, and what the user can do about it.
-std::string describeFault(const std::vector<Period>& periods, std::size_t row, std::int64_t step,
-                          const DateSource& source) {
+std::string describeFault(const std::vector<Period>& periods, std::size_t row, const CaseCalendar& calendar) {
   const Period& before = periods[row - 1];
   const std::int64_t distance = periods[row].ordinal() - before.ordinal();
   const std::string unit(unitName(before.unit()));
-  if (distance < 0) return "it is earlier. Sort the rows in the query: ORDER BY " + source.order + ".";
+  if (distance < 0) {
+    return (descends(periods) ? std::string("the rows run from the last date to the first. ")
+                              : std::string("it is earlier, the rows are not sorted. ")) +
+           kSort;
+  }
   if (distance == 0) {
     return "it is the same " + unit + ". Keep one row for each " + unit +
            ": aggregate in the query with GROUP BY, or select one series with WHERE.";
   }
-  const std::string otherwise =
-      ", aggregate to a coarser frequency, or number the cases instead: start = { observation = 1 }.";
-  if (leavesWeekendsOut(periods)) {
-    return "the dates leave weekends out, and the calendar has no business days. Fill in the missing days in the "
-           "query" +
-           otherwise;
+  const std::string otherwise = ", or number the cases instead: --start observation=1 (start = { observation = 1 }).";
+  if (casesBetween(calendar, before, periods[row])) {
+    const std::string holidays = calendar.businessDays ? ", holidays for instance" : "";
+    return missingPeriods(calendar, before, periods[row]) + ". " + kFill + holidays + otherwise;
   }
-  const std::string remedy = " Fill in the missing rows in the query" + otherwise;
-  if (distance % step == 0) return missingPeriods(before, periods[row], step) + "." + remedy;
-  return "it comes " + countOf(distance, before.unit()) + " later, where " + countOf(step, before.unit()) +
-         " is the most common distance." + remedy;
+  return "it comes " + countOf(distance, before.unit()) + " later, where " + countOf(calendar.step, before.unit()) +
+         " is the most common distance. Aggregate to a coarser frequency in the query" + otherwise;
 }
 
 }  // namespace
@@ -66,12 +64,19 @@ Spacing commonSpacing(std::span<const std::int64_t> ascending) {
   return best;
 }
 
-void requireEvenlySpaced(const std::vector<Period>& periods, std::int64_t step, const DateSource& source) {
+std::optional<std::int64_t> casesBetween(const CaseCalendar& calendar, const Period& from, const Period& to) {
+  const CaseCalendar counted{from, calendar.step, calendar.businessDays};
+  const std::int64_t cases = counted.caseOffset(to);
+  const std::optional<Period> there = counted.period(cases);
+  return there == to ? std::optional(cases) : std::nullopt;
+}
+
+void requireEvenlySpaced(const std::vector<Period>& periods, const CaseCalendar& calendar, const DateSource& source) {
   for (std::size_t row = 1; row < periods.size(); ++row) {
-    if (periods[row].ordinal() - periods[row - 1].ordinal() == step) continue;
+    if (casesBetween(calendar, periods[row - 1], periods[row]) == 1) continue;
     throw DataError(source.name + ": row " + std::to_string(row + 1) + " (" + source.dateOf(row) +
                     ") does not follow row " + std::to_string(row) + " (" + source.dateOf(row - 1) +
-                    "): " + describeFault(periods, row, step, source));
+                    "): " + describeFault(periods, row, calendar));
   }
 }
 

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -29,8 +30,11 @@ struct Spacing {
 // Of at least two numbers in ascending order. Of equally common distances the smallest.
 Spacing commonSpacing(std::span<const std::int64_t> ascending);
 
-// Throws DataError when a row is not exactly `step` units after the row before it, naming the first such row, both
-// dates and the remedy. The periods are of one unit, one for each row.
-void requireEvenlySpaced(const std::vector<Period>& periods, std::int64_t step, const DateSource& source);
+// How many cases of the calendar lie between two periods: 1 for neighbours. Nothing when it is no whole number of them.
+std::optional<std::int64_t> casesBetween(const CaseCalendar& calendar, const Period& from, const Period& to);
+
+// Throws DataError when a row is not the case of the calendar that follows the row before it, naming the first such
+// row, both dates and the remedy. The periods are of the calendar's unit, one for each row.
+void requireEvenlySpaced(const std::vector<Period>& periods, const CaseCalendar& calendar, const DateSource& source);
 
 }  // namespace workbench

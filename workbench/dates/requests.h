@@ -17,15 +17,18 @@ using DateComponents = std::map<Unit, std::int64_t>;
 // How the cases are dated; exactly one of the three is given.
 struct DatesRequest {
   DateComponents start;                   // the first case's date; every further case is one period later
-  std::string column;                     // a DATE or TIMESTAMP column; the frequency is inferred and checked
+  std::string column;                     // dates, timestamps, texts or numbers; the frequency is inferred and checked
   std::map<Unit, std::string> variables;  // numeric columns that hold the components already
+  bool sort = false;                      // rows are put into the order of their dates
+  bool fillGaps = false;                  // periods without a row become rows without values
 };
 
-// How far to forecast; exactly one of the three is given.
+// How far to forecast; exactly one of the four is given.
 struct PredictRequest {
   DateComponents date;
   std::optional<std::int64_t> caseNumber;  // from 1
   bool end = false;                        // through the last case: no forecasts
+  std::string period = {};                 // as people write it: "2011Q3"
 };
 
 }  // namespace workbench

@@ -17,6 +17,7 @@ struct DateVariable {
 
 struct TrendsSettings {
   std::vector<DateVariable> dateVariables;
+  bool businessDays = false;  // the cases are days without Saturdays and Sundays
   bool predictSet = false;
   bool predictIsDate = false;
   long predictCase = 0;  // from 1; 0 with predictSet and no date means "through the end"

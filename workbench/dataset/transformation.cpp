@@ -1,0 +1,132 @@
+#include "workbench/dataset/transformation.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <optional>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "workbench/base/errors.h"
+#include "workbench/base/suggest.h"
+#include "workbench/dataset/case_value.h"
+#include "workbench/dataset/number_text.h"
+
+namespace workbench {
+
+namespace {
+
+using Kind = Transformation::Kind;
+
+constexpr std::array<std::pair<std::string_view, Kind>, 5> kKinds{
+    {{"log", Kind::log}, {"diff", Kind::diff}, {"dlog", Kind::dlog}, {"sdiff", Kind::sdiff}, {"pct", Kind::pct}}};
+
+std::string_view nameOf(Kind kind) {
+  return std::ranges::find(kKinds, kind, &std::pair<std::string_view, Kind>::second)->first;
+}
+
+[[noreturn]] void refuse(const std::string& variable, const std::string& text) {
+  throw UsageError("transform: \"" + text + "\" is no transformation of " + variable +
+                   ". There are log, diff, dlog, sdiff and pct, each with a factor if you like: dlog*100.");
+}
+
+bool takesLogarithm(Kind kind) {
+  return kind == Kind::log || kind == Kind::dlog;
+}
+
+std::size_t lagOf(Kind kind, int season) {
+  if (kind == Kind::log) return 0;
+  return kind == Kind::sdiff ? static_cast<std::size_t>(season) : 1;
+}
+
+// What keeps a value from being transformed; empty when nothing does.
+std::string faultOf(Kind kind, double value) {
+  if (takesLogarithm(kind) && !(value > 0.0)) return "a logarithm needs positive values";
+  if (kind == Kind::pct && value == 0.0) return "growth from zero is not defined";
+  return "";
+}
+
+double transformed(const Transformation& how, double before, double value) {
+  switch (how.kind) {
+    case Kind::log:
+      return how.factor * std::log(value);
+    case Kind::dlog:
+      return how.factor * (std::log(value) - std::log(before));
+    case Kind::pct:
+      return how.factor * 100.0 * (value / before - 1.0);
+    case Kind::diff:
+    case Kind::sdiff:
+      break;
+  }
+  return how.factor * (value - before);
+}
+
+std::vector<double> transformedValues(const Column& column, std::size_t rows, const Transformation& how, int season) {
+  std::vector<double> values;
+  const std::size_t lag = lagOf(how.kind, season);
+  for (std::size_t row = 0; row < rows; ++row) {
+    const double value = caseValue(column, row, true);
+    const double before = row >= lag ? caseValue(column, row - lag, true) : kSystemMissing;
+    const std::string fault = value == kSystemMissing ? "" : faultOf(how.kind, value);
+    if (!fault.empty()) {
+      throw DataError("transform: " + column.name + " is " + numberText(value) + " in row " + std::to_string(row + 1) +
+                      ", and " + fault + ". Leave such rows out, or choose another transformation, such as diff.");
+    }
+    const bool known = value != kSystemMissing && before != kSystemMissing;
+    values.push_back(known ? transformed(how, before, value) : kSystemMissing);
+  }
+  return values;
+}
+
+int columnOf(const Dataset& dataset, const std::string& variable) {
+  std::vector<std::string> names;
+  for (const Column& column : dataset.columns) names.push_back(column.name);
+  const int index = dataset.find(variable);
+  if (index < 0) {
+    throw UsageError("transform: there is no variable " + variable + " in the data." + didYouMean(variable, names));
+  }
+  if (dataset.columns[static_cast<std::size_t>(index)].kind != ColumnKind::number) {
+    throw UsageError("transform: " + variable + " is not numeric.");
+  }
+  return index;
+}
+
+}  // namespace
+
+std::string Transformation::text() const {
+  return std::string(nameOf(kind)) + (factor == 1.0 ? "" : "*" + numberText(factor));
+}
+
+Transformation transformationOf(const std::string& variable, const std::string& text) {
+  const std::size_t star = text.find('*');
+  const std::string_view word = withoutBlanks(std::string_view(text).substr(0, star));
+  const auto* kind = std::ranges::find(kKinds, word, &std::pair<std::string_view, Kind>::first);
+  const std::optional<double> factor =
+      star == std::string::npos ? std::optional(1.0) : readNumber(std::string_view(text).substr(star + 1), {});
+  if (kind == kKinds.end() || !factor || *factor == 0.0 || !std::isfinite(*factor)) refuse(variable, text);
+  return {variable, kind->second, *factor};
+}
+
+void transformVariables(Dataset& dataset, std::span<const Transformation> transformations, int season) {
+  std::vector<std::pair<int, std::vector<double>>> results;
+  for (const Transformation& how : transformations) {
+    const int index = columnOf(dataset, how.variable);
+    if (std::ranges::find(results, index, &std::pair<int, std::vector<double>>::first) != results.end()) {
+      throw UsageError("transform: " + how.variable + " is transformed twice. Name it once.");
+    }
+    if (how.kind == Kind::sdiff && season < 2) {
+      throw UsageError("transform: sdiff of " + how.variable +
+                       " needs cases whose dates have seasons, such as quarters or months. Date them.");
+    }
+    results.emplace_back(
+        index, transformedValues(dataset.columns[static_cast<std::size_t>(index)], dataset.rowCount, how, season));
+  }
+  for (auto& [index, values] : results) {
+    Column& column = dataset.columns[static_cast<std::size_t>(index)];
+    column.numbers = std::move(values);
+    column.userMissing.clear();
+  }
+}
+
+}  // namespace workbench

@@ -1,0 +1,35 @@
+// The dates that the columns of a dataset hold, row by row.
+
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "workbench/dataset/dataset.h"
+#include "workbench/dates/inference.h"
+#include "workbench/dates/regularity.h"
+
+namespace workbench {
+
+struct DatedRows {
+  std::vector<Period> periods;  // of one unit, one for each row
+  Frequency frequency;
+  DateSource source;
+
+  CaseCalendar calendar() const { return {periods.front(), frequency.step, frequency.businessDays}; }
+};
+
+// Of a column of dates, timestamps, texts or numbers. Where texts can be read in several ways (2001:3, 3/4/2001), they
+// are read in the one that gives evenly spaced dates. A DATE column whose days and months are all 1 to 12 is read with
+// both exchanged where that alone gives evenly spaced dates. Throws UsageError when there is no such column or it holds
+// no dates at all, DataError for single rows that hold none and for a single row.
+DatedRows datedByColumn(const Dataset& dataset, const std::string& name);
+
+// Of numeric columns that hold the components. Throws as above.
+DatedRows datedByComponents(const Dataset& dataset, const std::map<Unit, std::string>& variables);
+
+// The columns' indexes, one for each unit of the finest one.
+std::vector<int> componentColumns(const Dataset& dataset, const std::map<Unit, std::string>& variables);
+
+}  // namespace workbench
