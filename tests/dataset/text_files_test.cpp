@@ -106,7 +106,7 @@ TEST_F(TextFiles, NumbersReadAsTextAreFoundWithTheFormatThatReadsThem) {
     EXPECT_FALSE(findTextNumbers(mended, found->format)) << one.text;
   }
   for (const char* text : {"x;y\n2001Q1;a\n2001Q2;b\n", "x;y\n1.2.2001;a\n13.2.2001;b\n", "x;y\nA1;a\n17;b\n",
-                           "x;y\n12:30;a\n12:31;b\n", "x;y\n1;2\n2;3\n"}) {
+                           "x;y\nA1;a\n17;b\nB2;c\n18;d\n", "x;y\n12:30;a\n12:31;b\n", "x;y\n1;2\n2;3\n"}) {
     EXPECT_FALSE(findTextNumbers(load(text), {})) << text;
   }
   EXPECT_FALSE(findTextNumbers(loadDataset({{}, "SELECT unnest(['01', '02', '03']) AS code"}), {}));

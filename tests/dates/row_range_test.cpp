@@ -33,6 +33,11 @@ TEST(RowRange, KeepsTheCasesBetweenItsBounds) {
   EXPECT_THAT(kept(quarters(), {"1959Q4", "1960Q2"}).columns[0].numbers, ElementsAre(2, 3, 4));
   EXPECT_THAT(kept(quarters(), {"", "Q4 1959"}).columns[0].numbers, ElementsAre(1, 2));
   EXPECT_THAT(kept(quarters(), {}).columns[0].numbers, ElementsAre(1, 2, 3, 4, 5));
+  // Between two cases a range begins with the later one and ends with the earlier one.
+  Dataset halfYears = datedRows({"2000-01-01", "2000-07-01", "2001-01-01", "2001-07-01"});
+  addNumbers(halfYears, "x", {1, 2, 3, 4});
+  EXPECT_THAT(kept(sessionWith(halfYears, byColumn("date")), {"2000Q2", "2001Q2"}).columns[1].numbers,
+              ElementsAre(2, 3));
   EXPECT_THAT(kept(undated(), {"2", ""}).columns[0].numbers, ElementsAre(2, 3));
   EXPECT_THAT(kept(quarters(), {"1960Q1", ""}).columns.back().texts, ElementsAre("1960Q1", "1960Q2", "1960Q3"));
 }
