@@ -18,6 +18,8 @@ struct Bound {
   double value;
   Option option;
 };
+template <typename Option>
+Bound(double, Option) -> Bound<Option>;  // clang before 17 deduces none for aggregates
 
 struct Parameter {
   const char* name;

@@ -5,6 +5,7 @@
 #include <signal.h>
 #include <stdlib.h>
 #include <sys/wait.h>
+#include <termios.h>
 #include <unistd.h>
 
 #include <array>
@@ -17,6 +18,10 @@ Terminal::Terminal(const std::string& folder, const std::vector<std::string>& ar
   size.ws_row = 24;
   child_ = forkpty(&master_, nullptr, nullptr, &size);
   if (child_ != 0) return;
+  termios modes{};
+  tcgetattr(STDIN_FILENO, &modes);
+  modes.c_lflag &= ~static_cast<tcflag_t>(ECHO);  // the echo of a key comes at any time between the program's texts
+  tcsetattr(STDIN_FILENO, TCSANOW, &modes);
   setenv("TMPDIR", folder.c_str(), 1);
   setenv("TERM", "dumb", 1);
   std::vector<std::string> words = {VARMODEL_BINARY_DIR "/bin/varmodel"};

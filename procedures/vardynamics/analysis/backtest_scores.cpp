@@ -96,7 +96,7 @@ SeriesScores scoreSeries(std::span<const OriginForecast> forecasts, const std::v
   for (const NamedRival& one : kRivals) {
     // The first origins may lie within the first cycle.
     if ((forecasts.front().*one.values).rows == 0) continue;
-    RivalScores& rival = scores.rivals.emplace_back(one.rival);
+    RivalScores& rival = scores.rivals.emplace_back(RivalScores{.rival = one.rival});
     for (std::size_t h = 0; h < horizon; ++h) rival.horizons.push_back(scorer.scoreRival(one.values, h));
   }
   return scores;
