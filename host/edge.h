@@ -13,8 +13,8 @@
 //  6. Indexes and case offsets count from 0 unless a comment says otherwise.
 //  7. Errors. An operation that returns bool returns false for "could not be done" and then leaves its outputs
 //     untouched. Host operations may throw std::exception; a procedure lets none of them leave its entry.
-//  8. Threads. Everything happens on the thread that called the entry; no host object is shared between threads. The one
-//     exception is the report of progress (long_work.h), which a host may lack.
+//  8. Threads. Everything happens on the thread that called the entry; no host object is shared between threads.
+//     The one exception is the report of progress (long_work.h), which a host may lack.
 //  9. Life time. Objects that a procedure makes live inside one call of its entry; a host keeps no pointer to them.
 // 10. Layout. A host class shows its operations alone. Its state is one pointer to a type that the host defines, and
 //     only the host's HostAccess reaches it; so both sides may be built apart, as far as 11 goes.

@@ -35,9 +35,8 @@ class UnitRootSentences : public RunTest {
 TEST_F(UnitRootSentences, OneASeriesByBothTests) {
   const auto sentences = said();
   ASSERT_THAT(sentences, SizeIs(4));
-  EXPECT_THAT(sentences[0],
-              AllOf(StartsWith("calm looks stationary around a constant: ADF rejects a unit root (p = "),
-                    EndsWith("), KPSS does not reject stationarity (p ≥ 0.1).")));
+  EXPECT_THAT(sentences[0], AllOf(StartsWith("calm looks stationary around a constant: ADF rejects a unit root (p = "),
+                                  EndsWith("), KPSS does not reject stationarity (p ≥ 0.1).")));
   EXPECT_THAT(sentences[1], AllOf(StartsWith("walk looks as if it had a unit root: ADF does not reject one (p "),
                                   EndsWith("), KPSS rejects stationarity around a constant (p ≤ 0.01).")));
   EXPECT_THAT(sentences[2], StartsWith("The tests disagree about drifting: ADF rejects a unit root (p = "));

@@ -159,7 +159,7 @@ FileFormat readFormat(const TomlSection& section) {
 
 void readData(const TomlSection& top, Job& job) {
   const auto section = top.section("data", {"source", "query", "scale", "complete", "decimal", "thousands", "na",
-                                             "skip", "encoding", "sheet", "from", "to"});
+                                            "skip", "encoding", "sheet", "from", "to"});
   if (!section) throw UsageError(nameOf(job.file) + ": " + tr("there is no [data] section with a source."));
   if (const auto source = section->text("source")) {
     job.data.source = *source == kStandardStream ? std::filesystem::path(*source) : job.baseFolder / *source;

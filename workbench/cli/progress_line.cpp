@@ -30,14 +30,20 @@ std::string progressText(double share, double seconds) {
   return tr("^1 % done, about ^2 left", percent, durationText(seconds * (1.0 - share) / share));
 }
 
-ProgressLine::ProgressLine()
-    : stream_(userErrorStream()), shows_(isatty(stream_) != 0), cleaning_([this] { rewrite(""); }) {}
+ProgressLine::ProgressLine() : stream_(userErrorStream()), shows_(isatty(stream_) != 0), cleaning_([this] { end(); }) {}
 
 ProgressLine::~ProgressLine() {
+  end();
+}
+
+void ProgressLine::end() {
+  const std::lock_guard lock(mutex_);
   rewrite("");
+  shows_ = false;
 }
 
 void ProgressLine::show(double share) {
+  const std::lock_guard lock(mutex_);
   if (!shows_) return;
   const Clock::time_point now = Clock::now();
   if (share < share_) begin_ = now;

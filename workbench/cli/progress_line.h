@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <mutex>
 #include <string>
 
 #include "workbench/base/interruption.h"
@@ -26,7 +27,9 @@ class ProgressLine {
   using Clock = std::chrono::steady_clock;
 
   void rewrite(const std::string& text);
+  void end();
 
+  std::mutex mutex_;  // an interruption ends the line from a thread of its own
   int stream_;
   bool shows_;
   std::size_t width_ = 0;  // of what stands there
