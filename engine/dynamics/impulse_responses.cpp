@@ -2,20 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numeric>
 
 #include "engine/linear_algebra/cholesky.h"
 #include "engine/linear_algebra/dense_algebra.h"
 
 namespace engine {
 namespace {
-
-std::vector<std::size_t> orderOf(const ImpulseOptions& options, std::size_t series) {
-  if (!options.order.empty()) return options.order;
-  std::vector<std::size_t> order(series);
-  std::iota(order.begin(), order.end(), std::size_t{0});
-  return order;
-}
 
 // Columns of K x m coefficients as impacts, one matrix a lag.
 Impacts exogenousImpacts(const Matrix& coefficients, const ImpulseOptions& options) {
@@ -41,7 +33,7 @@ std::optional<Impacts> impactsOf(const FittedVar& fit, const ImpulseOptions& opt
     case ShockType::orthogonal:
       break;
   }
-  auto root = orderedCholesky(residualCovariance(fit), orderOf(options, k));
+  auto root = orderedCholesky(residualCovariance(fit), options.order);
   if (!root) return std::nullopt;
   return Impacts{std::move(*root)};
 }
@@ -194,7 +186,7 @@ std::optional<Responses> impulseResponses(const FittedVar& fit, const ImpulseOpt
 }
 
 std::optional<Responses> responseErrors(const FittedVar& fit, const ImpulseOptions& options, std::size_t horizon) {
-  const std::vector<std::size_t> order = orderOf(options, seriesCount(fit));
+  const std::vector<std::size_t> order = completeOrder(options.order, seriesCount(fit));
   const Matrix covariance = residualCovariance(fit);
   const auto root = orderedCholesky(covariance, order);
   const auto inverseRoot = choleskyFactor(fit.inverse);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 #include "engine/linear_algebra/cholesky.h"
 #include "engine/linear_algebra/dense_algebra.h"
@@ -20,7 +21,16 @@ Responses responsesTo(std::span<const Matrix> phi, const Impacts& impacts) {
   return responses;
 }
 
-std::optional<Matrix> orderedCholesky(const Matrix& covariance, std::span<const std::size_t> order) {
+std::vector<std::size_t> completeOrder(std::span<const std::size_t> order, std::size_t series) {
+  std::vector<std::size_t> complete(order.begin(), order.end());
+  if (!complete.empty()) return complete;
+  complete.resize(series);
+  std::iota(complete.begin(), complete.end(), std::size_t{0});
+  return complete;
+}
+
+std::optional<Matrix> orderedCholesky(const Matrix& covariance, std::span<const std::size_t> given) {
+  const std::vector<std::size_t> order = completeOrder(given, covariance.rows);
   const auto factor = choleskyFactor(principalPart(covariance, order));
   if (!factor) return std::nullopt;
   Matrix result(covariance.rows, covariance.rows);

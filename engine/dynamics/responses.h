@@ -20,9 +20,12 @@ using Impacts = std::vector<Matrix>;
 
 Responses responsesTo(std::span<const Matrix> phi, const Impacts& impacts);
 
+// The order itself, or that of the series for an empty one.
+std::vector<std::size_t> completeOrder(std::span<const std::size_t> order, std::size_t series);
+
 // P with P P' = S, whose column j is the shock of series j when the series come in this order: a Cholesky factor with
-// rows and columns put back. A shock moves its own series and those after it at once, none before. Nothing when S is
-// singular.
+// rows and columns put back. A shock moves its own series and those after it at once, none before. An empty
+// order is that of the series. Nothing when S is singular.
 std::optional<Matrix> orderedCholesky(const Matrix& covariance, std::span<const std::size_t> order);
 
 // Column j is S e_j / sqrt(s_jj): what the other shocks are expected to be when that of series j is one standard

@@ -24,7 +24,7 @@ class ChartColumns {
 
   std::set<std::string> distinctTexts(const std::string& name) const;  // none when there is no such column
 
-  // Rows in the shortest of the columns that the specification names and the item has.
+  // Rows in the shortest of the columns that the statements name and the item has.
   std::size_t rowCount(const ChartSpec& spec) const;
 
  private:

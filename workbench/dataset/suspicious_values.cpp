@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <map>
 
 #include "workbench/dataset/case_value.h"
 
@@ -47,6 +48,23 @@ bool isApart(double code, const std::vector<Observed>& observed) {
   }
   return others && (!sameSign || std::abs(code) > kFar * largest);
 }
+
+// Judges each code of a column once, however many rows hold it.
+class FillCodes {
+ public:
+  explicit FillCodes(const std::vector<Observed>& observed) : observed_(observed) {}
+
+  bool holds(double value) {
+    if (!isFillCode(value)) return false;
+    const auto [place, isNew] = apart_.try_emplace(value, false);
+    if (isNew) place->second = isApart(value, observed_);
+    return place->second;
+  }
+
+ private:
+  const std::vector<Observed>& observed_;
+  std::map<double, bool> apart_;
+};
 
 class Findings {
  public:
@@ -104,11 +122,12 @@ bool endsWithTotal(const std::vector<Observed>& observed) {
 void examine(const std::vector<Observed>& observed, Findings& findings) {
   if (observed.size() < 3) return;
   const double median = medianSize(observed);
+  FillCodes codes(observed);
   for (std::size_t i = 0; i < observed.size(); ++i) {
     const Observed& one = observed[i];
     if (std::isinf(one.value)) {
       findings.add(Suspicion::infinite, one);
-    } else if (isFillCode(one.value) && isApart(one.value, observed)) {
+    } else if (codes.holds(one.value)) {
       findings.add(Suspicion::fillCode, one);
     } else if (isOutlier(observed, i, median)) {
       findings.add(Suspicion::outlier, one);

@@ -12,7 +12,7 @@ constexpr std::array kForms{DateForm::quarter,      DateForm::month,       DateF
                             DateForm::colonQuarter, DateForm::colonMonth,  DateForm::yearMonth, DateForm::yearMonthDay,
                             DateForm::dayMonthYear, DateForm::monthDayYear};
 
-// A text as a row of numbers and words; what stands between them is in `separators`.
+// A text as a row of numbers and words, without what stands between them.
 struct Tokens {
   struct Token {
     std::string word;  // in small letters; empty for a number

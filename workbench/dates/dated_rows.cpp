@@ -72,13 +72,8 @@ Dated datedInstants(const std::vector<std::int64_t>& instants) {
   return dated;
 }
 
-// Days tell their frequency as instants do; of other periods it is the common distance.
-Dated datedPeriods(std::vector<Period> periods) {
-  if (periods.front().unit() == Unit::day) {
-    std::vector<std::int64_t> instants;
-    for (const Period& day : periods) instants.push_back(day.ordinal() * kDay);
-    return datedInstants(instants);
-  }
+// Their frequency is the common distance.
+Dated spacedPeriods(std::vector<Period> periods) {
   std::vector<std::int64_t> ordinals;
   for (const Period& period : periods) ordinals.push_back(period.ordinal());
   std::ranges::sort(ordinals);
@@ -86,6 +81,16 @@ Dated datedPeriods(std::vector<Period> periods) {
   const std::int64_t step = ordinals.size() > 1 ? commonSpacing(ordinals).step : 1;
   const Unit unit = periods.front().unit();
   return {std::move(periods), {unit, step, false}};
+}
+
+// Days tell their frequency as instants do.
+Dated datedPeriods(std::vector<Period> periods) {
+  if (periods.front().unit() == Unit::day) {
+    std::vector<std::int64_t> instants;
+    for (const Period& day : periods) instants.push_back(day.ordinal() * kDay);
+    return datedInstants(instants);
+  }
+  return spacedPeriods(std::move(periods));
 }
 
 // Nothing where one of the days is no month.
@@ -210,13 +215,7 @@ DatedRows datedByComponents(const Dataset& dataset, const std::map<Unit, std::st
   }
   Dated dated = datedPeriods(periods);
   // The components name the unit: years, months and days are days, however far apart.
-  if (dated.frequency.unit != columns.finest) {
-    std::vector<std::int64_t> days;
-    for (const Period& period : periods) days.push_back(period.ordinal());
-    std::ranges::sort(days);
-    days.erase(std::unique(days.begin(), days.end()), days.end());
-    dated = {std::move(periods), {columns.finest, commonSpacing(days).step, false}};
-  }
+  if (dated.frequency.unit != columns.finest) dated = spacedPeriods(std::move(periods));
   return {std::move(dated.periods), dated.frequency, source};
 }
 

@@ -39,7 +39,7 @@ Analysis analyse(const Settings& settings, const Observations& observations, con
   }
   if (settings.impulse) analysis.impulse = findResponses(settings, analysis.model, data, draws);
   if (settings.save && settings.save->shocks) {
-    analysis.shocks = orthogonalShocks(analysis.model.fit, settings.order);
+    analysis.shocks = orthogonalShocks(analysis.model, settings.order);
   }
   if (settings.decomposition) {
     analysis.decomposition = decompose(analysis.model, data, *settings.decomposition, settings.order, draws);

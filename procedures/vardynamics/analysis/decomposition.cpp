@@ -27,16 +27,16 @@ class ShareMaker {
              Draws& draws)
       : settings_(settings),
         order_(order),
+        model_(model),
         draws_(draws),
-        orthogonal_(responses(model, engine::ShockType::orthogonal)),
-        generalized_(responses(model, engine::ShockType::generalized)) {}
+        orthogonal_(responses(engine::ShockType::orthogonal)) {}
 
   void addTo(Decomposition& result) const {
     if (settings_.variance) {
       result.orthogonal = withBands(engine::varianceShares(orthogonal_), engine::ShareType::orthogonal);
     }
     if (!settings_.generalized) return;
-    const auto shares = engine::generalizedShares(generalized_, orthogonal_);
+    const auto shares = engine::generalizedShares(responses(engine::ShockType::generalized), orthogonal_);
     result.generalized = withBands(shares, engine::ShareType::generalized);
     result.normalised = withBands(engine::normalisedShares(shares), engine::ShareType::normalised);
   }
@@ -44,8 +44,8 @@ class ShareMaker {
  private:
   std::size_t horizon() const { return static_cast<std::size_t>(settings_.horizon); }
 
-  engine::Responses responses(const Model& model, engine::ShockType type) const {
-    return required(engine::impulseResponses(model.fit, {.type = type, .order = order_}, horizon() - 1));
+  engine::Responses responses(engine::ShockType type) const {
+    return required(engine::impulseResponses(model_.fit, {.type = type, .order = order_}, horizon() - 1));
   }
 
   VarianceShares withBands(std::vector<engine::Matrix> shares, engine::ShareType type) const {
@@ -58,9 +58,9 @@ class ShareMaker {
 
   const DecompositionSettings& settings_;
   const std::vector<std::size_t>& order_;
+  const Model& model_;
   Draws& draws_;
   engine::Responses orthogonal_;
-  engine::Responses generalized_;
 };
 
 std::size_t visibleRows(const std::vector<double>& part, const std::vector<double>& shocks) {
@@ -79,8 +79,7 @@ std::size_t initialRows(const History& history) {
   return rows;
 }
 
-History historyOf(const Model& model, const ModelData& data, std::vector<std::size_t> order) {
-  for (std::size_t i = order.size(); i < data.sample.endogenous.size(); ++i) order.push_back(i);
+History historyOf(const Model& model, const ModelData& data, const std::vector<std::size_t>& order) {
   const auto root = required(engine::orderedCholesky(model.covariance, order));
   const auto columns = exogenousColumns(data.settings, model.lag(), data.cycle);
   History history{.parts =

@@ -1,6 +1,5 @@
 #include "procedures/vardynamics/analysis/impulse.h"
 
-#include <numeric>
 #include <utility>
 
 #include "engine/regression/inference.h"
@@ -82,20 +81,16 @@ Impulse findResponses(const Settings& settings, const Model& model, const ModelD
   return ResponseFinder(settings, model, data, draws).find();
 }
 
-engine::Matrix orthogonalShocks(const engine::FittedVar& fit, const std::vector<std::size_t>& order) {
-  const std::size_t k = engine::seriesCount(fit);
-  std::vector<std::size_t> places = order;
-  if (places.empty()) {
-    places.resize(k);
-    std::iota(places.begin(), places.end(), std::size_t{0});
-  }
-  const auto root = engine::orderedCholesky(engine::residualCovariance(fit), places);
+engine::Matrix orthogonalShocks(const Model& model, const std::vector<std::size_t>& order) {
+  const std::size_t k = engine::seriesCount(model.fit);
+  const std::vector<std::size_t> places = engine::completeOrder(order, k);
+  const auto root = engine::orderedCholesky(model.covariance, places);
   if (!root) refuseDependentShocks();
-  engine::Matrix shocks(engine::rowCount(fit), k);
+  engine::Matrix shocks(engine::rowCount(model.fit), k);
   // In this order P is lower triangular.
   for (std::size_t r = 0; r < shocks.rows; ++r) {
     for (std::size_t a = 0; a < k; ++a) {
-      double rest = fit.residuals[places[a]][r];
+      double rest = model.fit.residuals[places[a]][r];
       for (std::size_t b = 0; b < a; ++b) rest -= (*root)(places[a], places[b]) * shocks(r, places[b]);
       shocks(r, places[a]) = rest / (*root)(places[a], places[a]);
     }

@@ -37,6 +37,6 @@ Impulse findResponses(const Settings& settings, const Model& model, const ModelD
 
 // The orthogonal shocks u = P^-1 e of the rows of the regression, n x K, in the order of the series; P in the given
 // order (empty: that of the series) from S. Throws UserError when the residuals are linearly dependent.
-engine::Matrix orthogonalShocks(const engine::FittedVar& fit, const std::vector<std::size_t>& order);
+engine::Matrix orthogonalShocks(const Model& model, const std::vector<std::size_t>& order);
 
 }  // namespace vardynamics

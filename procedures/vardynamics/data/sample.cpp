@@ -12,15 +12,16 @@ bool anyKnown(const SeriesList& columns, std::size_t row) {
   return std::ranges::any_of(columns, [row](const auto& column) { return !std::isnan(column[row]); });
 }
 
-std::vector<const std::vector<double>*> allColumns(const CaseRows& rows) {
-  std::vector<const std::vector<double>*> columns;
+using Columns = std::vector<const std::vector<double>*>;
+
+Columns allColumns(const CaseRows& rows) {
+  Columns columns;
   for (const auto& column : rows.endogenous) columns.push_back(&column);
   for (const auto& column : rows.exogenous) columns.push_back(&column);
   return columns;
 }
 
-std::optional<std::size_t> firstMissing(const CaseRows& rows, std::size_t row) {
-  const auto columns = allColumns(rows);
+std::optional<std::size_t> firstMissing(const Columns& columns, std::size_t row) {
   const auto found = std::ranges::find_if(columns, [row](const auto* column) { return std::isnan((*column)[row]); });
   if (found == columns.end()) return std::nullopt;
   return static_cast<std::size_t>(found - columns.begin());
@@ -39,9 +40,10 @@ std::optional<InfiniteValue> findInfinite(const CaseRows& rows) {
 
 // The runs of complete rows, ascending.
 std::vector<CaseRange> completeRuns(const CaseRows& rows) {
+  const Columns columns = allColumns(rows);
   std::vector<CaseRange> runs;
   for (std::size_t row = 0; row < rows.count(); ++row) {
-    if (firstMissing(rows, row)) continue;
+    if (firstMissing(columns, row)) continue;
     if (runs.empty() || runs.back().last + 1 != row) {
       runs.push_back({row, row});
     } else {
@@ -54,7 +56,7 @@ std::vector<CaseRange> completeRuns(const CaseRows& rows) {
 SampleGap gapBetween(const CaseRows& rows, const std::vector<CaseRange>& runs) {
   SampleGap gap;
   for (std::size_t i = 1; i < runs.size(); ++i) gap.gaps.push_back({runs[i - 1].last + 1, runs[i].first - 1});
-  gap.series = *firstMissing(rows, gap.gaps.front().first);
+  gap.series = *firstMissing(allColumns(rows), gap.gaps.front().first);
   gap.longestRun = runs.front();
   for (const CaseRange& run : runs) {
     if (run.last - run.first >= gap.longestRun.last - gap.longestRun.first) gap.longestRun = run;
