@@ -29,7 +29,7 @@ class Fan {
     const std::string& name = context_.names()[series_];
     DocumentChart chart{.id = "Forecast Chart - " + name, .title = texts.localize("Forecast") + " - " + name};
     chart.statements = {"SCALE: cat(dim(1), sort.data())", colors(), axisGuide(2, name),
-                        axisGuide(1, context_.observations.dated ? texts.localize("Date") : texts.localize("Row"))};
+                        axisGuide(1, context_.periodLabel())};
     addPoints();
     chart.texts = {{"date", dates_}, {"name", names_}};
     chart.numbers = {{"value", values_}};

@@ -73,7 +73,7 @@ DocumentChart historicalChart(const ReportContext& context, std::size_t series) 
   chart.statements = {"SCALE: cat(dim(1), sort.data())",
                       kShownFirst,
                       axisGuide(2, context.names()[series]),
-                      axisGuide(1, context.observations.dated ? texts.localize("Date") : texts.localize("Row")),
+                      axisGuide(1, context.periodLabel()),
                       "GUIDE: legend(aesthetic(aesthetic.color), label(\"" + texts.localize("Shocks to") + "\"))",
                       "ELEMENT: interval(position(date*part), color(shock), stack())",
                       "ELEMENT: line(position(date*sum), color(color.black), label(\"" + lineName + "\"))"};

@@ -21,7 +21,7 @@ DocumentTable emptyTable(const ReportContext& context, const std::string& suffix
   const Texts& texts = context.texts;
   return {.id = "Forecast" + suffix,
           .title = texts.localize("Forecast") + suffix,
-          .rowLabel = context.observations.dated ? texts.localize("Date") : texts.localize("Row"),
+          .rowLabel = context.periodLabel(),
           .rows = forecastLabels(context)};
 }
 
@@ -57,14 +57,12 @@ Sentences limitNotes(const ReportContext& context) {
   return notes;
 }
 
-std::vector<TableColumn> limitColumns(const ReportContext& context, std::size_t series, int decimals) {
-  const Texts& texts = context.texts;
+std::vector<TableColumn> allLimits(const ReportContext& context, std::size_t series, int decimals) {
   std::vector<TableColumn> columns;
   for (const double level : context.settings.levels) {
     const engine::ForecastLimits limits = context.analysis.forecast->limits(level);
-    const std::string percent = procedures::confidenceLevelText(level);
-    columns.push_back({texts.localize("^1 Lower", {percent}), engine::columnOf(limits.lower, series), decimals});
-    columns.push_back({texts.localize("^1 Upper", {percent}), engine::columnOf(limits.upper, series), decimals});
+    append(columns, limitColumns(context.texts, level, engine::columnOf(limits.lower, series),
+                                 engine::columnOf(limits.upper, series), decimals));
   }
   return columns;
 }
@@ -79,7 +77,7 @@ DocumentTable seriesTable(const ReportContext& context, std::size_t series) {
     table.columns.push_back(
         {texts.localize("Std. Error"), engine::columnOf(*forecast.standardErrors, series), decimals});
   }
-  append(table.columns, limitColumns(context, series, decimals));
+  append(table.columns, allLimits(context, series, decimals));
   if (forecast.condition) {
     table.columns.push_back(
         {texts.localize("Unconditional"), engine::columnOf(forecast.condition->unconditional, series), decimals});

@@ -2,7 +2,6 @@
 #include <cmath>
 #include <string>
 
-#include "procedures/common/number_text.h"
 #include "procedures/vardynamics/output/impulse_sentences.h"
 #include "procedures/vardynamics/output/impulse_style.h"
 #include "procedures/vardynamics/output/number_style.h"
@@ -35,9 +34,8 @@ std::vector<TableColumn> responseColumns(const ReportContext& context, const Sho
     columns.push_back({texts.localize("Std. Error"), pathOf(*set.errors, series, shock), decimals});
   }
   for (const engine::Band& band : set.bands) {
-    const std::string percent = procedures::confidenceLevelText(band.level);
-    columns.push_back({texts.localize("^1 Lower", {percent}), pathOf(band.lower, series, shock), decimals});
-    columns.push_back({texts.localize("^1 Upper", {percent}), pathOf(band.upper, series, shock), decimals});
+    append(columns, limitColumns(texts, band.level, pathOf(band.lower, series, shock),
+                                 pathOf(band.upper, series, shock), decimals));
   }
   return grouped(std::move(columns), responseName(context, series));
 }

@@ -114,18 +114,17 @@ DocumentTable parameterTable(const ReportContext& context, std::size_t equation)
   const engine::CoefficientInference& found = context.analysis.model.inference[equation];
   const auto coefficients = context.analysis.model.fit.coefficients.row(equation);
   const int decimals = std::min(decimalsForErrors(found.standardErrors, kCoefficientDigits), kMostCoefficientDecimals);
-  const std::string level = procedures::confidenceLevelText(context.settings.level());
   const std::string suffix = " - " + context.names()[equation];
-  return {.id = "Parameters" + suffix,
-          .title = texts.localize("Parameters") + suffix,
-          .rowLabel = texts.localize("Regressor"),
-          .rows = regressorLabels(context),
-          .columns = {{texts.localize("Coefficient"), {coefficients.begin(), coefficients.end()}, decimals},
-                      {texts.localize("Std. Error"), found.standardErrors, decimals},
-                      {texts.localize("t"), found.tStatistics},
-                      probabilityColumn(texts, found.pValues),
-                      {texts.localize("^1 Lower", {level}), found.lowerLimits, decimals},
-                      {texts.localize("^1 Upper", {level}), found.upperLimits, decimals}}};
+  DocumentTable table{.id = "Parameters" + suffix,
+                      .title = texts.localize("Parameters") + suffix,
+                      .rowLabel = texts.localize("Regressor"),
+                      .rows = regressorLabels(context),
+                      .columns = {{texts.localize("Coefficient"), {coefficients.begin(), coefficients.end()}, decimals},
+                                  {texts.localize("Std. Error"), found.standardErrors, decimals},
+                                  {texts.localize("t"), found.tStatistics},
+                                  probabilityColumn(texts, found.pValues)}};
+  append(table.columns, limitColumns(texts, context.settings.level(), found.lowerLimits, found.upperLimits, decimals));
+  return table;
 }
 
 DocumentTable fitTable(const ReportContext& context) {

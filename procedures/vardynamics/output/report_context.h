@@ -24,6 +24,8 @@ struct ReportContext {
   bool rejects(double p) const { return p < testLevel(); }
   // "p = 0.14": of a test that rejects it stands below the level, of another one not.
   std::string probability(double p) const { return texts.probability(p, testLevel()); }
+  // What a column or an axis of periods is called.
+  std::string periodLabel() const { return observations.dated ? texts.localize("Date") : texts.localize("Row"); }
   std::string levelText() const;  // of the tests: "5 %"
   double largestRoot() const { return analysis.roots.empty() ? 0.0 : analysis.roots.front().modulus; }
   // From here on tests and limits are less reliable.

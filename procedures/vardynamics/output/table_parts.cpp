@@ -3,6 +3,8 @@
 #include <iterator>
 #include <utility>
 
+#include "procedures/common/number_text.h"
+
 namespace vardynamics {
 namespace {
 
@@ -35,6 +37,13 @@ std::vector<TableColumn> fColumns(const Texts& texts, const std::vector<std::opt
           {texts.localize("df1"), valuesOf(tests, &Test::numeratorDegrees), 0},
           {texts.localize("df2"), valuesOf(tests, &Test::denominatorDegrees), 0},
           probabilityColumn(texts, valuesOf(tests, &Test::pValue))};
+}
+
+std::vector<TableColumn> limitColumns(const Texts& texts, double level, std::vector<double> lower,
+                                      std::vector<double> upper, int decimals) {
+  const std::string percent = procedures::confidenceLevelText(level);
+  return {{texts.localize("^1 Lower", {percent}), std::move(lower), decimals},
+          {texts.localize("^1 Upper", {percent}), std::move(upper), decimals}};
 }
 
 std::vector<std::size_t> printedHorizons(std::size_t horizon) {

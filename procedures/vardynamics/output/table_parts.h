@@ -33,6 +33,10 @@ TableColumn probabilityColumn(const Texts& texts, std::vector<double> values);
 std::vector<TableColumn> chiSquaredColumns(const Texts& texts,
                                            const std::vector<std::optional<engine::ChiSquaredTest>>& tests);
 
+// Lower and upper limits at a confidence level in percent.
+std::vector<TableColumn> limitColumns(const Texts& texts, double level, std::vector<double> lower,
+                                      std::vector<double> upper, int decimals);
+
 // F, both degrees of freedom and Sig.
 std::vector<TableColumn> fColumns(const Texts& texts, const std::vector<std::optional<engine::FTest>>& tests);
 
