@@ -1,0 +1,56 @@
+"""Lines such as "- `/FORECAST HORIZON=1` → `what the run shows`": each is put into the job that its page prints.
+
+The job is the block of TOML that holds the word EXAMPLE. An example that does not begin with a whole command stands
+there behind the page's usual beginning, the line "Before an example: `…`". Several marked texts behind one
+arrow stand in the output in this order; "…" in one leaves out words.
+"""
+
+import concurrent.futures
+import re
+
+from . import excerpt
+
+JOB = re.compile(r"```toml\n((?:(?!```).*\n)*?.*\bEXAMPLE\b(?:(?!```).*\n)*)```")
+BEFORE = re.compile(r"^Before an example: `([^`]+)`", re.MULTILINE)
+EXAMPLE = re.compile(r"^- `(?P<written>[^`]+)` →(?P<found>.*(?:\n  .*)*)", re.MULTILINE)
+
+
+def _whole(example, before):
+    return example if re.match(r"[A-Z]", example) else f"{before} {example}"
+
+
+def _refreshed(example, job, before, workshop):
+    """The right side of the arrow as the run shows it now."""
+    command = _whole(example["written"], before)
+    lines = excerpt.unwrapped(workshop.shown_by("varmodel run -", stdin=job.replace("EXAMPLE", command)))
+    at = 0
+
+    def again(span):
+        nonlocal at
+        text, place = excerpt.line_again(re.sub(r"\s+", " ", span[1]), lines, at)
+        at = place + 1
+        return span[0] if text == re.sub(r"\s+", " ", span[1]) else f"`{text}`"
+
+    return re.sub(r"`([^`]+)`", again, example["found"])
+
+
+def refreshed(text, workshop, workers):
+    """The page with its examples as the program shows them, and what could not be found again."""
+    job, before = JOB.search(text), BEFORE.search(text)
+    if job is None:
+        return text, []
+    examples = list(EXAMPLE.finditer(text))
+    problems = []
+
+    def run(example):
+        try:
+            return _refreshed(example, job[1], before[1] if before else "", workshop)
+        except excerpt.Lost as lost:
+            problems.append(f"{example['written']}: {lost}")
+            return example["found"]
+
+    with concurrent.futures.ThreadPoolExecutor(workers) as pool:
+        found = list(pool.map(run, examples))
+    for example, now in reversed(list(zip(examples, found))):
+        text = text[: example.start("found")] + now + text[example.end("found") :]
+    return text, problems
