@@ -10,7 +10,7 @@ find_package(minizip REQUIRED MODULE)
 find_package(pugixml REQUIRED)
 
 # Lowest folder first. The edge is linked whole, since procedures ask for the host classes only when they are loaded.
-varmodel_folder(workbench/base LINKS rapidjson)
+varmodel_folder(workbench/base LINKS rapidjson tomlplusplus::tomlplusplus)
 varmodel_folder(workbench/dataset LINKS workbench_base DuckDB::duckdb minizip::minizip pugixml::pugixml)
 varmodel_folder(workbench/language LINKS workbench_dataset)
 varmodel_folder(workbench/dates LINKS workbench_dataset)

@@ -1,5 +1,6 @@
 #include "workbench/cli/report_file.h"
 
+#include "workbench/base/shell_word.h"
 #include "workbench/edge/texts.h"
 #include "workbench/render/number_format.h"
 #include "workbench/report/report.h"
@@ -22,24 +23,13 @@ ReportMessage::Kind reportKind(RunMessage::Kind kind) {
   return ReportMessage::Kind::note;
 }
 
-std::string joined(const std::vector<std::string>& words) {
-  std::string line;
-  for (const std::string& word : words) {
-    const bool plain = !word.empty() && word.find_first_of(" \t\n'\"\\$*?()[]{}<>|&;#~`!") == std::string::npos;
-    std::string quoted;
-    for (const char c : word) quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
-    line += (line.empty() ? "" : " ") + (plain ? word : "'" + quoted + "'");
-  }
-  return line;
-}
-
 std::vector<ReportFact> factsOf(const RunDescription& description) {
   std::vector<ReportFact> facts = {{tr("Data source"), description.source}};
   if (!description.query.empty()) facts.push_back({tr("Query"), description.query});
   facts.push_back({tr("Data read"), tr("^1 rows, ^2 variables", description.rows, description.variables)});
   facts.push_back({tr("SHA-256 of the values"), description.fingerprint});
   for (const auto& [key, value] : description.settings) facts.push_back({key, value});
-  facts.push_back({tr("Command line"), joined(description.commandLine)});
+  facts.push_back({tr("Command line"), shellWords(description.commandLine)});
   facts.push_back({tr("Version"), description.program + " " + description.version});
   for (const auto& [stage, seconds] : description.seconds) {
     facts.push_back({stage, tr("^1 s", formatNumber(seconds, {.decimals = 3}, currentLanguage()).text)});

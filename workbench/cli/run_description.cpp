@@ -4,19 +4,13 @@
 
 #include <array>
 
-#include "workbench/cli/toml_text.h"
+#include "workbench/base/toml_text.h"
 #include "workbench/commands/common/analysed_rows.h"
 #include "workbench/dates/case_label.h"
 
 namespace workbench {
 
 namespace {
-
-std::string tomlTexts(const std::vector<std::string>& texts) {
-  std::string list;
-  for (const std::string& text : texts) list += (list.empty() ? "" : ", ") + tomlText(text);
-  return "[" + list + "]";
-}
 
 std::string tomlDate(const DateComponents& components) {
   std::string list;

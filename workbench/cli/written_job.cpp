@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "workbench/base/standard_streams.h"
-#include "workbench/cli/toml_text.h"
+#include "workbench/base/toml_text.h"
 
 namespace workbench {
 

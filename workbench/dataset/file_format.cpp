@@ -4,31 +4,10 @@
 #include <array>
 
 #include "workbench/base/errors.h"
+#include "workbench/base/shell_word.h"
+#include "workbench/base/toml_text.h"
 
 namespace workbench {
-
-namespace {
-
-bool isPlain(char c) {
-  const bool isLetter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-  return isLetter || (c >= '0' && c <= '9') || std::string_view(",._%+-/=").find(c) != std::string_view::npos;
-}
-
-// A word for the shell.
-std::string shellWord(const std::string& text) {
-  if (!text.empty() && std::ranges::all_of(text, isPlain)) return text;
-  std::string word = "'";
-  for (const char c : text) word += c == '\'' ? std::string(R"('\'')") : std::string(1, c);
-  return word + "'";
-}
-
-std::string tomlWord(const std::string& text) {
-  std::string word = "\"";
-  for (const char c : text) word += c == '"' || c == '\\' ? std::string{'\\', c} : std::string(1, c);
-  return word + "\"";
-}
-
-}  // namespace
 
 char separatorOf(const std::string& text, const std::string& setting) {
   constexpr std::string_view kSeparators = ".,' _";
@@ -66,17 +45,13 @@ std::string encodingName(const std::string& encoding) {
 }
 
 WrittenSetting written(const std::string& name, const std::string& text) {
-  return {"--" + name + "=" + shellWord(text), name + " = " + tomlWord(text)};
+  return {"--" + name + "=" + shellWord(text), name + " = " + tomlText(text)};
 }
 
 WrittenSetting written(const std::string& name, const std::vector<std::string>& texts) {
   std::string option;
-  std::string key;
-  for (const std::string& text : texts) {
-    option += (option.empty() ? "" : ",") + text;
-    key += (key.empty() ? "" : ", ") + tomlWord(text);
-  }
-  return {"--" + name + "=" + shellWord(option), name + " = [" + key + "]"};
+  for (const std::string& text : texts) option += (option.empty() ? "" : ",") + text;
+  return {"--" + name + "=" + shellWord(option), name + " = " + tomlTexts(texts)};
 }
 
 std::string inWords(const WrittenSetting& setting) {
