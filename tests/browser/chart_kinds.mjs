@@ -56,7 +56,7 @@ export function panel(names, steps, value) {
 }
 
 // series: [[name, values], ...] over the labels, stacked as areas, or as bars below a line of their sums.
-export function stacked(labels, series, bars) {
+export function stacked(labels, series, bars, window = 0) {
   const sums = labels.map((_, i) => series.reduce((sum, [, values]) => sum + values[i], 0));
   const columns = {
     x: series.flatMap(() => labels),
@@ -64,7 +64,8 @@ export function stacked(labels, series, bars) {
     y: series.flatMap(([, values]) => values),
     sum: series.flatMap((_, s) => sums.map((sum) => (s === 0 ? sum : null))),
   };
-  const line = 'ELEMENT: line(position(x*sum), color(color.black), label("Sum"))';
+  const line = ['ELEMENT: line(position(x*sum), color(color.black), label("Sum"))'];
   const stack = `ELEMENT: ${bars ? 'interval' : 'area'}(position(x*y), color(name), stack())`;
-  return chartItem(bars ? 'Contributions' : 'Shares', ['Date', 'Percent'], columns, stack, ...(bars ? [line] : []));
+  if (window > 0) line.unshift(`GUIDE: window(dim(1), last(${window}))`);
+  return chartItem(bars ? 'Contributions' : 'Shares', ['Date', 'Percent'], columns, stack, ...(bars ? line : []));
 }

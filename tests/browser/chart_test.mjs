@@ -5,7 +5,9 @@ import { execFileSync } from 'node:child_process';
 
 import { fan, panel, roots, stacked } from './chart_kinds.mjs';
 import { chart, document, macroData, table } from './documents.mjs';
-import { check, colorOf, download, drawn, equal, finish, look, makeReport, newPath, ok, open, start } from './harness.mjs';
+import {
+  check, colorOf, download, drawn, equal, finish, look, makeReport, newPath, ok, open, phone, start, visit,
+} from './harness.mjs';
 
 const { columns, labels } = macroData();
 const gdp = columns.realgdp;
@@ -181,6 +183,22 @@ async function checkKinds(page) {
   });
 }
 
+async function checkBarEdges() {
+  await check('bars at the edges of what is shown are whole', async () => {
+    const page = await open(report(stacked(labels.slice(0, 90), [['up', Array(90).fill(2)]], true, 60)));
+    const frame = await drawn(page, 0);
+    await frame.focus();
+    for (const [key, count] of [['Escape', 60], ['+', 30], ['+', 15], ['ArrowLeft', 15], ['Home', 15], ['-', 30]]) {
+      await page.keyboard.press(key);
+      const plot = await frame.locator('.mark-group.role-frame .background').first().boundingBox();
+      const shown = (await look(frame)).rects.filter(({ left, right }) => right > plot.x && left < plot.x + plot.width);
+      const cut = shown.filter(({ left, right }) => left < plot.x - 0.5 || right > plot.x + plot.width + 0.5);
+      equal([shown.length, cut.length], [count, 0], `after ${key}`);
+    }
+    await page.context().close();
+  });
+}
+
 async function checkData(page) {
   const rows = async (index) => {
     await section(page, index).locator('summary').click();
@@ -277,6 +295,21 @@ async function checkPrinting() {
     await becomes(screen);
     await page.context().close();
   });
+  await check('print: a wide panel is wrapped, its charts wide enough and each below its title', async () => {
+    const names = Array.from({ length: 7 }, (_, i) => `s${i}`);
+    const page = await open(report(panel(names, 8, (i, j, k) => i * j - k)), { viewport: { width: 680, height: 900 } });
+    await page.emulateMedia({ media: 'print' });
+    await page.waitForFunction(() => !window.document.querySelector('.chart-frame:not(.drawn)'));
+    const found = await page.locator('.panel-cell').evaluateAll((all) => all.map((cell) => {
+      const { left, right, bottom } = cell.querySelector('svg').getBoundingClientRect();
+      return { title: getComputedStyle(cell, '::before').content, left, right, bottom };
+    }));
+    equal(new Set(found.map(({ title }) => title)).size, 49);
+    ok(found.every(({ left, right }) => right - left > 140 && right <= 680), 'width');
+    const end = await boxOf(page, '.panel');
+    ok(near(Math.max(...found.map(({ bottom }) => bottom)), end.bottom, 8), 'none is cut off');
+    await page.context().close();
+  });
 }
 
 async function checkTablesOfPhones(page) {
@@ -307,14 +340,6 @@ async function checkColumnWidths() {
   });
 }
 
-async function visit(file, options, ...actions) {
-  const page = await open(file, options);
-  for (const action of actions) await action(page);
-  await check(`no message, request, dialog, violation after ${actions.map(({ name }) => name)}`, () =>
-    equal(page.complaints, []));
-  await page.context().close();
-}
-
 await start();
 const colors = [['Observed', 'color.red'], ['Fitted', 'color.blue'], ['Forecast', 'color.blue']];
 const forecasts = ['Forecast', future, [13000, 13100, 13200, 13300]];
@@ -330,7 +355,6 @@ const file = report(
   stacked(labels.slice(0, 20), ['p', 'q', 'r'].map((name) => [name, Array(20).fill(100 / 3)]), false),
   stacked(['w', 'x', 'y', 'z'], [['up', [3, 2, 1, 2]], ['down', [-1, 1, -2, 1]]], true),
 );
-const phone = (width) => ({ viewport: { width, height: 700 }, isMobile: true, hasTouch: true });
 await visit(file, {}, checkLegends, checkTicks, checkForecast, checkKinds, checkData, checkPictures);
 await visit(file, phone(360), checkLegends);
 await visit(file, phone(480), checkLegends);
@@ -339,6 +363,7 @@ await visit(report(wide), phone(360), checkTablesOfPhones);
 await checkNumbers();
 await checkZero();
 await checkPanels();
+await checkBarEdges();
 await checkPrinting();
 await checkColumnWidths();
 await finish();

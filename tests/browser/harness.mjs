@@ -90,6 +90,17 @@ export async function open(file, options = {}) {
   return page;
 }
 
+export const phone = (width, height = 700) => ({ viewport: { width, height }, isMobile: true, hasTouch: true });
+
+// No page may say, request, ask or be forbidden anything, whatever is done with it.
+export async function visit(file, options, ...actions) {
+  const page = await open(file, options);
+  for (const action of actions) await action(page);
+  const names = actions.map(({ name }) => name);
+  await check(`no message, request, dialog, violation after ${names}`, () => equal(page.complaints, []));
+  await page.context().close();
+}
+
 // The content of the file that a button saves.
 export async function download(page, button) {
   const [saved] = await Promise.all([page.waitForEvent('download'), button.click()]);
@@ -128,8 +139,8 @@ export function look(frame) {
       bars: marks('rect').map((path) => getComputedStyle(path).fill),
       heights: marks('rect').map((path) => path.getBBox().height),
       rects: marks('rect').map((path) => {
-        const { top, bottom } = path.getBoundingClientRect();
-        return { top, bottom };
+        const { left, right, top, bottom } = path.getBoundingClientRect();
+        return { left, right, top, bottom };
       }),
       bands: marks('area').map((path) => {
         const { x: left, height } = path.getBBox();
@@ -157,3 +168,6 @@ export function colorOf(page, property) {
     return color;
   }, property);
 }
+
+// The labels of each axis of what look() saw.
+export const axisTexts = ({ axes }) => axes.map((axis) => axis.map(({ text }) => text));

@@ -17,6 +17,7 @@
 #include "workbench/render/pivot_table.h"
 #include "workbench/report/assets.h"
 #include "workbench/report/chart_section.h"
+#include "workbench/report/outline.h"
 
 namespace workbench {
 
@@ -70,7 +71,7 @@ class Page {
 
   std::string write() {
     const std::string title = heading();
-    const ReportOutput* opening = onlyHeadline();
+    const ReportOutput* opening = onlyOpening();
     if (opening != nullptr) {
       testLevel_ = opening->view.testLevel;
       addOpening(*opening);
@@ -79,7 +80,7 @@ class Page {
     for (std::size_t i = 0; i < input_.outputs.size(); ++i) {
       const ReportOutput& output = input_.outputs[i];
       if (input_.outputs.size() > 1) addOutputHead(output, i + 1);
-      if (output.view.headline && &output != opening) addOpening(output);
+      if (opens(output) && &output != opening) addOpening(output);
       addItems(output);
     }
     if (input_.outputs.size() == 1)
@@ -109,16 +110,19 @@ class Page {
     return htmlText(names.empty() ? input_.language.tr("Run report") : fmt::format("{}", fmt::join(names, " · ")));
   }
 
-  // The output that opens the page: the only one that has a headline.
-  const ReportOutput* onlyHeadline() const {
-    const auto has = [](const ReportOutput& output) { return output.view.headline.has_value(); };
-    const auto found = std::ranges::find_if(input_.outputs, has);
-    return std::ranges::count_if(input_.outputs, has) == 1 ? &*found : nullptr;
+  static bool opens(const ReportOutput& output) {
+    return output.view.headline.has_value() || !output.view.leadingCharts.empty();
+  }
+
+  // The output that opens the page: the only one that has what does.
+  const ReportOutput* onlyOpening() const {
+    const auto found = std::ranges::find_if(input_.outputs, opens);
+    return std::ranges::count_if(input_.outputs, opens) == 1 ? &*found : nullptr;
   }
 
   // `title` is HTML already.
   void addSection(const std::string& id, const char* kind, const std::string& title, const std::string& content) {
-    outline_ += fmt::format("<li class=\"{}\"><a href=\"#{}\"><bdi>{}</bdi></a></li>\n", kind, id, title);
+    outline_.add(kind, id, title);
     main_ += fmt::format("<section id=\"{}\" class=\"{}\">\n{}</section>\n", id, kind, content);
   }
 
@@ -183,14 +187,13 @@ class Page {
       if (!output.view.hidden.contains(place)) use((*items)[place], place);
   }
 
-  // The headline's sentences and, side by side, the charts that lead.
+  // The headline's sentences and, beside them, the charts that lead.
   void addOpening(const ReportOutput& output) {
     const DocumentView& view = output.view;
+    main_ += "<div class=\"opening\">\n";
     forItems(output, [&](const Json& item, std::size_t place) {
       if (view.headline == place) addHeadline(readPivotTable(item, input_.language), view);
     });
-    if (view.leadingCharts.empty()) return;
-    main_ += "<div class=\"leading\">\n";
     forItems(output, [&](const Json& item, std::size_t place) {
       if (view.leadingCharts.contains(place)) addItem(item, view, place);
     });
@@ -272,7 +275,8 @@ class Page {
         "type=\"button\" data-page=\"print\">{}</button></div>\n</header>\n<div class=\"columns\">\n<nav "
         "aria-label=\"{}\"><details open><summary>{}</summary>\n<ol>\n{}</ol>\n</details></nav>\n<main "
         "id=\"content\">\n",
-        htmlText(input_.language.tr("Dark")), htmlText(input_.language.tr("Print")), outline, outline, outline_);
+        htmlText(input_.language.tr("Dark")), htmlText(input_.language.tr("Print")), outline, outline,
+        outline_.html(input_.language));
     if (!charts_.empty()) {
       out += "<noscript><p class=\"remark\">" + htmlText(input_.language.tr("Charts are drawn by a script.")) +
              "</p></noscript>\n";
@@ -294,7 +298,7 @@ class Page {
   std::size_t items_ = 0;  // shown so far
   std::size_t headlines_ = 0;
   std::optional<double> testLevel_;  // of the page, for outputs that have none of their own
-  std::string outline_;
+  Outline outline_;
   std::string main_;
 };
 

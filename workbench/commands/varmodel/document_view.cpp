@@ -157,6 +157,7 @@ DocumentView viewOf(const FinishedRun& run) {
   for (rapidjson::SizeType i = 0; items != nullptr && i < items->Size(); ++i) {
     const Json& item = (*items)[i];
     if (run.followed && !isItem(item, "table", "Goodness of Fit")) view.hidden.insert(i);
+    if (!run.followed && isItem(item, "chart", "Forecast -")) view.leadingCharts.insert(i);
     addTableNotes(run, item, i, notes);
     if (run.scale != 1.0 && showsValues(item)) notes.add(i, tr("Values are multiplied by ^1.", scaleText(run.scale)));
   }

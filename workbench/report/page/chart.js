@@ -62,9 +62,12 @@ const isThinned = (chart) => chart.series.some((series) => 'levels' in series);
 
 // Shows the places from..to, kept within the data and at least three wide.
 function showPlaces(chart, from, to) {
-  const width = Math.min(Math.max(to - from, Math.min(3, chart.length)), chart.length);
-  const middle = (from + to) / 2;
-  chart.from = Math.max(-0.5, Math.min(middle - width / 2, chart.length - 0.5 - width));
+  const wanted = Math.min(Math.max(to - from, Math.min(3, chart.length)), chart.length);
+  const bars = chart.series.some((series) => series.kind === 'interval');
+  const width = bars ? Math.round(wanted) : wanted; // a bar is shown whole or not at all
+  const left = (from + to - width) / 2;
+  const begin = bars ? Math.round(left + 0.5) - 0.5 : left;
+  chart.from = Math.max(-0.5, Math.min(begin, chart.length - 0.5 - width));
   chart.to = chart.from + width;
   for (const [name, value] of Object.entries(shownPart(chart))) chart.view.signal(name, value);
   if (isThinned(chart)) {
@@ -127,7 +130,7 @@ function fitSize(frame, onPaper) {
   const chart = report.charts[Number(frame.dataset.chart)];
   if (!chart.view || chart.equal) return;
   const grid = frame.closest('.panel');
-  const across = grid ? report.panels[Number(grid.dataset.panel)].columns.length : 1;
+  const across = grid ? acrossOnPaper(report.panels[Number(grid.dataset.panel)]) : 1;
   const width = onPaper ? PAPER.width / across - 6 * (across - 1) : chart.view.container().clientWidth;
   chart.view.width(width).height(onPaper && !chart.small ? PAPER.height : plotHeight(chart)).run();
 }
@@ -161,5 +164,7 @@ function drawWhenNear() {
   };
   window.addEventListener('beforeprint', () => onPaper(true));
   window.addEventListener('afterprint', () => onPaper(false));
-  matchMedia('print').addEventListener('change', (event) => onPaper(event.matches));
+  const paper = matchMedia('print');
+  paper.addEventListener('change', (event) => onPaper(event.matches));
+  if (paper.matches) onPaper(true);
 }

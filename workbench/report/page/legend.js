@@ -55,6 +55,7 @@ function makeLegend(charts, title) {
 function addLegends() {
   for (const frame of document.querySelectorAll('.chart > .chart-frame')) {
     const chart = report.charts[Number(frame.dataset.chart)];
+    chart.opens = Boolean(frame.closest('.opening'));
     if (legendEntries([chart]).length > 0) frame.before(makeLegend([chart], chart.legendTitle));
   }
   for (const grid of document.querySelectorAll('.panel')) {

@@ -1,6 +1,7 @@
 // A chart's model as a Vega-Lite object.
 
 const HEIGHT = 260;
+const OPENING_HEIGHT = 195; // two find room on the first screen
 const SMALL_HEIGHT = 110;
 
 // Scientific where plain numbers would have a dozen digits; nothing for the usual format.
@@ -11,7 +12,10 @@ function numberFormat(chart) {
   return largest >= 1e9 || (largest > 0 && largest < 1e-4) ? { format: '.2~e' } : {};
 }
 
-const plotHeight = (chart) => (chart.small ? SMALL_HEIGHT : HEIGHT);
+function plotHeight(chart) {
+  if (chart.small) return SMALL_HEIGHT;
+  return chart.opens ? OPENING_HEIGHT : HEIGHT;
+}
 
 const chartSignal = (chart, which) => ({ signal: `chartText(${report.charts.indexOf(chart)}, '${which}')` });
 
@@ -33,8 +37,8 @@ function categoryAxis(chart) {
   };
 }
 
-// Axes are bounded by the parameters from, to, low and high, which the page sets.
-const bounded = (from, to, nice) => ({ domainMin: expr(from), domainMax: expr(to), nice, zero: false });
+// Axes are bounded by the parameters from, to, low and high, which the page sets; bars would widen them by themselves.
+const bounded = (from, to, nice) => ({ domainMin: expr(from), domainMax: expr(to), nice, zero: false, padding: 0 });
 
 function xEncoding(chart) {
   const axis = chart.numeric
