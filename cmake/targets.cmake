@@ -1,9 +1,16 @@
+set(VARMODEL_OTHER_SYSTEM windows)
+if(WIN32)
+  set(VARMODEL_OTHER_SYSTEM posix)
+endif()
+
 # varmodel_folder(PATH LINKS ...): one folder of the tree, all its sources, as a static library named after it
-# (workbench/dates is workbench_dates).
+# (workbench/dates is workbench_dates). NAME_posix.cpp and NAME_windows.cpp are two sides of one header: the system's is
+# taken.
 function(varmodel_folder path)
   cmake_parse_arguments(ARG "" "" "LINKS" ${ARGN})
   string(REPLACE "/" "_" name ${path})
   file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${path}/*.cpp)
+  list(FILTER sources EXCLUDE REGEX "_${VARMODEL_OTHER_SYSTEM}\\.cpp$")
   if(sources)
     add_library(${name} STATIC ${sources})
     target_link_libraries(${name} PUBLIC varmodel_flags ${ARG_LINKS})

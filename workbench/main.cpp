@@ -1,12 +1,12 @@
 // The program `varmodel`.
 
-#include <csignal>
 #include <exception>
 #include <string>
 #include <utility>
 
 #include "workbench/base/errors.h"
 #include "workbench/base/interruption.h"
+#include "workbench/base/process.h"
 #include "workbench/base/standard_streams.h"
 #include "workbench/cli/check.h"
 #include "workbench/cli/command_line.h"
@@ -31,9 +31,8 @@ int dispatch(const workbench::Invocation& invocation) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  workbench::fillClosedStreams();
+  workbench::prepareProcess();
   workbench::endOnInterruption();
-  std::signal(SIGXFSZ, SIG_IGN);  // a file-size limit is then an error of the write, with a message
   try {
     const int exitCode = dispatch(workbench::parseCommandLine(argc, argv));
     if (exitCode == 0) workbench::requireStandardOutput();

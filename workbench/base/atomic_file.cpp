@@ -1,15 +1,10 @@
 #include "workbench/base/atomic_file.h"
 
-#include <fcntl.h>
-#include <stdlib.h>
-#include <sys/file.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <cerrno>
 #include <cstring>
 #include <utility>
 
+#include "workbench/base/descriptor.h"
 #include "workbench/base/errors.h"
 
 namespace workbench {
@@ -50,24 +45,11 @@ std::string stagingPrefix(const fs::path& target) {
   return "." + target.filename().string().substr(0, kLongestNameKept) + ".varmodel-";
 }
 
-int openFolder(const fs::path& folder) {
-  return open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-}
-
-// Removes a staging folder whose process is gone, which its free lock shows.
-void removeIfStale(const fs::path& folder) {
-  const int handle = openFolder(folder);
-  if (handle < 0) return;
-  std::error_code ignored;
-  if (flock(handle, LOCK_EX | LOCK_NB) == 0) fs::remove_all(folder, ignored);
-  close(handle);
-}
-
 void removeStaleFolders(const fs::path& target) {
   const std::string prefix = stagingPrefix(target);
   std::error_code error;
   for (fs::directory_iterator entry(folderOf(target), error), end; !error && entry != end; entry.increment(error)) {
-    if (entry->path().filename().string().rfind(prefix, 0) == 0) removeIfStale(entry->path());
+    if (entry->path().filename().string().rfind(prefix, 0) == 0) removeIfAbandoned(entry->path());
   }
 }
 
@@ -86,16 +68,8 @@ void requireReplaceable(const fs::path& target) {
     throw OutputError(target.string() + " cannot be written: it is a folder. Name a file in it.");
   }
   if (isSpecialFile(target)) throw OutputError(target.string() + " cannot be replaced: it is not a regular file.");
-  if (fs::exists(status) && access(target.c_str(), W_OK) != 0) fail(target, errno);
-}
-
-// The folder's entry survives a power cut only when the folder itself is flushed; not every file system can.
-void flushFolder(const fs::path& file) {
-  const int handle = openFolder(folderOf(file));
-  if (handle < 0) return;
-  const int code = fsync(handle) == 0 ? 0 : errno;
-  close(handle);
-  if (code == EIO) fail(file, code);
+  if (!fs::exists(status)) return;
+  if (const int code = writingError(target)) fail(target, code);
 }
 
 }  // namespace
@@ -107,27 +81,24 @@ bool isSpecialFile(const fs::path& target) {
 }
 
 FileSink::FileSink(const fs::path& path, fs::path shown) : shown_(std::move(shown)) {
-  file_ = open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+  file_ = createFile(path);
   if (file_ < 0) fail(shown_, errno);
 }
 
 FileSink::~FileSink() {
-  if (file_ >= 0) ::close(file_);
+  if (file_ >= 0) closeDescriptor(file_);
 }
 
 void FileSink::write(std::string_view bytes) {
   while (!bytes.empty()) {
-    const ssize_t written = ::write(file_, bytes.data(), bytes.size());
-    if (written >= 0) {
-      bytes.remove_prefix(static_cast<std::size_t>(written));
-    } else if (errno != EINTR) {
-      fail(shown_, errno);
-    }
+    const std::ptrdiff_t written = writeSome(file_, bytes);
+    if (written < 0) fail(shown_, errno);
+    bytes.remove_prefix(static_cast<std::size_t>(written));
   }
 }
 
 void FileSink::close() {
-  if (::close(std::exchange(file_, -1)) != 0) fail(shown_, errno);
+  if (closeDescriptor(std::exchange(file_, -1)) != 0) fail(shown_, errno);
 }
 
 StagedFile::StagedFile(const fs::path& target) : requested_(target) {
@@ -143,16 +114,11 @@ StagedFile::StagedFile(const fs::path& target) : requested_(target) {
 // Another process may take the new folder for a stale one until it is locked; then a second attempt is due.
 void StagedFile::makeFolder() {
   for (int attempt = 0; attempt < 10; ++attempt) {
-    std::string pattern = (folderOf(target_) / (stagingPrefix(target_) + "XXXXXX")).string();
-    if (mkdtemp(pattern.data()) == nullptr) fail(requested_, errno);
-    folder_ = pattern;
+    const auto made = makeUniqueFolder(folderOf(target_), stagingPrefix(target_));
+    if (!made) fail(requested_, errno);
+    folder_ = *made;
     cleaning_.emplace([folder = folder_] { removeEverything(folder); });
-    lock_ = openFolder(folder_);
-    if (lock_ >= 0) {
-      flock(lock_, LOCK_EX);
-      struct stat held {};
-      if (fstat(lock_, &held) == 0 && held.st_nlink > 0 && fs::exists(folder_)) return;
-    }
+    if (lock_.acquire(folder_)) return;
     removeFolder();
   }
   fail(requested_, EBUSY);
@@ -163,7 +129,7 @@ void StagedFile::removeFolder() noexcept {
   if (!folder_.empty()) fs::remove_all(folder_, ignored);
   cleaning_.reset();
   folder_.clear();
-  if (lock_ >= 0) close(std::exchange(lock_, -1));
+  lock_.release();
 }
 
 StagedFile::~StagedFile() {
@@ -172,21 +138,15 @@ StagedFile::~StagedFile() {
 
 void StagedFile::makeDurable() {
   if (durable_) return;
-  const int file = open(staged_.c_str(), O_RDONLY | O_CLOEXEC);
-  if (file < 0) fail(requested_, errno);
-  struct stat previous {};
-  int code = stat(target_.c_str(), &previous) == 0 && fchmod(file, previous.st_mode & 07777) != 0 ? errno : 0;
-  if (code == 0 && fsync(file) != 0) code = errno;
-  close(file);
-  if (code != 0) fail(requested_, code);
+  if (const int code = makeFileDurable(staged_, target_)) fail(requested_, code);
   durable_ = true;
 }
 
 void StagedFile::publish() {
   makeDurable();
-  if (rename(staged_.c_str(), target_.c_str()) != 0) fail(requested_, errno);
+  if (const int code = replaceFile(staged_, target_)) fail(requested_, code);
   removeFolder();
-  flushFolder(target_);
+  if (const int code = flushFolder(folderOf(target_))) fail(target_, code);
 }
 
 void writeFileAtomically(const fs::path& target, std::string_view bytes) {

@@ -12,6 +12,7 @@
 #include <string_view>
 
 #include "workbench/base/interruption.h"
+#include "workbench/base/system_files.h"
 
 namespace workbench {
 
@@ -52,7 +53,7 @@ class StagedFile {
   std::filesystem::path target_;
   std::filesystem::path folder_;
   std::filesystem::path staged_;
-  int lock_ = -1;
+  FolderLock lock_;
   bool durable_ = false;
   std::optional<DueCleaning> cleaning_;
 };

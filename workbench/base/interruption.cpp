@@ -1,15 +1,11 @@
 #include "workbench/base/interruption.h"
 
-#include <pthread.h>
-#include <signal.h>
-#include <unistd.h>
-
+#include <cstdlib>
 #include <mutex>
-#include <string_view>
-#include <thread>
 #include <utility>
 
 #include "workbench/base/standard_streams.h"
+#include "workbench/base/terminal.h"
 
 namespace workbench {
 
@@ -26,37 +22,15 @@ Cleanings& cleanings() {
   return all;
 }
 
-bool isIgnored(int signal) {
-  struct sigaction present {};
-  return sigaction(signal, nullptr, &present) == 0 && present.sa_handler == SIG_IGN;
-}
+}  // namespace
 
 // Nothing new can become due while the lock is held, and it is held to the end.
-[[noreturn]] void end(int signal) {
+void endInterrupted(int exitCode) {
   Cleanings& all = cleanings();
   all.mutex.lock();
   for (const auto& clean : all.due) clean();
-  constexpr std::string_view word = "interrupted: nothing more is written.\n";
-  [[maybe_unused]] const ssize_t written = ::write(userErrorStream(), word.data(), word.size());
-  _exit(128 + signal);
-}
-
-}  // namespace
-
-void endOnInterruption() {
-  userErrorStream();
-  sigset_t watched;
-  sigemptyset(&watched);
-  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
-    if (!isIgnored(signal)) sigaddset(&watched, signal);
-  }
-  pthread_sigmask(SIG_BLOCK, &watched, nullptr);
-  std::thread([watched] {
-    int signal = 0;
-    while (sigwait(&watched, &signal) != 0) {
-    }
-    end(signal);
-  }).detach();
+  putText(userErrorStream(), "interrupted: nothing more is written.\n");
+  std::_Exit(exitCode);
 }
 
 DueCleaning::DueCleaning(std::function<void()> clean) {

@@ -7,9 +7,13 @@
 
 namespace workbench {
 
-// From now on SIGINT, SIGTERM and SIGHUP, those that were not ignored, end the program with exit code 128 + signal, a
-// word on standard error, and all cleaning that is due done. To be called before there is a second thread.
+// From now on an interruption calls endInterrupted(). To be called before there is a second thread. POSIX: SIGINT,
+// SIGTERM and SIGHUP, those that were not ignored, exit code 128 + signal. Windows: Ctrl-C, Ctrl-Break and a closed
+// console, exit code 130.
 void endOnInterruption();
+
+// Does all cleaning that is due, says so, and ends the program.
+[[noreturn]] void endInterrupted(int exitCode);
 
 // Cleaning that an interruption makes due while this lives; called on another thread than its maker's.
 class DueCleaning {

@@ -1,8 +1,5 @@
 #include "workbench/base/standard_streams.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -10,6 +7,7 @@
 #include <string>
 
 #include "workbench/base/atomic_file.h"
+#include "workbench/base/descriptor.h"
 #include "workbench/base/errors.h"
 
 namespace workbench {
@@ -23,16 +21,8 @@ namespace {
 
 }  // namespace
 
-void fillClosedStreams() {
-  for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
-    if (fcntl(stream, F_GETFD) >= 0) continue;
-    // The lowest free descriptor is this one. The opposite direction makes every use of it an error.
-    if (open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY) < 0) return;
-  }
-}
-
 int userErrorStream() {
-  static const int stream = fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+  static const int stream = duplicateDescriptor(kStandardError);
   return stream;
 }
 
@@ -40,12 +30,9 @@ void writeStandardOutput(std::string_view bytes) {
   std::cout.flush();
   if (std::fflush(stdout) != 0) failStandardOutput(std::string(": ") + std::strerror(errno));
   while (!bytes.empty()) {
-    const ssize_t written = ::write(STDOUT_FILENO, bytes.data(), bytes.size());
-    if (written >= 0) {
-      bytes.remove_prefix(static_cast<std::size_t>(written));
-    } else if (errno != EINTR) {
-      failStandardOutput(std::string(": ") + std::strerror(errno));
-    }
+    const std::ptrdiff_t written = writeSome(kStandardOutput, bytes);
+    if (written < 0) failStandardOutput(std::string(": ") + std::strerror(errno));
+    bytes.remove_prefix(static_cast<std::size_t>(written));
   }
 }
 

@@ -10,10 +10,6 @@ namespace workbench {
 // The name that stands for standard input, or standard output, where a file is asked for.
 inline constexpr const char* kStandardStream = "-";
 
-// Gives the standard streams that are closed a descriptor that nothing can be read from or written to. Else the next
-// file that is opened would take their place and what is shown would go into it.
-void fillClosedStreams();
-
 // A descriptor of standard error as it was at the first call, also while the stream is led elsewhere.
 int userErrorStream();
 

@@ -1,5 +1,6 @@
 #include "workbench/base/taken_file.h"
 
+#include "workbench/base/process.h"
 #include "workbench/base/standard_streams.h"
 
 namespace workbench {
@@ -12,7 +13,7 @@ constexpr int kMostLinks = 40;  // as many as the system follows
 
 // The file that will be written: a link may lead to one that does not exist yet.
 fs::path finalTarget(const fs::path& file) {
-  fs::path target = file == kStandardStream ? "/dev/stdout" : file;
+  fs::path target = file == kStandardStream ? standardOutputFile() : file;
   std::error_code error;
   for (int link = 0; link < kMostLinks && fs::is_symlink(target, error); ++link) {
     target = target.parent_path() / fs::read_symlink(target, error);
@@ -22,7 +23,7 @@ fs::path finalTarget(const fs::path& file) {
 
 bool sameFile(const fs::path& left, const fs::path& right) {
   std::error_code error;
-  return left != "/dev/null" && (left == right || fs::equivalent(left, right, error));
+  return !isNullDevice(left) && (left == right || fs::equivalent(left, right, error));
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include "workbench/base/errors.h"
 #include "workbench/base/languages.h"
+#include "workbench/base/process.h"
 #include "workbench/base/standard_streams.h"
 #include "workbench/cli/output_files.h"
 #include "workbench/dataset/fingerprint.h"
@@ -17,7 +18,7 @@ namespace {
 // Standard input is a file to be spared only when one is redirected to it.
 void spareInputs(const Job& job, CallInput& input) {
   for (const std::filesystem::path& file : {job.data.source, job.file}) {
-    const std::filesystem::path named = file == kStandardStream ? "/dev/stdin" : file;
+    const std::filesystem::path named = file == kStandardStream ? standardInputFile() : file;
     if (named == file ? !file.empty() : std::filesystem::is_regular_file(named)) {
       input.takenFiles.push_back({named, "this run reads it"});
     }

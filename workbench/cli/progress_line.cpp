@@ -1,12 +1,12 @@
 #include "workbench/cli/progress_line.h"
 
 #include <fmt/core.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <cmath>
 
 #include "workbench/base/standard_streams.h"
+#include "workbench/base/terminal.h"
 #include "workbench/base/utf8.h"
 #include "workbench/edge/texts.h"
 
@@ -30,7 +30,7 @@ std::string progressText(double share, double seconds) {
   return tr("^1 % done, about ^2 left", percent, durationText(seconds * (1.0 - share) / share));
 }
 
-ProgressLine::ProgressLine() : stream_(userErrorStream()), shows_(isatty(stream_) != 0), cleaning_([this] { end(); }) {}
+ProgressLine::ProgressLine() : stream_(userErrorStream()), shows_(isTerminal(stream_)), cleaning_([this] { end(); }) {}
 
 ProgressLine::~ProgressLine() {
   end();
@@ -59,7 +59,7 @@ void ProgressLine::rewrite(const std::string& text) {
   if (!shows_ || (width == 0 && width_ == 0)) return;
   std::string line = "\r" + text;
   if (width < width_) line += std::string(width_ - width, ' ') + "\r" + text;
-  [[maybe_unused]] const ssize_t written = ::write(stream_, line.data(), line.size());
+  putText(stream_, line);
   width_ = width;
 }
 

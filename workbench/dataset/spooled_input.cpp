@@ -1,15 +1,14 @@
 #include "workbench/dataset/spooled_input.h"
 
-#include <stdlib.h>
-#include <unistd.h>
-
 #include <array>
 #include <cerrno>
 #include <cstring>
 #include <system_error>
 
 #include "workbench/base/atomic_file.h"
+#include "workbench/base/descriptor.h"
 #include "workbench/base/errors.h"
+#include "workbench/base/system_files.h"
 
 namespace workbench {
 
@@ -20,28 +19,22 @@ namespace fs = std::filesystem;
 constexpr std::size_t kBlock = 1 << 16;
 
 fs::path newTemporaryFile() {
-  std::string pattern = (fs::temp_directory_path() / "varmodel-input-XXXXXX").string();
-  const int file = mkstemp(pattern.data());
-  if (file < 0) {
-    throw OutputError("cannot make a temporary file in " + fs::path(pattern).parent_path().string() + ": " +
-                      std::strerror(errno) + ". Set TMPDIR to a folder that can be written.");
-  }
-  close(file);
-  return pattern;
+  const fs::path folder = fs::temp_directory_path();
+  const auto file = makeUniqueFile(folder, "varmodel-input-");
+  if (file) return *file;
+  throw OutputError("cannot make a temporary file in " + folder.string() + ": " + std::strerror(errno) +
+                    ". Set TMPDIR to a folder that can be written.");
 }
 
 void copyStandardInput(const fs::path& target) {
   FileSink sink(target, target);
   std::array<char, kBlock> block{};
-  while (true) {
-    const ssize_t got = read(STDIN_FILENO, block.data(), block.size());
-    if (got == 0) break;
-    if (got > 0) {
-      sink.write({block.data(), static_cast<std::size_t>(got)});
-    } else if (errno != EINTR) {
+  while (const std::ptrdiff_t got = readSome(kStandardInput, block)) {
+    if (got < 0) {
       throw DataError("standard input cannot be read: " + std::string(std::strerror(errno)) +
                       ". Send data to it, or name a data file.");
     }
+    sink.write({block.data(), static_cast<std::size_t>(got)});
   }
   sink.close();
 }

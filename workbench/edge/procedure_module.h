@@ -6,6 +6,7 @@
 #include <string>
 
 #include "workbench/edge/session.h"
+#include "workbench/edge/shared_library.h"
 #include "workbench/edge/stream_capture.h"
 
 namespace workbench {
@@ -17,14 +18,13 @@ class ProcedureModule {
   ProcedureModule(const std::filesystem::path& library, const std::string& entry);
   ProcedureModule(const ProcedureModule&) = delete;
   ProcedureModule& operator=(const ProcedureModule&) = delete;
-  ~ProcedureModule();
 
   // Runs the procedure on the session's command and data; returns what it wrote to the standard streams.
   CapturedStreams call(Session& session) const;
 
  private:
-  void* library_ = nullptr;
-  void (*entry_)() = nullptr;
+  SharedLibrary library_;
+  void (*entry_)();
 };
 
 // Where the program's own procedures lie: ../lib beside the folder of the running program.

@@ -1,30 +1,26 @@
 #include "workbench/edge/stream_capture.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <cerrno>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <iostream>
+#include <utility>
 
+#include "workbench/base/descriptor.h"
 #include "workbench/base/errors.h"
+#include "workbench/base/system_files.h"
 
 namespace workbench {
 
 namespace {
 
 int openUnnamedFile() {
-  const char* folder = std::getenv("TMPDIR");
-  std::string path = std::string(folder != nullptr && *folder != '\0' ? folder : "/tmp") + "/varmodel-trace-XXXXXX";
-  const int file = mkstemp(path.data());
+  const std::filesystem::path folder = temporaryFolder();
+  const int file = createUnnamedFile(folder);
   if (file < 0) {
-    throw OutputError("cannot make a temporary file in " + path.substr(0, path.rfind('/')) + ": " +
-                      std::strerror(errno) + ". Set TMPDIR to a folder that can be written.");
+    throw OutputError("cannot make a temporary file in " + folder.string() + ": " + std::strerror(errno) +
+                      ". Set TMPDIR to a folder that can be written.");
   }
-  unlink(path.c_str());
   return file;
 }
 
@@ -40,42 +36,29 @@ StreamCapture::Redirection StreamCapture::redirect(int descriptor) {
   Redirection redirection;
   redirection.descriptor = descriptor;
   redirection.file = openUnnamedFile();
-  redirection.saved = fcntl(descriptor, F_DUPFD_CLOEXEC, 3);
-  dup2(redirection.file, descriptor);
+  redirection.saved = duplicateDescriptor(descriptor);
+  redirectDescriptor(redirection.file, descriptor);
   return redirection;
 }
 
 std::string StreamCapture::restore(Redirection& redirection) {
   if (redirection.file < 0) return {};
   if (redirection.saved >= 0) {
-    dup2(redirection.saved, redirection.descriptor);
-    close(redirection.saved);
+    redirectDescriptor(redirection.saved, redirection.descriptor);
+    closeDescriptor(redirection.saved);
   } else {
-    close(redirection.descriptor);  // it was closed before, so it is closed again
+    closeDescriptor(redirection.descriptor);  // it was closed before, so it is closed again
   }
-  std::string text;
-  struct stat status {};
-  if (fstat(redirection.file, &status) == 0) {
-    text.resize(static_cast<std::size_t>(status.st_size));
-    std::size_t filled = 0;
-    while (filled < text.size()) {
-      const ssize_t got =
-          pread(redirection.file, text.data() + filled, text.size() - filled, static_cast<off_t>(filled));
-      if (got <= 0) break;
-      filled += static_cast<std::size_t>(got);
-    }
-    text.resize(filled);
-  }
-  close(redirection.file);
-  redirection.file = -1;
+  std::string text = contentsOf(redirection.file);
+  closeDescriptor(std::exchange(redirection.file, -1));
   return text;
 }
 
 StreamCapture::StreamCapture() {
   flushAll();
-  out_ = redirect(STDOUT_FILENO);
+  out_ = redirect(kStandardOutput);
   try {
-    err_ = redirect(STDERR_FILENO);
+    err_ = redirect(kStandardError);
   } catch (...) {
     restore(out_);
     throw;

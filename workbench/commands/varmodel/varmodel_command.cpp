@@ -1,8 +1,8 @@
 #include "workbench/commands/varmodel/varmodel_command.h"
 
-#include <cstdlib>
 #include <string_view>
 
+#include "workbench/base/process.h"
 #include "workbench/commands/varmodel/document_items.h"
 #include "workbench/commands/varmodel/document_view.h"
 #include "workbench/commands/varmodel/notes.h"
@@ -23,7 +23,7 @@ bool VarmodelCommand::includesUserMissing(const CallRecord& parsed) const {
 }
 
 void VarmodelCommand::requestSummary(bool wanted) const {
-  setenv("VARMODEL_SUMMARY", wanted ? "1" : "0", 1);
+  setEnvironment("VARMODEL_SUMMARY", wanted ? "1" : "0");
 }
 
 Outcome VarmodelCommand::outcome(const CallRecord& /*record*/, const CapturedStreams& streams) const {
