@@ -14,10 +14,10 @@ import difflib
 import pathlib
 import sys
 
-from docs import examples, option_table, sessions
+from docs import examples, measured, option_table, sessions
 from docs.workshop import ROOT, Workshop
 
-PAGES = ["README.md", "docs/tutorial.md", "docs/varmodel.md", "docs/vardynamics.md"]
+PAGES = ["README.md", "docs/tutorial.md", "docs/varmodel.md", "docs/vardynamics.md", "docs/coming-from.md"]
 
 
 def refreshed(page, build, others):
@@ -26,7 +26,7 @@ def refreshed(page, build, others):
     try:
         text, lost = sessions.refreshed((ROOT / page).read_text(encoding="utf-8"), workshop, others)
         text, more = examples.refreshed(text, workshop, workers=2)
-        return option_table.refreshed(text, workshop), lost + more
+        return option_table.refreshed(text, workshop), lost + more + measured.problems(text)
     finally:
         workshop.close()
 

@@ -69,7 +69,7 @@ def shows(body, printed):
         if place is None or (number == 0 and place != 0):
             return False
         at = place + len(piece)
-    return not pieces[-1] or at == len(printed)
+    return body[-1:] == ["..."] or at == len(printed)
 
 
 def refreshed(body, printed):
