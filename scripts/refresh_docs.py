@@ -17,7 +17,7 @@ import sys
 from docs import examples, measured, option_table, sessions
 from docs.workshop import ROOT, Workshop
 
-PAGES = ["README.md", "docs/tutorial.md", "docs/varmodel.md", "docs/vardynamics.md", "docs/coming-from.md"]
+PAGES = ["README.md", "docs/tutorial.md", "docs/varmodel.md", "docs/vardynamics.md", "docs/coming-from.md", "docs/program.md"]
 
 
 def refreshed(page, build, others):
