@@ -3,7 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <iterator>
 #include <regex>
+#include <sstream>
 
 #include "document.h"
 #include "program.h"
@@ -133,6 +136,24 @@ TEST_F(Usage, HelpFitsTheTerminalAndTellsEveryOption) {
   EXPECT_THAT(unwrapped(fit), AllOf(HasSubstr("--lag N"), HasSubstr("--select aic|bic|hqic"),
                                     HasSubstr("(with --model-only: predicted values"), HasSubstr("--order VAR"),
                                     HasSubstr("--write-job FILE")));
+}
+
+TEST_F(Usage, TheExamplesOfEveryHelpRun) {
+  std::filesystem::copy(VARMODEL_SOURCE_DIR "/examples", space.folder() + "/examples");
+  for (const Words& subcommand :
+       {Words{}, Words{"describe"}, Words{"fit"}, Words{"analyze"}, Words{"run"}, Words{"check"}}) {
+    Words asked = subcommand;
+    asked.emplace_back("--help");
+    const std::string help = std::regex_replace(space.run(asked).out, std::regex("\\\\\n"), "");
+    int examples = 0;
+    for (std::size_t at = 0; (at = help.find("\n  varmodel ", at)) != std::string::npos; ++at, ++examples) {
+      std::istringstream line(help.substr(at + 12, help.find('\n', at + 1) - at - 12));
+      const Words words{std::istream_iterator<std::string>(line), {}};
+      const ProgramRun run = space.run(words);
+      EXPECT_EQ(run.exitCode, 0) << line.str() << "\n" << run.err;
+    }
+    EXPECT_GE(examples, 1) << help;
+  }
 }
 
 TEST_F(Usage, WrittenJobsDoTheRunAgain) {

@@ -8,6 +8,7 @@
 
 #include "workbench/base/errors.h"
 #include "workbench/base/languages.h"
+#include "workbench/cli/help_examples.h"
 #include "workbench/cli/help_format.h"
 #include "workbench/cli/usage_message.h"
 #include "workbench/commands/common/option_checks.h"
@@ -137,6 +138,7 @@ Invocation parseCommandLine(int argc, const char* const* argv) {
   addCheck(program, check);
   addDescribe(program, describe);
   for (ComposeOptions& options : composed) addComposer(program, options);
+  addExamples(program);
   std::vector<std::string> words(argv + 1, argv + argc);
   speakAsAsked(words);
   try {
