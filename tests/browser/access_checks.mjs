@@ -2,14 +2,16 @@
 
 import { readFileSync, writeFileSync } from 'node:fs';
 
-import { FORECAST, TIME } from './constructed.mjs';
+import { FORECAST, HUGE, TIME } from './constructed.mjs';
 import { check, colorOf, drawn, equal, look, newPath, ok } from './harness.mjs';
 
-// Of colours as the page computes them.
+// Red, green and blue of a colour as the page computes it.
+const parts = (color) => color.match(/[\d.]+/g).slice(0, 3).map(Number);
+
 function contrast(one, other) {
   const linear = (part) => (part <= 0.03928 ? part / 12.92 : ((part + 0.055) / 1.055) ** 2.4);
   const luminance = (color) => {
-    const [red, green, blue] = color.match(/[\d.]+/g).map((part) => linear(Number(part) / 255));
+    const [red, green, blue] = parts(color).map((part) => linear(part / 255));
     return 0.2126 * red + 0.7152 * green + 0.0722 * blue;
   };
   const [dark, light] = [luminance(one), luminance(other)].sort((a, b) => a - b);
@@ -26,6 +28,17 @@ export async function checkContrast(page) {
     }
     for (const name of ['--ink', '--muted', '--accent', '--bad', '--warn'])
       ok(contrast(await colorOf(page, name), paper) >= 4.5, name);
+  });
+  await check('lines stand out as they are drawn, the wide pale ones too', async () => {
+    const paper = parts(await colorOf(page, '--paper'));
+    const frame = await drawn(page, FORECAST);
+    const drawnLines = await frame.locator('.mark-line.role-mark path').evaluateAll((all) =>
+      all.map((path) => [getComputedStyle(path).stroke, Number(getComputedStyle(path).strokeOpacity)]));
+    ok(drawnLines.some(([, opacity]) => opacity < 1), 'a pale line');
+    for (const [stroke, opacity] of drawnLines) {
+      const mixed = parts(stroke).map((part, i) => opacity * part + (1 - opacity) * paper[i]);
+      ok(contrast(`rgb(${mixed})`, `rgb(${paper})`) >= 3, `${stroke} at ${opacity}`);
+    }
   });
 }
 
@@ -57,17 +70,41 @@ export async function checkZoomed(page) {
 }
 
 export async function checkKeyboard(page) {
-  await check('keys alone reach output, buttons, charts and data', async () => {
-    const focused = () => page.evaluate(() => document.activeElement.className || document.activeElement.textContent);
-    await page.keyboard.press('Tab');
-    equal(await focused(), 'skip');
-    await page.keyboard.press('Enter');
-    const seen = new Set();
-    for (let i = 0; i < 30; i++) {
+  await check('keys alone reach everything that can be used, each with a mark around it and a name', async () => {
+    for (let i = 0; i <= HUGE; i++) await drawn(page, i); // a chart that is not drawn has no buttons
+    await page.evaluate(() => document.querySelectorAll('details').forEach((details) => (details.open = true)));
+    const focused = () =>
+      page.evaluate(() => {
+        const { activeElement: element } = document;
+        element.dataset.reached = '';
+        const mark = getComputedStyle(element).outlineStyle !== 'none';
+        return { mark, name: element.ariaLabel || element.textContent.trim(), role: element.role, skip: element.className };
+      });
+    const everything = 'a[href], button, summary, [tabindex="0"]';
+    const stops = await page.locator(everything).evaluateAll((all) => all.filter((one) => one.checkVisibility()).length);
+    for (let i = 0; i < stops; i++) {
       await page.keyboard.press('Tab');
-      seen.add(await focused());
+      const { mark, name, role, skip } = await focused();
+      ok(mark && name !== '' && (i > 0 || skip === 'skip'), `stop ${i}: ${name} ${role}`);
     }
-    for (const stop of ['Copy', 'scroll', '+', 'SVG', 'chart-frame drawn', 'Show data']) ok(seen.has(stop), `${stop} in ${[...seen]}`);
+    const missed = await page.locator(everything).evaluateAll((all) =>
+      all.filter((one) => one.checkVisibility() && !('reached' in one.dataset)).map((one) => one.outerHTML.slice(0, 80)));
+    equal(missed, []);
+  });
+  await check('what scrolls is a region with a name, and every header of a table says its scope', async () => {
+    const nameless = await page.locator('[tabindex="0"]').evaluateAll((all) =>
+      all.filter((one) => !['region', 'img', 'group'].includes(one.role) || !one.ariaLabel).map((one) => one.outerHTML.slice(0, 80)));
+    equal(nameless, []);
+    equal(await page.locator('th:not([scope])').count(), 0);
+    equal(await page.locator('.data-view table').first().getAttribute('aria-label'), 'Time Series -realgdp');
+  });
+  await check('a link of the outline leads to its place, and the next key into it', async () => {
+    await page.getByRole('link', { name: 'Test for Residuals' }).press('Enter');
+    await page.waitForTimeout(300);
+    const top = await page.locator('section.table').nth(1).evaluate((section) => section.getBoundingClientRect().top);
+    ok(Math.abs(top - 16) < 2, `at ${top}`);
+    await page.keyboard.press('Tab');
+    ok(await page.locator('section.table').nth(1).locator(':focus').count(), 'focus');
   });
   await check('a screen reader is told what a chart shows, how to read it, and what was read', async () => {
     const frame = await drawn(page, FORECAST);

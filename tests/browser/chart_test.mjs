@@ -319,6 +319,12 @@ async function checkTablesOfPhones(page) {
     ok(title.right <= button.left, `title to ${title.right}, button from ${button.left}`);
     const rows = await page.locator('th[scope=row]').evaluateAll((all) => all.map((cell) => cell.offsetHeight));
     ok(Math.max(...rows) < 40, `names of rows stay on one line: ${rows}`);
+    const note = page.locator('tfoot div');
+    for (const left of [0, 300]) {
+      await page.locator('.scroll').evaluate((scroll, to) => scroll.scrollTo(to, 0), left);
+      const box = await note.boundingBox();
+      ok(box.x >= 0 && box.x + box.width <= page.viewportSize().width, `its note from ${box.x}, ${box.width} wide`);
+    }
   });
 }
 
@@ -358,7 +364,8 @@ const file = report(
 await visit(file, {}, checkLegends, checkTicks, checkForecast, checkKinds, checkData, checkPictures);
 await visit(file, phone(360), checkLegends);
 await visit(file, phone(480), checkLegends);
-const wide = table('VAR Model Parameters - investment', ['realinv(t-1)'], seven, [seven.map((_, i) => 1000 * i)]);
+const wide = table('VAR Model Parameters - investment', ['realinv(t-1)'], seven, [seven.map((_, i) => 1000 * i)],
+  { titleFootnotes: [0], footnotes: ['A note of so many words that it needs several lines on a phone, all of them to be read.'] });
 await visit(report(wide), phone(360), checkTablesOfPhones);
 await checkNumbers();
 await checkZero();

@@ -76,6 +76,24 @@ export async function checkPhone(page) {
   });
 }
 
+export async function checkTouch(page) {
+  await check('a tap reads values, which stay until the next one elsewhere', async () => {
+    const frame = await drawn(page, TIME);
+    const { x, y, width } = await frame.boundingBox();
+    await page.touchscreen.tap(x + width - 12, y + 100);
+    ok((await frame.locator('.tip').textContent()).startsWith('2008'), 'values');
+    ok(await frame.locator('.tip').isVisible(), 'they stay');
+    await page.locator('h1').tap();
+    await page.locator('#facts').tap();
+    ok(await frame.locator('.tip').isHidden(), 'and go');
+  });
+  await check('everything that can be pressed is large enough for a finger', async () => {
+    const small = await page.locator('button, summary, nav a').evaluateAll((all) =>
+      all.filter((one) => one.checkVisibility() && one.offsetHeight < 24).map((one) => one.outerHTML.slice(0, 80)));
+    equal(small, []);
+  });
+}
+
 export async function checkPolicy(page) {
   await check('the policy stops foreign code', async () => {
     await page.evaluate(() => {

@@ -7,7 +7,7 @@ import { checkLongSeries, checkMarks, checkReading } from './drawing_checks.mjs'
 import { finish, makeReport, open, phone, start, visit } from './harness.mjs';
 import { checkHostileNames, hostileInput } from './hostile_checks.mjs';
 import {
-  checkOldBrowser, checkOpening, checkPhone, checkPolicy, checkTables, checkThemes,
+  checkOldBrowser, checkOpening, checkPhone, checkPolicy, checkTables, checkThemes, checkTouch,
 } from './page_checks.mjs';
 import { checkFirstScreen, checkGerman, checkOutline, checkProgram, fitReport, programReport } from './program_checks.mjs';
 
@@ -22,7 +22,7 @@ await visit(withoutLightDark(file), { colorScheme: 'dark' }, checkContrast, chec
 await visit(file, {}, checkOldBrowser);
 await visit(file, { forcedColors: 'active' }, checkForcedColors);
 await visit(file, { viewport: { width: 640, height: 450 }, deviceScaleFactor: 2 }, checkZoomed);
-await visit(file, phone(390), checkPhone);
+await visit(file, phone(390), checkPhone, checkTouch);
 await visit(file, phone(320), checkPhone);
 await visit(makeReport(hostileInput()), {}, checkHostileNames);
 await checkPolicy(await open(file));

@@ -122,6 +122,22 @@ TEST(Terminal, ColourIsBoldTitlesAndDimRules) {
   EXPECT_THAT(text, HasSubstr("\nrealgdp   203"));
 }
 
+TEST(Terminal, APValueBelowTheLevelIsBoldAndATinyOneIsNamed) {
+  const rapidjson::Document document = parseJson(R"({ "procedure": "P", "items": [
+    { "type": "table", "footnotes": ["Stable."] },
+    { "type": "table", "columns": [ { "label": "t" }, { "label": "Sig." } ], "rows": ["a", "b", "c"],
+      "cells": [[2e-308, 2.3e-308], [0.01, 0.05], [1, 0.0499]], "cellFormat": {"type": 5, "width": 8, "decimals": 4} } ] })");
+  DocumentView view;
+  view.headline = 0;
+  view.testLevel = 0.05;
+  const std::string rows = "a  2.0e-308  <1e-300\nb  0.0100     0.0500\nc  1.0000     0.0499\n";
+  EXPECT_THAT(paintDocumentTerminal(document, {}, {}, view), AllOf(HasSubstr(rows), Not(HasSubstr("bold"))));
+  const std::string coloured = paintDocumentTerminal(document, {.colour = true}, {}, view);
+  EXPECT_THAT(coloured,
+              HasSubstr("a  2.0e-308  \x1b[1m<1e-300\x1b[0m\nb  0.0100     0.0500\nc  1.0000     \x1b[1m0.0499"));
+  EXPECT_THAT(coloured, HasSubstr("a Sig. below the level is bold"));
+}
+
 TEST(Terminal, PaintsADocumentWithItsChartsListedLast) {
   const rapidjson::Document document =
       parseJson(R"({ "procedure": "Vector Autoregressive Models", "subtitle": "", "items": [

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 #include <regex>
+#include <set>
 #include <utility>
 
 #include "workbench/base/errors.h"
@@ -81,6 +82,15 @@ void number(std::vector<ToldRun>& runs) {
   for (std::size_t i = 0; i < runs.size(); ++i) runs[i].number = static_cast<int>(i) + 1;
 }
 
+// Where the commands that test agree on a level, it is that of all tables.
+void shareTestLevel(std::vector<ToldRun>& runs) {
+  std::set<double> levels;
+  for (const ToldRun& told : runs)
+    if (told.view.testLevel) levels.insert(*told.view.testLevel);
+  if (levels.size() != 1) return;
+  for (ToldRun& told : runs) told.view.testLevel = *levels.begin();
+}
+
 // Notes on the data; where the command failed, they may tell why and stand with its errors.
 void addJobNotes(const Job& job, const Dataset& dataset, ToldRun& first) {
   std::vector<std::string> texts = jobNotes(job, dataset);
@@ -119,6 +129,7 @@ std::vector<ToldRun> runCommands(const Job& job, CommandRunner& runner) {
     runs = job.composer ? runComposed(job, runner) : runAll(texts, runner);
     number(runs);
   }
+  shareTestLevel(runs);
   for (ToldRun& told : runs) {
     for (RunMessage& message : told.messages) message.command = told.number;
   }

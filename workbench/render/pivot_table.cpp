@@ -23,6 +23,15 @@ Cell makeCell(double number, const CellFormat& format, const Language& language)
   return {.value = missing ? 0 : number, .missing = missing, .shown = formatNumber(number, format, language)};
 }
 
+// Tails below this are not told apart: procedures write the smallest number for one that is too small to be held.
+void nameTinyProbabilities(PivotTable& table, const std::string& label) {
+  constexpr double kTiniest = 1e-300;
+  const std::vector<std::string> labels = table.leafLabels();
+  for (std::vector<Cell>& row : table.cells)
+    for (std::size_t leaf = 0; leaf < labels.size(); ++leaf)
+      if (labels[leaf] == label && row[leaf].value > 0 && row[leaf].value < kTiniest) row[leaf].shown = {"<1e-300", 2};
+}
+
 ChartItem readChart(const Value& item) {
   ChartItem chart{chartTitle(item), 0, &item};
   const Value* columns = property(item, "columns");
@@ -87,6 +96,7 @@ PivotTable readPivotTable(const Value& item, const Language& language) {
     std::vector<Cell>& cells = table.cells.emplace_back();
     for (std::size_t c = 0; c < row.size(); ++c) cells.push_back(makeCell(row[c], read.formats[c], language));
   }
+  nameTinyProbabilities(table, language.tr("Sig."));
   return table;
 }
 

@@ -19,10 +19,13 @@ constexpr int kNarrowestLine = 20;
 class Line {
  public:
   // The text must not begin left of where the line ends.
-  void put(int cell, std::string_view text) {
+  void put(int cell, std::string_view text) { put(cell, text, text); }
+
+  // `written` is the text with what a terminal takes for its look.
+  void put(int cell, std::string_view text, std::string_view written) {
     if (text.empty()) return;
     text_.append(static_cast<std::size_t>(std::max(cell - used_, 0)), ' ');
-    text_ += text;
+    text_ += written;
     used_ = std::max(cell, used_) + displayWidth(text);
   }
 
@@ -144,9 +147,11 @@ class TablePainter {
       Line line;
       line.put(0, layout_.rowLabels[row]);
       for (std::size_t leaf = panel.first; leaf < panel.last(); ++leaf) {
-        const NumberText& number = table_.cells[row][leaf].shown;
+        const Cell& cell = table_.cells[row][leaf];
+        const NumberText& number = cell.shown;
         const int integer = displayWidth(std::string_view(number.text).substr(0, number.integerLength));
-        line.put(panel.end(leaf) - layout_.columns[leaf].fractionWidth - integer, number.text);
+        line.put(panel.end(leaf) - layout_.columns[leaf].fractionWidth - integer, number.text,
+                 cell.significant ? bold(number.text, style_) : number.text);
       }
       newLine(line.text());
     }
@@ -184,17 +189,21 @@ std::string noteLines(const std::vector<std::string>& notes, const TerminalStyle
 }
 
 // A sentence an entry, below a heading.
-std::string headlineBlock(const std::vector<std::string>& sentences, const TerminalStyle& style,
+std::string headlineBlock(PivotTable& table, const DocumentView& view, const TerminalStyle& style,
                           const Language& language) {
   const std::string bullet = style.unicode ? "• " : "- ";
   std::string lines = paintHeading(language.tr("At a Glance"), style);
-  for (const std::string& sentence : sentences) {
+  for (const std::string& sentence : takeHeadline(table, view)) {
     std::string before = bullet;
     const int width = lineWidth(style) - displayWidth(bullet);
     for (const std::string& part : wrapText(tiedNumbers(visibleText(sentence)), width)) {
       lines += before + untied(part) + '\n';
       before = "  ";
     }
+  }
+  if (style.colour && view.testLevel) {
+    const std::string text = language.tr("In the tables, a Sig. below the level is bold.");
+    for (const std::string& part : wrapText(text, lineWidth(style))) lines += part + '\n';
   }
   return lines;
 }
@@ -217,7 +226,7 @@ std::string paintHeadlineTerminal(const rapidjson::Document& document, const Ter
   std::size_t next = 0;
   for (DocumentItem& item : documentItems(document, language)) {
     auto* table = std::get_if<PivotTable>(&item);
-    if (view.headline == next++ && table != nullptr) return headlineBlock(takeHeadline(*table, view), style, language);
+    if (view.headline == next++ && table != nullptr) return headlineBlock(*table, view, style, language);
   }
   return {};
 }
@@ -234,8 +243,8 @@ std::string paintDocumentTerminal(const rapidjson::Document& document, const Ter
     const auto notes = view.notes.find(place);
     const std::string below = notes == view.notes.end() ? "" : noteLines(notes->second, style, language);
     if (auto* table = std::get_if<PivotTable>(&item)) {
-      if (view.headline == place)
-        blocks.insert(blocks.begin() + 1, headlineBlock(takeHeadline(*table, view), style, language));
+      if (view.headline == place) blocks.insert(blocks.begin() + 1, headlineBlock(*table, view, style, language));
+      if (view.testLevel) markSignificant(*table, language.tr("Sig."), *view.testLevel);
       blocks.push_back(paintTerminal(*table, style) + below);
     }
     if (const auto* chart = std::get_if<ChartItem>(&item)) charts += chartLine(*chart, style, language);

@@ -10,7 +10,7 @@ namespace workbench {
 
 struct TerminalStyle {
   int width = 80;           // cells a line; taken as at least 20
-  bool colour = false;      // bold titles and dim rules by escape sequences
+  bool colour = false;      // bold titles and p-values below the level, dim rules, by escape sequences
   bool unicode = true;      // line-drawing characters; otherwise ASCII (names keep their letters)
   bool listsCharts = true;  // of a document: the names of its charts below the tables
 };

@@ -38,8 +38,8 @@ std::string textsJson(const Language& language) {
   return scriptJson(json);
 }
 
-std::string tools(const Language& language) {
-  constexpr std::string_view kFormat = R"(<div class="chart-tools" hidden>
+std::string tools(const std::string& title, const Language& language) {
+  constexpr std::string_view kFormat = R"(<div class="chart-tools" role="group" aria-label="{6}" hidden>
 <button type="button" data-do="part" hidden></button>
 <button type="button" data-do="in" aria-label="{0}" title="{0}">+</button>
 <button type="button" data-do="out" aria-label="{1}" title="{1}">−</button>
@@ -50,7 +50,8 @@ std::string tools(const Language& language) {
 )";
   return fmt::format(kFormat, htmlText(language.tr("Zoom in")), htmlText(language.tr("Zoom out")),
                      htmlText(language.tr("Show everything")), htmlText(language.tr("Reset")),
-                     htmlText(language.tr("Save as an SVG picture")), htmlText(language.tr("Save as a PNG picture")));
+                     htmlText(language.tr("Save as an SVG picture")), htmlText(language.tr("Save as a PNG picture")),
+                     htmlText(title));
 }
 
 std::string dataPart(const ChartData& data, const std::string& description, const Language& language) {
@@ -126,7 +127,7 @@ std::string ChartSections::add(const Json& item, const Language& language) {
   if (chart.data.problem) {
     out += problemRemark(chart, language);
   } else {
-    out += tools(language) +
+    out += tools(chart.spec.title, language) +
            (chart.cells.empty() ? addFrame(chart, description, language) : addPanel(chart, description, language));
     out += dataPart(chart.data, description, language);
   }

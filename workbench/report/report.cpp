@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <optional>
 #include <set>
 #include <string_view>
 #include <utility>
@@ -72,10 +71,7 @@ class Page {
   std::string write() {
     const std::string title = heading();
     const ReportOutput* opening = onlyOpening();
-    if (opening != nullptr) {
-      testLevel_ = opening->view.testLevel;
-      addOpening(*opening);
-    }
+    if (opening != nullptr) addOpening(*opening);
     addMessages();
     for (std::size_t i = 0; i < input_.outputs.size(); ++i) {
       const ReportOutput& output = input_.outputs[i];
@@ -129,10 +125,12 @@ class Page {
   void addCommand(const ReportOutput& output, const std::string& id, const std::string& title,
                   const std::string& below = {}) {
     if (output.commandText.empty()) return;
-    addSection(id, "run", title,
-               fmt::format("<div class=\"section-head\"><h2>{}</h2><button type=\"button\" data-copy=\"command\">{}"
-                           "</button></div>\n<pre class=\"command\" tabindex=\"0\">{}</pre>\n{}",
-                           title, htmlText(input_.language.tr("Copy")), linesText(output.commandText), below));
+    addSection(
+        id, "run", title,
+        fmt::format(
+            "<div class=\"section-head\"><h2>{0}</h2><button type=\"button\" data-copy=\"command\">{1}"
+            "</button></div>\n<pre class=\"command\" tabindex=\"0\" role=\"region\" aria-label=\"{0}\">{2}</pre>\n{3}",
+            title, htmlText(input_.language.tr("Copy")), linesText(output.commandText), below));
   }
 
   void addOutputHead(const ReportOutput& output, std::size_t number) {
@@ -227,8 +225,7 @@ class Page {
     if (type == "table") {
       PivotTable table = readPivotTable(item, input_.language);
       if (view.headline == place) takeUnmarkedFootnotes(table);
-      const auto level = view.testLevel ? view.testLevel : testLevel_;
-      if (level) markSignificant(table, input_.language.tr("Sig."), *level);
+      if (view.testLevel) markSignificant(table, input_.language.tr("Sig."), *view.testLevel);
       addTable(id, table, remarks);
     } else if (type == "chart") {
       addSection(id, "chart", htmlText(chartTitle(item)), charts_.add(item, input_.language) + remarks);
@@ -249,10 +246,12 @@ class Page {
     const std::string title = htmlText(table.title);
     addSection(
         id, "table", title,
-        fmt::format("<div class=\"table-tools\"><button type=\"button\" data-copy=\"table\" title=\"{}\">{}</button>"
-                    "</div>\n<div class=\"scroll\" tabindex=\"0\" role=\"region\" aria-label=\"{}\">\n{}</div>\n{}",
-                    htmlText(input_.language.tr("Copy for a spreadsheet, in full precision")),
-                    htmlText(input_.language.tr("Copy")), title, htmlTable(table), remarks));
+        fmt::format(
+            "<div class=\"table-tools\" role=\"group\" aria-label=\"{0}\"><button type=\"button\" data-copy=\"table\" "
+            "title=\"{1}\">{2}</button></div>\n<div class=\"scroll\" tabindex=\"0\" role=\"region\" "
+            "aria-label=\"{0}\">\n{3}</div>\n{4}",
+            title, htmlText(input_.language.tr("Copy for a spreadsheet, in full precision")),
+            htmlText(input_.language.tr("Copy")), htmlTable(table), remarks));
   }
 
   std::string head(const std::string& title) const {
@@ -297,7 +296,6 @@ class Page {
   ChartSections charts_;
   std::size_t items_ = 0;  // shown so far
   std::size_t headlines_ = 0;
-  std::optional<double> testLevel_;  // of the page, for outputs that have none of their own
   Outline outline_;
   std::string main_;
 };

@@ -77,6 +77,7 @@ function makeRow(cells, tag, scope) {
   cells.forEach((content, i) => {
     const cell = document.createElement(i === 0 ? 'th' : tag);
     if (i === 0 || tag === 'th') cell.scope = i === 0 ? scope : 'col';
+    if (i === 0 && tag === 'th') cell.className = 'corner';
     cell.textContent = shownCell(content);
     row.append(cell);
   });
@@ -86,6 +87,7 @@ function makeRow(cells, tag, scope) {
 function fillDataView(place, owner, { header, rows }) {
   const table = document.createElement('table');
   table.className = 'pivot';
+  table.ariaLabel = owner.title;
   table.createTHead().append(makeRow(header, 'th', 'col'));
   const body = table.createTBody();
   const more = makeButton('', () => showMore());
@@ -101,7 +103,7 @@ function fillDataView(place, owner, { header, rows }) {
   showMore();
   const scroll = document.createElement('div');
   scroll.className = 'scroll';
-  scroll.tabIndex = 0;
+  Object.assign(scroll, { tabIndex: 0, role: 'region', ariaLabel: owner.title });
   scroll.append(table);
   const tools = document.createElement('div');
   tools.className = 'data-tools';

@@ -3,7 +3,7 @@
 const MOST_VALUES = 12;
 
 const numberText = (value) =>
-  value === null ? '.' : inLanguage(value.toLocaleString('en-US', { maximumSignificantDigits: 10 }));
+  value === null ? '.' : inLanguage(value.toLocaleString('en-US', { maximumSignificantDigits: 7 }));
 
 // What a series says of its i-th point.
 const saidOf = (series, i) =>
@@ -176,6 +176,8 @@ class Inspection {
     const { chart, drag } = this;
     this.drag = null;
     this.brush.hidden = true;
+    if (!drag?.moved && event.type === 'pointerup' && event.pointerType === 'touch')
+      this.show(this.placeUnder(event), event.clientY);
     if (!drag?.moved || drag.pans || event.type === 'pointercancel') return;
     const [from, to] = [drag.place, this.placeUnder(event)].sort((a, b) => a - b);
     showPlaces(chart, Math.round(from) - 0.5, Math.round(to) + 0.5);
@@ -220,7 +222,8 @@ function addInspection(frame, chart) {
   });
   on('pointerup', (event) => inspection.endDrag(event));
   on('pointercancel', (event) => inspection.endDrag(event));
-  on('pointerleave', () => inspection.drag || inspection.hide());
+  // A finger leaves whenever it is lifted; what it asked for stays until it asks elsewhere.
+  on('pointerleave', (event) => inspection.drag || event.pointerType === 'touch' || inspection.hide());
   on('blur', () => inspection.hide());
   const follow = () => inspection.place !== null && inspection.show(inspection.place);
   if (chart.small) window.addEventListener('scroll', follow, { capture: true, passive: true });

@@ -6,7 +6,7 @@ const BAND_OPACITY = 0.2;
 
 const colorOf = (series) => `var(--chart-${series.color})`;
 const lineWidth = (series) => (series.under ? 3 : 1) * Math.max(series.size ?? 1, 1) * HAIRLINE;
-const lineOpacity = (series) => (series.under ? 0.45 : 1);
+const lineOpacity = (series) => (series.under ? 0.75 : 1); // paler ones do not stand out from the ground
 
 // A scale that gives each series its own value of some property.
 function bySeries(chart, property) {

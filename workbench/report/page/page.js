@@ -67,7 +67,7 @@ function followScrolling() {
         else link.removeAttribute('aria-current');
       }
       const current = nav.querySelector('a[aria-current]');
-      if (current) nav.scrollTop = current.offsetTop - nav.clientHeight / 2;
+      if (current && !nav.contains(document.activeElement)) nav.scrollTop = current.offsetTop - nav.clientHeight / 2;
     },
     { rootMargin: '-10% 0px -75% 0px' },
   );

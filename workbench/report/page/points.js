@@ -70,7 +70,7 @@ function addPointInspection(frame, chart) {
   const inspection = new PointInspection(frame, chart);
   frame.addEventListener('pointermove', (event) => inspection.point(event));
   frame.addEventListener('pointerdown', (event) => inspection.point(event));
-  frame.addEventListener('pointerleave', () => inspection.hide());
+  frame.addEventListener('pointerleave', (event) => event.pointerType === 'touch' || inspection.hide());
   frame.addEventListener('blur', () => inspection.hide());
   frame.addEventListener('keydown', (event) => inspection.key(event));
 }
