@@ -1,13 +1,15 @@
 # The workbench: our host, and the program.
 
-find_package(fmt REQUIRED)
-find_package(CLI11 REQUIRED)
-find_package(tomlplusplus REQUIRED)
-find_package(Threads REQUIRED)
-find_package(DuckDB REQUIRED MODULE)
-find_package(utf8proc REQUIRED MODULE)
-find_package(minizip REQUIRED MODULE)
-find_package(pugixml REQUIRED)
+if(NOT CMAKE_CROSSCOMPILING)
+  find_package(fmt REQUIRED)
+  find_package(CLI11 REQUIRED)
+  find_package(tomlplusplus REQUIRED)
+  find_package(Threads REQUIRED)
+  find_package(DuckDB REQUIRED MODULE)
+  find_package(utf8proc REQUIRED MODULE)
+  find_package(minizip REQUIRED MODULE)
+  find_package(pugixml REQUIRED)
+endif()
 
 # Lowest folder first. The edge is linked whole, since procedures ask for the host classes only when they are loaded.
 varmodel_folder(workbench/base LINKS rapidjson tomlplusplus::tomlplusplus)
@@ -41,8 +43,13 @@ add_executable(varmodel workbench/main.cpp)
 target_link_libraries(varmodel PRIVATE varmodel_flags workbench_cli)
 varmodel_link_host(varmodel)
 
-get_property(procedures GLOBAL PROPERTY VARMODEL_PROCEDURES)
-add_dependencies(varmodel ${procedures})
+if(WIN32)
+  target_sources(varmodel PRIVATE cmake/windows/varmodel.rc)
+else()
+  # Who builds the program wants the procedures, too. On Windows they are linked against it and so come after it.
+  get_property(procedures GLOBAL PROPERTY VARMODEL_PROCEDURES)
+  add_dependencies(varmodel ${procedures})
+endif()
 
 # The dictionaries lie where the program looks for them, beside its bin/.
 file(GLOB dictionaries CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/locale/*.json)

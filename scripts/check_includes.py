@@ -60,6 +60,7 @@ ALLOWED = {
     "tests/report": {*PURE, "workbench/render", "workbench/report", "procedures/common", "tests/render"},
     "tests/plots": {*PURE, "workbench/render", "workbench/plots", "tests/render", "tests/charts"},
     "tests/browser": {"workbench/report"},
+    "tests/windows": set(),
     "tests/commands": {*PURE, "workbench/cli", "workbench/commands", "tests/cli", "tests/dataset"},
     "tests/commands/module": {"host"},
     "tests/cli": {"workbench/base", "tests/dataset", "tests/document"},

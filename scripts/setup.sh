@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs what building and testing need, once: Debian packages, the npm packages of package-lock.json (the report's
 # charts), and DuckDB's C library from npm packages.
-# Usage: scripts/setup.sh [lint] [bench] [determinism] [browser]   (extra packages for those targets)
+# Usage: scripts/setup.sh [lint] [bench] [determinism] [browser] [windows]   (what those targets need besides)
 # Nothing is done when all is there.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -14,7 +14,8 @@ for extra in "$@"; do
     browser) packages+=(chromium fonts-dejavu-core poppler-utils) ;;
     bench) packages+=(libopenblas-dev liblapacke-dev gretl hyperfine python3-statsmodels python3-matplotlib) ;;
     determinism) packages+=(clang) ;;
-    *) echo "setup: unknown extra '$extra' (known: lint, bench, determinism, browser)" >&2; exit 2 ;;
+    windows) packages+=(g++-mingw-w64-x86-64-posix libz-mingw-w64-dev wine64 xz-utils zip unzip) ;;
+    *) echo "setup: unknown extra '$extra' (known: lint, bench, determinism, browser, windows)" >&2; exit 2 ;;
   esac
 done
 command -v gnuplot >/dev/null || packages+=(gnuplot-nox)
@@ -53,6 +54,10 @@ deps=.deps/duckdb
 [ -f $deps/lib/libduckdb.so ] || fetch @duckdb/node-bindings-linux-x64@1.4.4-r.1 \
   7e360d73eb78fd3ee6873679ee8268210696bdb615bf186275c34d6a7b101625a777afc930b0942dde2a9edf172374edd81ad9b2b687ebdd0a481212dd03edd3 \
   libduckdb.so $deps/lib/libduckdb.so
+
+case " $* " in
+  *" windows "*) source scripts/setup_windows.sh ;;
+esac
 
 # The copy of the lock inside node_modules/ tells which packages are there.
 stamp=node_modules/.setup-lock

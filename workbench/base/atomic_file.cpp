@@ -18,8 +18,10 @@ constexpr std::size_t kLongestNameKept = 200;  // of 255: the folder's own mark 
 const char* remedyFor(int code) {
   switch (code) {
     case ENOSPC:
-    case EDQUOT:
     case EFBIG:
+#if defined(EDQUOT)
+    case EDQUOT:
+#endif
       return "Make room or choose another place.";
     case ENOENT:
     case ENOTDIR:

@@ -7,6 +7,7 @@
 #include "workbench/base/errors.h"
 #include "workbench/base/installation.h"
 #include "workbench/base/suggest.h"
+#include "workbench/base/utf8_path.h"
 
 namespace workbench {
 
@@ -33,7 +34,7 @@ std::vector<std::string> availableLanguages(const std::filesystem::path& diction
 }
 
 std::filesystem::path dictionaryFile(const std::filesystem::path& dictionaryFolder, const std::string& code) {
-  return code == kKeyLanguage ? std::filesystem::path() : dictionaryFolder / (code + ".json");
+  return code == kKeyLanguage ? std::filesystem::path() : dictionaryFolder / pathFromUtf8(code + ".json");
 }
 
 Language readLanguage(const std::filesystem::path& dictionaryFolder, const std::string& code) {

@@ -9,6 +9,7 @@
 #include "workbench/base/atomic_file.h"
 #include "workbench/base/descriptor.h"
 #include "workbench/base/errors.h"
+#include "workbench/base/terminal.h"
 
 namespace workbench {
 
@@ -29,6 +30,7 @@ int userErrorStream() {
 void writeStandardOutput(std::string_view bytes) {
   std::cout.flush();
   if (std::fflush(stdout) != 0) failStandardOutput(std::string(": ") + std::strerror(errno));
+  if (isTerminal(kStandardOutput)) return putText(stdout, bytes);
   while (!bytes.empty()) {
     const std::ptrdiff_t written = writeSome(kStandardOutput, bytes);
     if (written < 0) failStandardOutput(std::string(": ") + std::strerror(errno));

@@ -1,9 +1,9 @@
 #include <fcntl.h>
+#include <stdlib.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <stdlib.h>
 #include <cerrno>
 #include <utility>
 

@@ -2,12 +2,15 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <iostream>
+#include <cstdio>
+#include <sstream>
 #include <utility>
 #include <vector>
 
 #include "workbench/base/errors.h"
 #include "workbench/base/languages.h"
+#include "workbench/base/terminal.h"
+#include "workbench/base/utf8_path.h"
 #include "workbench/cli/help_examples.h"
 #include "workbench/cli/help_format.h"
 #include "workbench/cli/usage_message.h"
@@ -19,16 +22,22 @@ namespace workbench {
 
 namespace {
 
+CLI::Option* addFile(CLI::App& app, const std::string& name, std::filesystem::path& file,
+                     const std::string& description) {
+  const auto take = [&file](const std::string& text) { file = pathFromUtf8(text); };
+  return app.add_option_function<std::string>(name, take, description);
+}
+
 void addLanguageOption(CLI::App& app, OutputOptions& options) {
   app.add_option("--lang", options.language, "Language of the output: en, or one that has a dictionary (default: en)")
       ->type_name("CODE");
 }
 
 void addOutputOptions(CLI::App& app, OutputOptions& options) {
-  app.add_option("--html", options.html, "Write the report, one self-contained page, to FILE")->type_name("FILE");
-  app.add_option("--json", options.json, "Write the record of the run, with its output documents, as JSON to FILE")
+  addFile(app, "--html", options.html, "Write the report, one self-contained page, to FILE")->type_name("FILE");
+  addFile(app, "--json", options.json, "Write the record of the run, with its output documents, as JSON to FILE")
       ->type_name("FILE");
-  app.add_option("--trace", options.trace, "Write the procedure's trace to FILE")->type_name("FILE");
+  addFile(app, "--trace", options.trace, "Write the procedure's trace to FILE")->type_name("FILE");
   addLanguageOption(app, options);
   app.add_flag("--plots", options.plots, "Draw the charts in the terminal too (needs gnuplot)");
   app.add_flag("--summary", options.summary, "Print the plain-text summary of all results");
@@ -47,7 +56,7 @@ void addOutputOptions(CLI::App& app, OutputOptions& options) {
 
 void addRun(CLI::App& program, RunOptions& options) {
   CLI::App* run = program.add_subcommand("run", "Run the command of a job file");
-  run->add_option("JOB", options.jobFile, "Job file (TOML)")->required()->type_name("JOB.toml");
+  addFile(*run, "JOB", options.jobFile, "Job file (TOML)")->required()->type_name("JOB.toml");
   addOutputOptions(*run, options.output);
 }
 
@@ -69,7 +78,7 @@ void addDateOptions(CLI::App& app, ComposeOptions& options) {
 
 void addComposer(CLI::App& program, ComposeOptions& options) {
   CLI::App* app = program.add_subcommand(options.composer->name(), options.composer->description());
-  app->add_option("DATA", options.data, "Data file: CSV, Excel, Parquet, JSON, or a DuckDB database")->required();
+  addFile(*app, "DATA", options.data, "Data file: CSV, Excel, Parquet, JSON, or a DuckDB database")->required();
   app->add_option("--query", options.query, "SQL over the view 'source'")->type_name("SQL");
   options.composer->addOptions(*app);
   app->add_option("--predict", options.predict, "Forecast N periods after the last case, or through a period (2011Q3)")
@@ -84,7 +93,7 @@ void addComposer(CLI::App& program, ComposeOptions& options) {
   app->add_flag("--complete", options.complete, "Drop the rows that lack a variable of the command");
   addDateOptions(*app, options);
   addDataOptions(*app, options.reading);
-  app->add_option("--write-job", options.output.writtenJob, "Write a job file that does this run again to FILE")
+  addFile(*app, "--write-job", options.output.writtenJob, "Write a job file that does this run again to FILE")
       ->type_name("FILE");
   app->add_flag("--all", options.output.everything,
                 "Show every table and the commands in the terminal, not the main ones");
@@ -94,13 +103,13 @@ void addComposer(CLI::App& program, ComposeOptions& options) {
 void addCheck(CLI::App& program, RunOptions& options) {
   options.checkOnly = true;
   CLI::App* check = program.add_subcommand("check", "Tell whether a job can be run, without running it");
-  check->add_option("JOB", options.jobFile, "Job file (TOML)")->required()->type_name("JOB.toml");
+  addFile(*check, "JOB", options.jobFile, "Job file (TOML)")->required()->type_name("JOB.toml");
   addLanguageOption(*check, options.output);
 }
 
 void addDescribe(CLI::App& program, DescribeOptions& options) {
   CLI::App* describe = program.add_subcommand("describe", "Show what a data file holds, and what would be refused");
-  describe->add_option("DATA", options.data, "Data file: CSV, Excel, Parquet, JSON, or a DuckDB database")->required();
+  addFile(*describe, "DATA", options.data, "Data file: CSV, Excel, Parquet, JSON, or a DuckDB database")->required();
   describe->add_option("--query", options.query, "SQL over the view 'source'")->type_name("SQL");
   addDataOptions(*describe, options.reading);
   addLanguageOption(*describe, options.output);
@@ -144,7 +153,12 @@ Invocation parseCommandLine(int argc, const char* const* argv) {
   try {
     program.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
-    if (error.get_exit_code() == 0) return EndNow{program.exit(error, std::cout, std::cerr)};
+    if (error.get_exit_code() == 0) {
+      std::ostringstream out;
+      program.exit(error, out, out);
+      putText(stdout, out.str());
+      return EndNow{0};
+    }
     throw UsageError(usageMessage(program, error, words));
   }
   words.insert(words.begin(), program.get_name());

@@ -9,6 +9,7 @@
 #include "workbench/base/errors.h"
 #include "workbench/base/standard_streams.h"
 #include "workbench/base/suggest.h"
+#include "workbench/base/utf8_path.h"
 #include "workbench/cli/data_options.h"
 #include "workbench/cli/job.h"
 #include "workbench/cli/open_quote.h"
@@ -162,7 +163,8 @@ void readData(const TomlSection& top, Job& job) {
                                             "skip", "encoding", "sheet", "from", "to"});
   if (!section) throw UsageError(nameOf(job.file) + ": " + tr("there is no [data] section with a source."));
   if (const auto source = section->text("source")) {
-    job.data.source = *source == kStandardStream ? std::filesystem::path(*source) : job.baseFolder / *source;
+    job.data.source =
+        *source == kStandardStream ? std::filesystem::path(*source) : job.baseFolder / pathFromUtf8(*source);
   }
   job.data.jobFolder = job.baseFolder.empty() ? "." : job.baseFolder;
   if (const auto query = section->text("query")) job.data.query = *query;

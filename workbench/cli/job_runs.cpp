@@ -8,6 +8,7 @@
 
 #include "workbench/base/errors.h"
 #include "workbench/base/taken_file.h"
+#include "workbench/base/utf8_path.h"
 #include "workbench/cli/data_notes.h"
 #include "workbench/cli/job_notes.h"
 #include "workbench/commands/common/analysed_rows.h"
@@ -49,7 +50,7 @@ ToldRun tell(FinishedRun run, CommandRunner& runner, const Composer* composer = 
 
 void requireOwnFiles(const FinishedRun& parsed, std::size_t number, std::vector<TakenFile>& taken) {
   std::vector<std::filesystem::path> own;
-  for (const std::string& file : parsed.record.namedFiles) own.push_back(parsed.input.baseFolder / file);
+  for (const std::string& file : parsed.record.namedFiles) own.push_back(parsed.input.baseFolder / pathFromUtf8(file));
   for (const auto& file : own) {
     if (const auto reason = refusedTarget(file, taken)) throw UsageError(tr("command ^1: ^2", number, *reason));
   }

@@ -4,6 +4,7 @@
 
 #include "workbench/base/standard_streams.h"
 #include "workbench/base/toml_text.h"
+#include "workbench/base/utf8_path.h"
 
 namespace workbench {
 
@@ -25,7 +26,7 @@ std::string commandText(const std::vector<ToldRun>& runs) {
 std::string sourceFrom(const std::string& source, const fs::path& file) {
   if (source == kStandardStream || file == kStandardStream) return source;
   const fs::path folder = fs::absolute(file).parent_path();
-  return fs::proximate(fs::absolute(source), folder).string();
+  return fs::proximate(fs::absolute(pathFromUtf8(source)), folder).string();
 }
 
 double scaleOf(const std::vector<ToldRun>& runs) {

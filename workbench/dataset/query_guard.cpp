@@ -7,6 +7,7 @@
 
 #include "workbench/base/errors.h"
 #include "workbench/base/json.h"
+#include "workbench/base/utf8_path.h"
 
 namespace workbench {
 
@@ -118,12 +119,13 @@ bool holdsWildcard(const std::string& name) {
 
 // The full path of a relative name; "" for one that names no file of the folders.
 std::string fullPath(const std::string& name, const std::vector<fs::path>& folders) {
-  if (fs::path(name).is_absolute() || folders.empty()) return "";
+  const fs::path file = pathFromUtf8(name);
+  if (file.is_absolute() || folders.empty()) return "";
   std::error_code error;
   for (const fs::path& folder : folders) {
-    if (fs::is_regular_file(folder / name, error)) return (folder / name).lexically_normal().string();
+    if (fs::is_regular_file(folder / file, error)) return (folder / file).lexically_normal().string();
   }
-  return holdsWildcard(name) ? (folders.front() / name).lexically_normal().string() : "";
+  return holdsWildcard(name) ? (folders.front() / file).lexically_normal().string() : "";
 }
 
 // One past the closing quote of the quoted name at `begin`; `begin` where no plainly quoted name stands.

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "workbench/base/errors.h"
+#include "workbench/base/utf8_path.h"
 #include "workbench/casefile/case_file_format.h"
 #include "workbench/casefile/case_writer.h"
 #include "workbench/edge/data_state.h"
@@ -29,7 +30,7 @@ UserCaseFileSpec::~UserCaseFileSpec() = default;
 
 bool UserCaseFileSpec::Init(const std::string& path, bool, bool forWriting) {
   workbench::Session& session = currentSession();
-  const std::filesystem::path full = session.baseFolder / path;
+  const std::filesystem::path full = session.baseFolder / workbench::pathFromUtf8(path);
   const std::string reason =
       forWriting ? workbench::unusableTarget(path, full, session.takenFiles) : "Saved files can only be written here.";
   if (!reason.empty()) {

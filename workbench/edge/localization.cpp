@@ -5,13 +5,14 @@
 
 #include "host/codes.h"
 #include "workbench/base/languages.h"
+#include "workbench/base/utf8_path.h"
 #include "workbench/edge/session.h"
 
 namespace {
 
 workbench::MessageCatalogue readTexts(const std::string& path) {
   try {
-    return workbench::MessageCatalogue::read(path);
+    return workbench::MessageCatalogue::read(workbench::pathFromUtf8(path));
   } catch (const std::runtime_error& error) {
     workbench::currentSession().messages.push_back(
         {workbench::Message::Kind::warning,

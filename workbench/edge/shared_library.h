@@ -7,6 +7,9 @@
 
 namespace workbench {
 
+// What the file of a library is called: NAME.so, on Windows NAME.dll.
+std::string libraryFile(const std::string& name);
+
 // Unloaded with the object.
 class SharedLibrary {
  public:

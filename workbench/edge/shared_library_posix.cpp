@@ -5,6 +5,10 @@
 
 namespace workbench {
 
+std::string libraryFile(const std::string& name) {
+  return name + ".so";
+}
+
 SharedLibrary::SharedLibrary(const std::filesystem::path& file) : handle_(dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL)) {
   if (handle_ == nullptr) throw UsageError(dlerror());
 }

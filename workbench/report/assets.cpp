@@ -1,15 +1,24 @@
 #include "workbench/report/assets.h"
 
+// Sections have other names in the object files of Windows, whose symbols are hidden unless they are exported.
+#if defined(_WIN32)
+#define CONSTANTS ".section .rdata,\"dr\"\n"
+#define CODE ".text\n"
+#define ASSET extern "C" const char
+#else
+#define CONSTANTS ".section .rodata\n"
+#define CODE ".previous\n"
+#define ASSET extern "C" __attribute__((visibility("hidden"))) const char
+#endif
+
 // REPORT_ASSETS is the folder that assets.cmake fills. The argument is the name of a symbol and can have no
 // parentheses.
 //
 // NOLINTBEGIN(bugprone-macro-parentheses)
-#define EMBED(symbol, file)                                                                  \
-  __asm__(".section .rodata\n" #symbol ":\n.incbin \"" REPORT_ASSETS "/" file "\"\n" #symbol \
-          "_end:\n"                                                                          \
-          ".byte 0\n.previous\n");                                                           \
-  extern "C" __attribute__((visibility("hidden"))) const char symbol[];                      \
-  extern "C" __attribute__((visibility("hidden"))) const char symbol##_end[]
+#define EMBED(symbol, file)                                                                                 \
+  __asm__(CONSTANTS #symbol ":\n.incbin \"" REPORT_ASSETS "/" file "\"\n" #symbol "_end:\n.byte 0\n" CODE); \
+  ASSET symbol[];                                                                                           \
+  ASSET symbol##_end[]
 // NOLINTEND(bugprone-macro-parentheses)
 
 EMBED(report_library, "library.txt");

@@ -3,13 +3,14 @@
 #pragma once
 
 #include "workbench/commands/common/command.h"
+#include "workbench/edge/shared_library.h"
 
 namespace workbench {
 
 class VardynamicsCommand final : public Command {
  public:
   std::string name() const override { return "VARDYNAMICS"; }
-  std::string library() const override { return "vardynamics_procedure.so"; }
+  std::string library() const override { return libraryFile("vardynamics_procedure"); }
   bool includesUserMissing(const CallRecord& parsed) const override;
   bool readsFutureCases() const override { return true; }
   SaveRemedies saveRemedies() const override {

@@ -3,13 +3,14 @@
 #pragma once
 
 #include "workbench/commands/common/command.h"
+#include "workbench/edge/shared_library.h"
 
 namespace workbench {
 
 class VarmodelCommand final : public Command {
  public:
   std::string name() const override { return "VARMODEL"; }
-  std::string library() const override { return "varmodel_procedure.so"; }
+  std::string library() const override { return libraryFile("varmodel_procedure"); }
   std::vector<std::string> caseLists() const override { return {"MODEL ENDOGENOUS", "MODEL EXOGENOUS"}; }
   std::vector<std::string> scaledLists() const override { return {"MODEL ENDOGENOUS"}; }
   bool includesUserMissing(const CallRecord& parsed) const override;
