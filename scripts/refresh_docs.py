@@ -17,7 +17,8 @@ import sys
 from docs import examples, measured, option_table, sessions
 from docs.workshop import ROOT, Workshop
 
-PAGES = ["README.md", "docs/tutorial.md", "docs/varmodel.md", "docs/vardynamics.md", "docs/coming-from.md", "docs/program.md"]
+PAGES = ["README.md", "docs/tutorial.md", "docs/program.md", "docs/varmodel.md", "docs/vardynamics.md",
+         "docs/data.md", "docs/coming-from.md"]
 
 
 def refreshed(page, build, others):
@@ -34,7 +35,8 @@ def refreshed(page, build, others):
 def report(page, before, after, lost):
     for problem in lost:
         print(f"{page}: {problem}")
-    sys.stdout.writelines(difflib.unified_diff(before.splitlines(True), after.splitlines(True), page, "the program", n=1))
+    difference = difflib.unified_diff(before.splitlines(True), after.splitlines(True), page, "the program", n=1)
+    sys.stdout.writelines(difference)
 
 
 def main():

@@ -73,7 +73,7 @@ def shows(body, printed):
 
 
 def refreshed(body, printed):
-    """`body` with the same parts of `printed` as before, found by the first and the last line of each; without "..." it is all."""
+    """The parts of `printed` that `body` shows, each found by its first and its last line; all where it has no "..."."""
     if "..." not in body or shows(body, printed):
         return body if shows(body, printed) else printed
     pieces, at, result = pieces_of(body), 0, []

@@ -15,10 +15,8 @@ class Workshop:
     def __init__(self, build):
         self._folder = tempfile.TemporaryDirectory()
         self.path = pathlib.Path(self._folder.name)
-        tracked = subprocess.run(["git", "ls-files", "examples"], cwd=ROOT, capture_output=True, text=True).stdout.split()
-        for name in tracked or [f"examples/{file.name}" for file in (ROOT / "examples").iterdir()]:
-            (self.path / name).parent.mkdir(exist_ok=True)
-            shutil.copy(ROOT / name, self.path / name)
+        results = shutil.ignore_patterns("*_results.*", "*.html")
+        shutil.copytree(ROOT / "examples", self.path / "examples", ignore=results)
         (self.path / "build").mkdir()
         (self.path / "build/release").symlink_to(pathlib.Path(build).resolve())
 
