@@ -19,7 +19,8 @@ AlgoDataAccess* buildDataAccessChain(DataAccessChain& chain, std::span<const std
   const VEXA_DataSource* dataset = dataSource.GetDataSource();
   if (dataset == nullptr) return nullptr;
   chain.variables = std::make_unique<ACAVarValidSpecs>(true, true, true);
-  registerVariables(*chain.variables, indexes, dataset->ColumnCount(), flags);
+  chain.columnCount = dataset->ColumnCount();
+  registerVariables(*chain.variables, indexes, static_cast<std::int64_t>(chain.columnCount), flags);
   chain.adapter = std::make_unique<ACAInputAdapter>(chain.variables.get(), dataSource);
   chain.iterator = std::make_unique<ACAProcDataSourceIter>(*chain.adapter, true);
   chain.access = std::make_unique<AlgoDataAccess>(*chain.iterator);

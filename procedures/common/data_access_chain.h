@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <span>
@@ -27,6 +28,7 @@ struct DataAccessChain {
   std::unique_ptr<ACAInputAdapter> adapter;
   std::unique_ptr<ACAProcDataSourceIter> iterator;
   std::unique_ptr<AlgoDataAccess> access;
+  std::size_t columnCount = 0;  // of the dataset
 };
 
 // What each variable is registered with; only one of the three ever varies.

@@ -9,6 +9,7 @@
 
 #include "host/dates.h"
 #include "procedures/common/predict_request.h"
+#include "procedures/common/trace.h"
 
 namespace procedures {
 namespace {
@@ -25,7 +26,7 @@ void guarded(const std::string& lead, Work work) {
   try {
     work();
   } catch (const std::exception& error) {
-    std::cout << lead << "Exception: " << error.what() << '\n';
+    std::cout << lead << "Exception: " << OneLine{error.what()} << '\n';
   } catch (...) {
     std::cout << lead << "Unknown exception\n";
   }
@@ -127,7 +128,7 @@ void labelForecasts(const std::string& lead, std::int64_t lastOffset, std::int64
     const std::int64_t offset = lastOffset + j;
     axis.forecastLabels.push_back({labelOf(offset), offset});
     std::cout << "Forecast period " << j << ": caseOffset=" << offset << ", dateLabel='"
-              << axis.forecastLabels.back().text << "'\n";
+              << OneLine{axis.forecastLabels.back().text} << "'\n";
   }
 }
 

@@ -4,9 +4,15 @@
 #include <cmath>
 #include <exception>
 #include <iostream>
+#include <stdexcept>
+#include <string>
+
+#include "procedures/common/trace.h"
 
 namespace procedures {
 namespace {
+
+constexpr int kMostWithoutValues = 1000000;  // in a row
 
 bool isMissing(double value) {
   return value == kSystemMissing || std::isnan(value);
@@ -26,21 +32,41 @@ std::span<const double> valuesOf(const MCCommon_940::Record* record) {
   return {record->GetAll(), static_cast<std::uint32_t>(record->Size())};
 }
 
-void readCases(ACAProcDataSourceIter& cases, CaseDeletion deletion, SeriesMatrix& matrix, FetchOutcome& outcome) {
-  while (cases.HasMore()) {
+// The values of the next case. What carries none is passed over, but not for ever.
+std::span<const double> nextCase(ACAProcDataSourceIter& cases) {
+  for (int passedOver = 0; cases.HasMore(); ++passedOver) {
+    if (passedOver > kMostWithoutValues) throw std::runtime_error("The host delivers records without values.");
     const std::span<const double> values = valuesOf(cases.Next());
-    if (values.data() == nullptr) continue;
+    if (values.data() != nullptr) return values;
+  }
+  return {};
+}
+
+// A record of more values than the dataset has columns reaches beyond what the host owns.
+void requireFitting(std::span<const double> values, std::size_t most) {
+  if (values.size() <= most) return;
+  throw std::runtime_error("The host delivers a record of " + std::to_string(values.size()) + " values where at most " +
+                           std::to_string(most) + " are possible.");
+}
+
+void readCases(ACAProcDataSourceIter& cases, std::size_t mostValues, CaseDeletion deletion, SeriesMatrix& matrix,
+               FetchOutcome& outcome) {
+  for (;;) {
+    const std::span<const double> values = nextCase(cases);
+    if (values.data() == nullptr) return;
+    requireFitting(values, mostValues);
     outcome.succeeded = true;
     if (appendCase(values, deletion, matrix)) outcome.keptCaseOffsets.push_back(outcome.deliveredCases);
     ++outcome.deliveredCases;
   }
 }
 
-void readThroughChain(const ChainBuilder& buildChain, CaseDeletion deletion, SeriesMatrix& matrix,
-                      FetchOutcome& outcome) {
+void readThroughChain(std::size_t variableCount, const ChainBuilder& buildChain, CaseDeletion deletion,
+                      SeriesMatrix& matrix, FetchOutcome& outcome) {
   DataAccessChain chain;
   AlgoDataAccess* access = buildChain(chain);
-  if (access != nullptr) readCases(access->iterator, deletion, matrix, outcome);
+  if (access != nullptr)
+    readCases(access->iterator, std::max(variableCount, chain.columnCount), deletion, matrix, outcome);
 }
 
 }  // namespace
@@ -51,9 +77,9 @@ FetchOutcome fetchSeries(const OperationNames& names, std::size_t variableCount,
   std::cout << lead << "Starting data fetch for " << variableCount << " variables\n";
   FetchOutcome outcome;
   try {
-    readThroughChain(buildChain, deletion, matrix, outcome);
+    readThroughChain(variableCount, buildChain, deletion, matrix, outcome);
   } catch (const std::exception& error) {
-    std::cerr << names.fetch << ": Standard exception: " << error.what() << '\n';
+    std::cerr << names.fetch << ": Standard exception: " << OneLine{error.what()} << '\n';
     outcome.succeeded = false;
   } catch (...) {
     std::cerr << names.fetch << ": Unknown exception occurred.\n";

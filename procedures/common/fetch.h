@@ -28,7 +28,8 @@ using ChainBuilder = std::function<AlgoDataAccess*(DataAccessChain&)>;
 
 // One pass over the cases: appends to column j of `matrix` the j-th value of every case that counts. Missing are the
 // system-missing value and NaN; infinities are values. What carries no values is passed over: it is no case and takes
-// up no offset. Traces as `names.fetch` of `variableCount` variables. No exception leaves it; rows appended before a
+// up no offset; more than a million in a row, or a record of more values than there are columns, end the pass as a
+// failure. Traces as `names.fetch` of `variableCount` variables. No exception leaves it; rows appended before a
 // failure stay.
 FetchOutcome fetchSeries(const OperationNames& names, std::size_t variableCount, const ChainBuilder& buildChain,
                          SeriesMatrix& matrix, CaseDeletion deletion = CaseDeletion::listwise);

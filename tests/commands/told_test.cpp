@@ -33,6 +33,7 @@ class Told : public testing::Test {
     record_.passes.resize(1);
     record_.requestedLists["MODEL ENDOGENOUS"] = {"a", "b"};
     record_.requestedNumbers["MODEL MAXLAG"] = 2;
+    record_.places["MODEL"] = {10, 15};
     streams_.out = kSuccess;
   }
 
@@ -85,6 +86,11 @@ TEST_F(Told, ExitCodesFollowTheLastLines) {
       {"", "varmodel_entry: Step7 Unknown error occurred.\n", 1, 0},
       {"", "varmodel_entry: Step", 1, 0},
       {"", "VARMODEL: Unknown exception occurred.\n", 1, 0},
+      {"", "varmodel_entry: Step2 x\nVARMODEL: Standard exception: host\n", 1, 0},
+      {"", "x varmodel_entry: Step2\n", 1, 0},
+      {kSuccess + "more\n", "", 1, 0},
+      {kSuccess.substr(0, kSuccess.size() - 1), "", 1, 0},
+      {"x" + kSuccess.substr(3), "", 1, 0},
       // The line as a name in the dump is no success.
       {"[\"" + kSuccess + "\"]\n", "varmodel_entry: Step6 Unknown error occurred.\n", 4, 6},
   };
@@ -93,6 +99,42 @@ TEST_F(Told, ExitCodesFollowTheLastLines) {
     const Outcome outcome = finished().outcome;
     EXPECT_EQ(outcome.exitCode(), one.exitCode) << one.err;
     EXPECT_EQ(outcome.failedStep, one.step) << one.err;
+  }
+}
+
+TEST_F(Told, ASuccessThatLeftLessThanWasAskedForIsNone) {
+  const struct {
+    int begun, made;
+    std::size_t named, saved;
+    int failedCreations;
+    int exitCode;
+    std::string says;
+  } cases[] = {
+      {2, 2, 1, 1, 0, 0, ""},
+      {2, 1, 0, 0, 0, 1, "error: 1 of the tables and charts could not be made and are missing here."},
+      {2, 2, 0, 0, 3, 1, "error: 3 of the tables and charts could not be made and are missing here."},
+      {2, 2, 2, 1, 0, 4, "error: the run stopped at step 6, writing the saved file"},
+  };
+  for (const auto& one : cases) {
+    std::string items;
+    for (int i = 0; i < one.made; ++i)
+      items += i == 0 ? "{\"type\":\"chart\",\"name\":\"\"}" : ",{\"type\":\"chart\",\"name\":\"\"}";
+    document(("{\"items\":[" + items + "]}").c_str());
+    record_.begunItems = one.begun;
+    record_.namedFiles.assign(one.named, "a.csv");
+    record_.savedFiles.assign(one.saved, "a.csv");
+    streams_.err.clear();
+    for (int i = 0; i < one.failedCreations; ++i) {
+      streams_.err += "Error: VAROutputGen::generateACFChart - Chart creation failed for variable 'a'\n";
+    }
+    FinishedRun run = finished();
+    run.outcome = withWhatWasLeft(run.outcome, run.record);
+    EXPECT_EQ(run.outcome.exitCode(), one.exitCode);
+    CommandRunner runner(input_, {});
+    const std::vector<RunMessage> said = collectMessages(run, runner);
+    if (one.says.empty()) continue;
+    EXPECT_TRUE((std::string(labelOf(said.at(0).kind)) + ": " + said.at(0).text).starts_with(one.says))
+        << said.at(0).text;
   }
 }
 
@@ -251,7 +293,7 @@ TEST_F(Told, NotesOnRowsAndLags) {
           "note: Dropped cases lie inside the sample: the series are joined over the gap, so that the lags "
           "next to it span more than their number of periods.",
           "note (not quietly): The selected lag 1 is below MAXLAG 2: x.", "note (not quietly): said: a - b",
-          "note (not quietly): To have everything for lag 1, run this command:\nVARMODEL /MODEL MAXLAG=1 MINLAG=1",
+          "note (not quietly): To have everything for lag 1, run this command:\nVARMODEL /MODEL MINLAG=1 MAXLAG=1",
           "note (not quietly): Adjusted R Square is computed from R Square, which was not requested and "
           "therefore counts as 0: request RSQUARE beside ARSQUARE."));
 }

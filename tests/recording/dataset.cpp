@@ -128,7 +128,7 @@ namespace {
 struct OneCase : MCCommon_940::Record {
   int Size() const override {
     counted("Size");
-    return static_cast<int>(values.size());
+    return current().recordSize.value_or(static_cast<int>(values.size()));
   }
   const double* GetAll() const override {
     counted("GetAll");
@@ -170,9 +170,10 @@ struct ACAProcDataSourceIter::State : recording::Object {
 };
 ACAProcDataSourceIter::ACAProcDataSourceIter(ACAInputAdapter& adapter, bool flag) : state_(new State(adapter, flag)) {}
 ACAProcDataSourceIter::~ACAProcDataSourceIter() = default;
-ANSWERS(bool, ACAProcDataSourceIter, HasMore(), state_->next < caseCount())
+ANSWERS(bool, ACAProcDataSourceIter, HasMore(), current().goesOnForEver || state_->next < caseCount())
 const MCCommon_940::Record* ACAProcDataSourceIter::Next() {
   counted("Next");
+  if (state_->next >= caseCount()) return nullptr;
   state_->record.values.clear();
   for (const int column : state_->columns) {
     state_->record.values.push_back(columnAt(column).numbers.at(state_->next));

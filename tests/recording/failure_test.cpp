@@ -3,9 +3,12 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <iostream>
 #include <limits>
 #include <sstream>
+#include <streambuf>
 
+#include "procedures/vardynamics/driver/vardynamics_entry.h"
 #include "procedures/varmodel/driver/varmodel_entry.h"
 #include "tests/recording/scene.h"
 
@@ -102,15 +105,17 @@ TEST(HostFailure, AnExceptionNeverLeavesTheProcedureAndIsTold) {
            "'" + kGoesOn;
   };
   const auto charts = [&](const std::string& routine) { return chart(routine, "a") + chart(routine, "b"); };
-  const std::string unsaid = kSuccess + '\n';  // of the four model tables
   EXPECT_EQ(outcomesOfFailures(giveWholeRun, VARMODEL, false),
             "! VARCommandDescriber: Standard exception: host" + step(1) + start + global + fetch + kGoesOn + history +
-                global + forecast + history + start + fetch + step(3) + start + fetch + step(3) + start + unsaid +
-                unsaid + unsaid + unsaid + table("ResidualCorrelationMatrix", "Correlation table") +
-                table("ResidualCovarianceMatrix", "Covariance table") + unsaid + table("ResidualDiagnostics", "Table") +
-                table("ForecastTable", "Table") + charts("TimeSeries") + charts("ACF") + charts("ACF") +
-                charts("Residuals") + chart("ResidualsCombined", "Residuals") + charts("FitValues") +
-                charts("Forecast") + "! Error: VARSaveOutFile::run - host" + step(6) + kNotClosed + step(6));
+                global + forecast + history + start + fetch + step(3) + start + fetch + step(3) + start +
+                table("DescriptiveStatistics", "Table") + table("ModelParameters", "Table") +
+                table("ModelParameters", "Table") + table("LagOrderCriteria", "Table") +
+                table("ResidualCorrelationMatrix", "Correlation table") +
+                table("ResidualCovarianceMatrix", "Covariance table") + table("ModelFitStatistics", "Table") +
+                table("ResidualDiagnostics", "Table") + table("ForecastTable", "Table") + charts("TimeSeries") +
+                charts("ACF") + charts("ACF") + charts("Residuals") + chart("ResidualsCombined", "Residuals") +
+                charts("FitValues") + charts("Forecast") + "! Error: VARSaveOutFile::run - host" + step(6) +
+                kNotClosed + step(6));
   EXPECT_THAT(outcomesOfFailures(giveTextDates, VARMODEL, false), testing::HasSubstr(history));
 }
 
@@ -123,6 +128,45 @@ TEST(HostFailure, WhatIsNoStandardExceptionNeitherLeavesIt) {
                 "VARSubCommands::generateForecastDatesUsingTfo - Unknown exception" + kGoesOn + history + start +
                 fetch + step(3) + start + fetch + step(3) + start + "! Error: VARSaveOutFile::run - Unknown exception" +
                 step(6) + kNotClosed + step(6));
+}
+
+// Takes so many characters, then none.
+class BreakingStream : public std::streambuf {
+ public:
+  BreakingStream(std::ostream& stream, int takes) : left(takes), stream_(stream), previous_(stream.rdbuf(this)) {
+    stream.exceptions(std::ios::badbit | std::ios::failbit);
+  }
+  BreakingStream(const BreakingStream&) = delete;
+  BreakingStream& operator=(const BreakingStream&) = delete;
+  ~BreakingStream() override {
+    stream_.exceptions(std::ios::goodbit);
+    stream_.rdbuf(previous_);
+    stream_.clear();
+  }
+  int left;
+
+ private:
+  int_type overflow(int_type character) override { return left-- > 0 ? character : traits_type::eof(); }
+
+  std::ostream& stream_;
+  std::streambuf* previous_;
+};
+
+TEST(HostFailure, AStreamThatThrowsLetsNothingOut) {
+  for (void (*procedure)() : {VARMODEL, VARDYNAMICS}) {
+    bool broken = true;
+    for (int takes = 0; broken; takes += 61) {
+      SCOPED_TRACE(takes);
+      Host host;
+      giveWholeRun(host);
+      EXPECT_NO_THROW(traceOf([&] {
+        BreakingStream stream(std::cerr, takes);
+        procedure();
+        broken = stream.left < 0;
+      }));
+      EXPECT_THAT(host.living, testing::IsEmpty());
+    }
+  }
 }
 
 }  // namespace

@@ -49,6 +49,8 @@ class Host {
   std::vector<Column> columns;
   std::optional<std::size_t> withoutRecord;  // the case for which there is none
   std::optional<std::size_t> withoutValues;  // the case whose record carries none
+  std::optional<int> recordSize;             // of every record, whatever it carries
+  bool goesOnForEver = false;                // null records follow the last case
   bool isSplit = false;
   int weightColumn = -1;
   bool predictSet = false;

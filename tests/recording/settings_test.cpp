@@ -180,6 +180,21 @@ TEST_F(Fetch, SucceedsWithOneCaseAndFailsWithNone) {
   EXPECT_THAT(matrix, testing::IsEmpty());
 }
 
+TEST_F(Fetch, EndsWithAHostThatDeliversWhatCannotBe) {
+  host.goesOnForEver = true;
+  const std::pair<int, std::string> endless = fetch({4}, "");
+  EXPECT_EQ(endless.first, 0);
+  EXPECT_THAT(endless.second, testing::HasSubstr("! fetchDataFromActiveDataSet: Standard exception: The host delivers "
+                                                 "records without values.\n"));
+  host.goesOnForEver = false;
+  for (const int size : {6, 1 << 20, -1}) {
+    host.recordSize = size;
+    const std::pair<int, std::string> wide = fetch({4}, "");
+    EXPECT_EQ(wide.first, 0) << size;
+    EXPECT_THAT(wide.second, testing::HasSubstr("values where at most 5 are possible.\n"));
+  }
+}
+
 // This host has neither function of host/long_work.h.
 TEST(LongWork, RunsOnOneThreadInAHostThatDoesNotKnowIt) {
   EXPECT_EQ(procedures::threadsAllowed(), 1u);

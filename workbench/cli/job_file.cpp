@@ -3,7 +3,6 @@
 #include <cmath>
 #include <fstream>
 #include <iostream>
-#include <sstream>
 #include <utility>
 
 #include "workbench/base/errors.h"
@@ -29,20 +28,29 @@ std::vector<std::string_view> unitWords() {
   return words;
 }
 
-std::string textOf(std::istream& stream) {
-  std::ostringstream text;
-  text << stream.rdbuf();
-  return text.str();
+constexpr std::size_t kMostMebibytes = 4;
+constexpr std::size_t kMostKeyParts = 16;
+
+// Not more than a job file may have, whatever comes.
+std::string textOf(std::istream& stream, const std::string& name) {
+  std::string text((kMostMebibytes << 20U) + 1, '\0');
+  stream.read(text.data(), static_cast<std::streamsize>(text.size()));
+  if (stream.gcount() == static_cast<std::streamsize>(text.size())) {
+    throw UsageError(tr("^1 has more than ^2 MiB, which no job file has. For data: varmodel fit FILE --endogenous A B.",
+                        name, kMostMebibytes));
+  }
+  text.resize(static_cast<std::size_t>(stream.gcount()));
+  return text;
 }
 
 std::string readText(const std::filesystem::path& file) {
-  if (file == kStandardStream) return textOf(std::cin);
+  if (file == kStandardStream) return textOf(std::cin, tr("standard input"));
   std::ifstream stream(file, std::ios::binary);
   if (!stream) {
     throw UsageError(
         tr("there is no job file ^1. Give the path of a TOML file, such as examples/us_macro.toml.", file.string()));
   }
-  return textOf(stream);
+  return textOf(stream, file.string());
 }
 
 // How messages call the job file.
@@ -71,6 +79,12 @@ std::string faultOf(const toml::parse_error& error, const std::string& text, con
 toml::table parseToml(const std::filesystem::path& file) {
   requireNoData(file);
   const std::string text = readText(file);
+  if (const auto line = findDeepKey(text, kMostKeyParts)) {
+    throw UsageError(
+        tr("^1, line ^2: this key has more than ^3 parts. Those of a job file have at most three, such as "
+           "variables.infl.label.",
+           nameOf(file), *line, kMostKeyParts));
+  }
   try {
     return toml::parse(text, nameOf(file));
   } catch (const toml::parse_error& error) {

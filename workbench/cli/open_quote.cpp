@@ -27,30 +27,54 @@ std::size_t behindClosing(std::string_view text, std::size_t at, const std::stri
   return std::string_view::npos;
 }
 
+std::size_t lineAt(std::string_view text, std::size_t at) {
+  return 1 + static_cast<std::size_t>(std::ranges::count(text.substr(0, at), '\n'));
+}
+
 OpenQuote openAt(std::string_view text, std::size_t at) {
   const std::size_t lineBegin = text.substr(0, at).rfind('\n') + 1;  // npos + 1 is the beginning
-  return {.line = 1 + static_cast<std::size_t>(
-                          std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(at), '\n')),
+  return {.line = lineAt(text, at),
           .column = 1 + decodeUtf8(text.substr(lineBegin, at - lineBegin)).size(),
           .quote = quoteAt(text, at)};
 }
 
-}  // namespace
-
-std::optional<OpenQuote> findOpenQuote(std::string_view toml) {
+// Shows every place outside of texts and comments to `visit`, which ends the walk by true. The place where it ended, or
+// where a quote stays open; the size of the text otherwise.
+template <typename Visit>
+std::size_t walk(std::string_view toml, Visit visit) {
   for (std::size_t at = 0; at < toml.size();) {
     if (toml[at] == '#') {
       at = std::min(toml.find('\n', at), toml.size());
     } else if (toml[at] == '"' || toml[at] == '\'') {
       const std::string quote = quoteAt(toml, at);
       const std::size_t behind = behindClosing(toml, at + quote.size(), quote);
-      if (behind == std::string_view::npos) return openAt(toml, at);
+      if (behind == std::string_view::npos) return at;
       at = behind;
     } else {
+      if (visit(toml[at])) return at;
       ++at;
     }
   }
-  return std::nullopt;
+  return toml.size();
+}
+
+}  // namespace
+
+std::optional<OpenQuote> findOpenQuote(std::string_view toml) {
+  const std::size_t end = walk(toml, [](char) { return false; });
+  if (end == toml.size()) return std::nullopt;
+  return openAt(toml, end);
+}
+
+std::optional<std::size_t> findDeepKey(std::string_view toml, std::size_t mostParts) {
+  std::size_t parts = 1;
+  const auto deepens = [&](char c) {
+    if (std::string_view("=,[]{}\n").find(c) != std::string_view::npos) parts = 1;
+    return c == '.' && ++parts > mostParts;
+  };
+  const std::size_t end = walk(toml, deepens);
+  if (parts <= mostParts) return std::nullopt;
+  return lineAt(toml, end);
 }
 
 }  // namespace workbench

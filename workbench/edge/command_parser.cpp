@@ -161,6 +161,7 @@ int UniversalParser::getCommandSpecifications() {
     session.parsed = true;
     session.requestedLists = workbench::requestedLists(parsed);
     session.requestedNumbers = workbench::requestedNumbers(parsed);
+    session.places = workbench::places(parsed);
     session.namedFiles = workbench::namedFiles(parsed, stateOf(state_->description));
     stateOf(state_->result) = parseResult(std::move(parsed));
   }

@@ -16,6 +16,7 @@
 #include "workbench/base/json.h"
 #include "workbench/base/language.h"
 #include "workbench/base/taken_file.h"
+#include "workbench/base/text_excerpt.h"
 #include "workbench/dataset/dataset.h"
 #include "workbench/dates/trends_settings.h"
 
@@ -80,10 +81,12 @@ struct CallRecord {
   std::map<std::string, std::vector<std::string>> requestedLists;
   std::map<std::string, double> requestedNumbers;
   std::vector<std::string> namedFiles;  // as the command writes them
+  std::map<std::string, Span> places;   // in the command's text: of "MODEL" its name, of "MODEL MAXLAG" its value
   std::vector<Message> messages;
   std::vector<CasePass> passes;
   std::vector<std::filesystem::path> savedFiles;
   std::string saveError;         // why a saved file could not be written
+  int begunItems = 0;            // tables and charts that the procedure began to make
   rapidjson::Document document;  // what the converter received; null when it received nothing
   StageClock clock;
 };

@@ -2,6 +2,7 @@
 
 #include "workbench/document/document_writer.h"
 #include "workbench/document/table_writer.h"
+#include "workbench/edge/session.h"
 
 namespace tablestatjson {
 
@@ -10,8 +11,10 @@ struct TableBuilder::State {
   workbench::TableWriter table;
 };
 
-TableBuilder::TableBuilder(StatJSONGenerator& generator, const std::string& name)
-    : state_(new State{generator, {generator.getProcedureStatJSON().GetAllocator(), name}}) {}
+TableBuilder::TableBuilder(StatJSONGenerator& generator, const std::string& name) {
+  ++workbench::currentSession().begunItems;
+  state_.reset(new State{generator, {generator.getProcedureStatJSON().GetAllocator(), name}});
+}
 TableBuilder::~TableBuilder() = default;
 
 void TableBuilder::setTitle(const std::string& title) {

@@ -4,6 +4,7 @@
 
 #include "workbench/document/chart_writer.h"
 #include "workbench/document/document_writer.h"
+#include "workbench/edge/session.h"
 
 struct StatVizlGraph::State {
   StatJSONGenerator& generator;
@@ -16,8 +17,10 @@ struct StatVizlGraph::State {
         procedureName(output.getProcedureStatJSON()["procedure"].GetString()) {}
 };
 
-StatVizlGraph::StatVizlGraph(StatJSONGenerator& generator, const std::string& name)
-    : state_(new State(generator, name)) {}
+StatVizlGraph::StatVizlGraph(StatJSONGenerator& generator, const std::string& name) {
+  ++workbench::currentSession().begunItems;
+  state_.reset(new State(generator, name));
+}
 StatVizlGraph::~StatVizlGraph() = default;
 
 void StatVizlGraph::writeSpecification(rapidjson::Value& /*chart*/, rapidjson::Document::AllocatorType& /*allocator*/) {

@@ -94,6 +94,7 @@ void CommandReader::readSubcommand() {
   const SubcommandDescription& subcommand = readSubcommandName();
   ParsedSubcommand parsed;
   parsed.name = subcommand.name;
+  parsed.place = {cursor_.takenTo() - subcommand.name.size(), cursor_.takenTo()};
   readParameters(subcommand, parsed);
   result_.subcommands.push_back(std::move(parsed));
 }
@@ -146,7 +147,10 @@ ParsedParameter CommandReader::readParameter(const SubcommandDescription& subcom
   const ParameterDescription& parameter = described(subcommand, name);
   if (equals) {
     cursor_.take();
-    return readValue(cursor_, parameter, name, source_, variables);
+    const std::size_t begin = cursor_.peek().span.begin;
+    ParsedParameter given = readValue(cursor_, parameter, name, source_, variables);
+    given.value = {begin, cursor_.takenTo()};
+    return given;
   }
   if (parameter.kind == ParameterKind::optionalName) return {.name = parameter.name};
   throw SyntaxError(name.span, parameter.name + " lacks its equals sign and value: " + parameter.name + "=...");

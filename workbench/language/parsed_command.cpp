@@ -28,6 +28,17 @@ std::vector<std::string> namedFiles(const ParsedCommand& command, const CommandD
   return files;
 }
 
+std::map<std::string, Span> places(const ParsedCommand& command) {
+  std::map<std::string, Span> found;
+  for (const ParsedSubcommand& subcommand : command.subcommands) {
+    found[subcommand.name] = subcommand.place;
+    for (const ParsedParameter& parameter : subcommand.parameters) {
+      found[subcommand.name + " " + parameter.name] = parameter.value;
+    }
+  }
+  return found;
+}
+
 std::map<std::string, double> requestedNumbers(const ParsedCommand& command) {
   std::map<std::string, double> numbers;
   for (const ParsedSubcommand& subcommand : command.subcommands) {

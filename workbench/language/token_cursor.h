@@ -26,6 +26,8 @@ class TokenCursor {
   bool atParameter() const;
   // The next token touches the one before it.
   bool atGlued() const { return next_ > 0 && tokens_[next_ - 1].span.end == tokens_[next_].span.begin; }
+  // Where the last token that was taken ends.
+  std::size_t takenTo() const { return next_ == 0 ? 0 : tokens_[next_ - 1].span.end; }
   // The token after the next one; `end` at the end.
   const Token& second() const { return tokens_[atEnd() ? next_ : next_ + 1]; }
 

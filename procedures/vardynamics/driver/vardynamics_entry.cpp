@@ -11,6 +11,7 @@
 #include "host/parser_message.h"
 #include "host/procedure.h"
 #include "procedures/common/long_work.h"
+#include "procedures/common/trace.h"
 #include "procedures/vardynamics/analysis/analysis.h"
 #include "procedures/vardynamics/data/user_error.h"
 #include "procedures/vardynamics/output/write_document.h"
@@ -35,7 +36,7 @@ class StepRunner {
     } catch (const UserError& error) {
       reporter_.GenericError(error.what());
     } catch (const std::exception& error) {
-      std::cerr << "VARDynamics: Standard exception: " << error.what() << '\n';
+      std::cerr << "VARDynamics: Standard exception: " << procedures::OneLine{error.what()} << '\n';
     } catch (...) {
       std::cerr << "VARDynamics: Unknown exception occurred.\n";
     }
@@ -99,8 +100,8 @@ void VARDYNAMICS() {
   try {
     vardynamics::runCommand();
   } catch (const std::exception& error) {
-    std::cerr << "VARDYNAMICS: Standard exception: " << error.what() << std::endl;
+    procedures::traceGuarded("VARDYNAMICS: Standard exception: ", error.what());
   } catch (...) {
-    std::cerr << "VARDYNAMICS: Unknown exception occurred." << std::endl;
+    procedures::traceGuarded("VARDYNAMICS: Unknown exception occurred.");
   }
 }

@@ -9,6 +9,7 @@
 #include "host/case_file.h"
 #include "procedures/common/number_text.h"
 #include "procedures/common/saved_file.h"
+#include "procedures/common/trace.h"
 #include "procedures/vardynamics/save/backtest_columns.h"
 
 namespace vardynamics {
@@ -91,7 +92,7 @@ class ResultColumns {
 };
 
 bool refused(const std::string& what) {
-  std::cerr << "Error: VARDynamics::saveResults - Refused: " << what << '\n';
+  procedures::traceError("VARDynamics", "saveResults", "Refused: " + what);
   return false;
 }
 

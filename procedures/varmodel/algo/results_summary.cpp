@@ -6,6 +6,8 @@
 #include <string_view>
 #include <utility>
 
+#include "procedures/common/trace.h"
+
 namespace varmodel {
 namespace {
 
@@ -34,7 +36,7 @@ void writeHeadings(std::ostream& out, std::initializer_list<Heading> headings) {
 }
 
 void writeName(std::ostream& out, const EquationResult& result) {
-  out << std::setw(kNameWidth) << result.equationName;
+  out << std::setw(kNameWidth) << procedures::onOneLine(result.equationName);
 }
 
 void writeLagSelection(std::ostream& out, const VARAlgo& algo) {
@@ -152,7 +154,7 @@ void writeCorrelations(std::ostream& out, const Results& results) {
   out << "\n[6] CORRELATION MATRIX OF RESIDUALS\n";
   writeRule(out, '-', 100);
   out << std::setw(kNameWidth) << "";
-  for (const EquationResult& result : results) out << std::setw(16) << result.equationName;
+  for (const EquationResult& result : results) out << std::setw(16) << procedures::onOneLine(result.equationName);
   out << '\n';
   for (std::size_t i = 0; i < results.size(); ++i) {
     const std::vector<std::vector<double>>& matrix = results[i].residualCorrelation;
@@ -184,7 +186,7 @@ std::string_view significanceMark(double pValue) {
 }
 
 void writeCoefficients(std::ostream& out, const EquationResult& result, std::size_t section) {
-  out << "\n[" << section << "] COEFFICIENTS: " << result.equationName << '\n';
+  out << "\n[" << section << "] COEFFICIENTS: " << procedures::OneLine{result.equationName} << '\n';
   writeRule(out, '-', 100);
   writeHeadings(
       out, {{"Parameter", 12}, {"Coefficient", 16}, {"Std.Error", 14}, {"t-ratio", 12}, {"p-value", 12}, {"Sig", 6}});

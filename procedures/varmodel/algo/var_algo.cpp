@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "engine/regression/residual_covariance.h"
+#include "procedures/common/trace.h"
 #include "procedures/varmodel/algo/overall_lag.h"
 #include "procedures/varmodel/syntax/command_identity.h"
 
@@ -77,7 +78,7 @@ std::int32_t VARAlgo::start() {
   try {
     return runSteps();
   } catch (const std::exception& exception) {
-    std::cerr << "VARAlgo::start - EXCEPTION: " << exception.what() << '\n';
+    std::cerr << "VARAlgo::start - EXCEPTION: " << procedures::OneLine{exception.what()} << '\n';
   } catch (...) {
     std::cerr << "VARAlgo::start - EXCEPTION: Unknown exception\n";
   }

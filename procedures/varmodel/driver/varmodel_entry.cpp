@@ -10,6 +10,7 @@
 #include "host/codes.h"
 #include "host/command_parser.h"
 #include "host/procedure.h"
+#include "procedures/common/trace.h"
 #include "procedures/varmodel/algo/results_summary.h"
 #include "procedures/varmodel/algo/var_algo.h"
 #include "procedures/varmodel/output/var_output_gen.h"
@@ -69,8 +70,8 @@ void VARMODEL() {
   try {
     varmodel::varmodel_entry();
   } catch (const std::exception& error) {
-    std::cerr << "VARMODEL: Standard exception: " << error.what() << std::endl;
+    procedures::traceGuarded("VARMODEL: Standard exception: ", error.what());
   } catch (...) {
-    std::cerr << "VARMODEL: Unknown exception occurred." << std::endl;
+    procedures::traceGuarded("VARMODEL: Unknown exception occurred.");
   }
 }

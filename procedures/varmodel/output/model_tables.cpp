@@ -4,6 +4,7 @@
 
 #include "host/codes.h"
 #include "procedures/common/number_text.h"
+#include "procedures/varmodel/output/trace.h"
 #include "procedures/varmodel/output/var_output_gen.h"
 
 namespace varmodel {
@@ -46,6 +47,11 @@ constexpr std::array kInferenceFields = {&EquationResult::coefficients, &Equatio
                                          &EquationResult::tStatistics,  &EquationResult::pValues,
                                          &EquationResult::lowerLimits,  &EquationResult::upperLimits};
 
+int creationFailed(const char* routine) {
+  traceError(routine, "Table creation failed");
+  return 1;
+}
+
 }  // namespace
 
 int VAROutputGen::generateDescriptiveStatistics() {
@@ -54,7 +60,7 @@ int VAROutputGen::generateDescriptiveStatistics() {
                                                             .showsTitle = false,
                                                             .rowLabel = localize("Variable"),
                                                             .columnLabel = localize("Statistics")});
-  if (!table) return 1;
+  if (!table) return creationFailed("generateDescriptiveStatistics");
   table->addColumnCategories(localizeAll({"N", "Mean", "Std. Deviation", "Minimum", "Maximum"}));
   table->addRowCategories(equationNames());
   table->fillColumn(0, columnOf(*results_, &EquationResult::descN));
@@ -75,7 +81,7 @@ int VAROutputGen::generateLagOrderCriteria() {
                                          .showsTitle = false,
                                          .rowLabel = localize("Lag Order"),
                                          .columnLabel = localize("Criteria")});
-  if (!table) return 1;
+  if (!table) return creationFailed("generateLagOrderCriteria");
   Texts labels{localize("Log Likelihood")};
   std::vector<const std::vector<double>*> columns{&algo_->logLikelihoods};
   const auto addCriterion = [&](bool requested, const char* key, const std::vector<double>& values) {
@@ -122,7 +128,7 @@ int VAROutputGen::generateModelParameters() {
                                            .showsTitle = false,
                                            .rowLabel = localize("Variable"),
                                            .columnLabel = localize("Statistics")});
-    if (!table) return 1;
+    if (!table) return creationFailed("generateModelParameters");
     table->addColumnCategories(columns);
     table->addRowCategories(rows);
     for (std::size_t i = 0; i < kInferenceFields.size(); ++i) {
@@ -152,7 +158,7 @@ int VAROutputGen::generateModelFitStatistics() {
   const std::string title = localize("Model Fit Statistics");
   const auto table =
       createTable(title, {.title = title, .rowLabel = localize("Variable"), .columnLabel = localize(" ")});
-  if (!table) return 1;
+  if (!table) return creationFailed("generateModelFitStatistics");
   Texts columns;
   for (const FitMeasure& measure : measures) columns.push_back(localize(measure.key));
   table->addColumnCategories(columns);

@@ -5,6 +5,7 @@
 #include <iostream>
 
 #include "procedures/common/saved_file.h"
+#include "procedures/common/trace.h"
 
 namespace varmodel {
 namespace {
@@ -50,7 +51,7 @@ std::int32_t VARSaveOutFile::run() {
 }
 
 void VARSaveOutFile::fail(const std::string& text) {
-  std::cerr << "Error: VARSaveOutFile::" << text << '\n';
+  procedures::traceLine("Error: VARSaveOutFile::" + text);
   state_ = kFailed;
 }
 

@@ -5,6 +5,7 @@
 #include <iostream>
 
 #include "procedures/common/command_table.h"
+#include "procedures/common/trace.h"
 #include "procedures/varmodel/syntax/command_identity.h"
 #include "procedures/varmodel/syntax/keyword_flags.h"
 
@@ -68,7 +69,7 @@ std::int32_t VARCommandDescriber::describeCommand() {
     }
     return 0;
   } catch (const std::exception& error) {
-    std::cerr << "VARCommandDescriber: Standard exception: " << error.what() << '\n';
+    std::cerr << "VARCommandDescriber: Standard exception: " << procedures::OneLine{error.what()} << '\n';
   } catch (...) {
     std::cerr << "VARCommandDescriber: Unknown exception occurred.\n";
   }

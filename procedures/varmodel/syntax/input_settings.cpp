@@ -5,6 +5,7 @@
 #include <iostream>
 #include <stdexcept>
 
+#include "procedures/common/trace.h"
 #include "procedures/varmodel/syntax/command_identity.h"
 #include "procedures/varmodel/syntax/subcommands.h"
 
@@ -53,7 +54,8 @@ std::int32_t VARInputSettings::start() {
               << "VARInputSettings::start - Completed successfully with status: SUCCESS\n";
     return 0;
   } catch (const std::exception& error) {
-    std::cerr << "VARInputSettings::start - EXCEPTION: Standard exception caught: " << error.what() << '\n';
+    std::cerr << "VARInputSettings::start - EXCEPTION: Standard exception caught: " << procedures::OneLine{error.what()}
+              << '\n';
   } catch (...) {
     std::cerr << "VARInputSettings::start - EXCEPTION: Unknown exception occurred\n";
   }

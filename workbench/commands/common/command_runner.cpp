@@ -43,7 +43,9 @@ FinishedRun CommandRunner::call(const Command& command, bool parseOnly) {
                   .streams = std::move(streams),
                   .outcome = {}};
   run.record = std::move(static_cast<CallRecord&>(session_));
-  run.outcome = command.outcome(run.record, run.streams);
+  const std::size_t blanks = session_.commandText.size() - run.text.size();
+  for (auto& [name, place] : run.record.places) place = {place.begin - blanks, place.end - blanks};
+  run.outcome = withWhatWasLeft(command.outcome(run.record, run.streams), run.record);
   return run;
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "workbench/document/document_reader.h"
 #include "workbench/edge/texts.h"
 
 namespace workbench {
@@ -13,12 +14,29 @@ int Outcome::exitCode() const {
   return failedStep == 6 ? 4 : 1;
 }
 
+std::string_view lastLine(std::string_view stream) {
+  stream = stream.substr(0, stream.find_last_not_of('\n') + 1);  // npos + 1 is nothing
+  const std::size_t before = stream.rfind('\n');
+  return before == std::string_view::npos ? stream : stream.substr(before + 1);
+}
+
 int failedStep(const CapturedStreams& streams, const std::string& entry) {
   const std::string prefix = entry + ": Step";
-  const auto at = streams.err.rfind(prefix);
-  if (at == std::string::npos || at + prefix.size() >= streams.err.size()) return 0;
-  const char digit = streams.err[at + prefix.size()];
+  const std::string_view line = lastLine(streams.err);
+  if (!line.starts_with(prefix) || line.size() == prefix.size()) return 0;
+  const char digit = line[prefix.size()];
   return digit >= '1' && digit <= '6' ? digit - '0' : 0;
+}
+
+Outcome withWhatWasLeft(Outcome outcome, const CallRecord& record) {
+  if (!outcome.succeeded) return outcome;
+  const Json* items = record.document.IsObject() ? itemsOf(record.document) : nullptr;
+  const int made = items == nullptr ? 0 : static_cast<int>(items->Size());
+  outcome.lostItems = std::max(outcome.lostItems, record.begunItems - made);
+  if (outcome.lostItems > 0) outcome.failedStep = 5;
+  if (record.savedFiles.size() < record.namedFiles.size()) outcome.failedStep = 6;
+  outcome.succeeded = outcome.failedStep == 0;
+  return outcome;
 }
 
 std::string stepName(int step) {

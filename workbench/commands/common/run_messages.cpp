@@ -58,6 +58,11 @@ std::vector<RunMessage> collectMessages(const FinishedRun& run, CommandRunner& r
   std::vector<RunMessage> result;
   addProcedureMessages(run, runner, result);
   if (!run.outcome.succeeded) {
+    if (run.outcome.lostItems > 0) {
+      result.push_back({Kind::error, tr("^1 of the tables and charts could not be made and are missing here. There may "
+                                        "be too little memory.",
+                                        run.outcome.lostItems)});
+    }
     if (!run.record.saveError.empty()) result.push_back({Kind::error, run.record.saveError});
     // A stop after a warning (EIGEN without CORRMATRIX) has its reason in the warning.
     if (result.empty()) result.push_back({Kind::error, explainSilentStop(run)});

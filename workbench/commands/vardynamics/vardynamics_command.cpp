@@ -26,9 +26,9 @@ bool VardynamicsCommand::includesUserMissing(const CallRecord& parsed) const {
 }
 
 Outcome VardynamicsCommand::outcome(const CallRecord& record, const CapturedStreams& streams) const {
-  constexpr std::string_view success = "VAR Dynamics: Steps 1, 2, 3, 4, 5, and 6 completed successfully!\n";
+  constexpr std::string_view success = "VAR Dynamics: Steps 1, 2, 3, 4, 5, and 6 completed successfully!";
   Outcome outcome = Command::outcome(record, streams);
-  outcome.succeeded = outcome.succeeded && streams.out.ends_with(success);
+  outcome.succeeded = outcome.succeeded && lastLine(streams.out) == success;
   return outcome;
 }
 

@@ -1,7 +1,9 @@
 #include "workbench/commands/varmodel/notes.h"
 
+#include <functional>
 #include <iterator>
-#include <regex>
+#include <map>
+#include <utility>
 
 #include "workbench/commands/varmodel/document_items.h"
 #include "workbench/commands/varmodel/selected_lag.h"
@@ -41,18 +43,22 @@ void addTestNotes(const CallRecord& record, std::vector<std::string>& notes) {
 }
 
 // The command with MINLAG and MAXLAG both set to one lag.
-std::string withFixedLag(const std::string& command, int lag) {
-  std::string text = command;
+std::string withFixedLag(const FinishedRun& run, int lag) {
+  const std::map<std::string, Span>& places = run.record.places;
+  std::map<std::size_t, std::pair<std::size_t, std::string>, std::greater<>>
+      changes;  // from the last place to the first
+  const std::size_t behindName = places.at("MODEL").end;
   for (const std::string name : {"MINLAG", "MAXLAG"}) {
-    const std::string setting = name + "=" + std::to_string(lag);
-    const std::regex given("\\b" + name + "\\s*=\\s*[0-9.]+", std::regex::icase);
-    if (std::regex_search(text, given)) {
-      text = std::regex_replace(text, given, setting);
+    const auto given = places.find("MODEL " + name);
+    if (given == places.end()) {
+      auto& [size, text] = changes[behindName];
+      text += " " + name + "=" + std::to_string(lag);
     } else {
-      const std::regex model("/\\s*MODEL\\b(?!STAT)", std::regex::icase);
-      text = std::regex_replace(text, model, "/MODEL " + setting, std::regex_constants::format_first_only);
+      changes[given->second.begin] = {given->second.end - given->second.begin, std::to_string(lag)};
     }
   }
+  std::string text = run.text;
+  for (const auto& [begin, change] : changes) text.replace(begin, change.first, change.second);
   return text;
 }
 
@@ -60,7 +66,7 @@ std::string withFixedLag(const std::string& command, int lag) {
 std::string lagRemedy(const FinishedRun& run) {
   const int selected = selectedLag(run);
   if (selected == lagRange(run.record).most) return {};
-  return tr("To have everything for lag ^1, run this command:\n^2", selected, withFixedLag(run.text, selected));
+  return tr("To have everything for lag ^1, run this command:\n^2", selected, withFixedLag(run, selected));
 }
 
 // The warnings of the trace, but for those that another note says or that the next run settles.

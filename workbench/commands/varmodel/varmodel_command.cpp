@@ -1,5 +1,7 @@
 #include "workbench/commands/varmodel/varmodel_command.h"
 
+#include <sstream>
+#include <string>
 #include <string_view>
 
 #include "workbench/base/process.h"
@@ -13,8 +15,17 @@ namespace workbench {
 
 namespace {
 
-// The last line; the dump of the document before it may hold the same text, as somebody's variable name.
-constexpr std::string_view successEnd = "\nVAR Model: Steps 1, 2, 3, 4, 5, and 6 completed successfully!\n";
+constexpr std::string_view successLine = "VAR Model: Steps 1, 2, 3, 4, 5, and 6 completed successfully!";
+
+// The procedure goes on without a table or chart that its host could not create, and traces that alone.
+int failedCreations(const std::string& trace) {
+  int count = 0;
+  std::istringstream lines(trace);
+  for (std::string line; std::getline(lines, line);) {
+    if (line.starts_with("Error: VAROutputGen::generate") && line.find("reation failed") != std::string::npos) ++count;
+  }
+  return count;
+}
 
 }  // namespace
 
@@ -28,8 +39,9 @@ void VarmodelCommand::requestSummary(bool wanted) const {
 
 Outcome VarmodelCommand::outcome(const CallRecord& /*record*/, const CapturedStreams& streams) const {
   Outcome outcome;
-  outcome.succeeded = streams.out.ends_with(successEnd);
+  outcome.succeeded = streams.out.ends_with('\n') && lastLine(streams.out) == successLine;
   if (!outcome.succeeded) outcome.failedStep = failedStep(streams, "varmodel_entry");
+  outcome.lostItems = failedCreations(streams.err);
   return outcome;
 }
 
