@@ -1,6 +1,6 @@
-# Gathers what the report embeds: the chart library's bundles from node_modules (scripts/setup.sh fills it), each with
-# its licence and without its source map, and the page's own files. Done when CMake runs; a changed input makes it run
-# again.
+# Gathers what the report embeds: the chart library's bundles from node_modules (scripts/setup.sh fills it) without their
+# source maps, the licences of all that they hold, and the page's own files. Done when CMake runs; a changed input makes
+# it run again.
 set(report_assets ${PROJECT_BINARY_DIR}/report_assets)
 
 function(report_write name text)
@@ -10,17 +10,15 @@ function(report_write name text)
   file(CONFIGURE OUTPUT ${report_assets}/${name} CONTENT "@text@" @ONLY)
 endfunction()
 
-# The text of one bundle; its licence joins those that the page shows.
+# The text of one bundle.
 function(report_bundle package file result)
   set(folder ${PROJECT_SOURCE_DIR}/node_modules/${package})
   if(NOT EXISTS ${folder}/build/${file})
     message(FATAL_ERROR "node_modules has no ${package}: run scripts/setup.sh")
   endif()
-  file(READ ${folder}/LICENSE licence)
   file(READ ${folder}/build/${file} code)
   string(REGEX REPLACE "//# sourceMappingURL=[^\n]*" "" code "${code}")
   set(${result} "${code}" PARENT_SCOPE)
-  set(licences "${licences}/*! ${package}\n${licence}*/\n" PARENT_SCOPE)
   set_property(DIRECTORY ${PROJECT_SOURCE_DIR} APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${folder}/build/${file})
 endfunction()
 
@@ -50,6 +48,22 @@ set(packer "const { readFileSync, writeFileSync } = require('fs')
   writeFileSync('library.txt', packed.toString('base64'))")
 execute_process(COMMAND ${NODE} -e "${packer}" WORKING_DIRECTORY ${report_assets} COMMAND_ERROR_IS_FATAL ANY)
 
+# Their licences stand in the last part of THIRD_PARTY.md.
+set(third_party ${PROJECT_SOURCE_DIR}/THIRD_PARTY.md)
+set_property(DIRECTORY ${PROJECT_SOURCE_DIR} APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${third_party})
+file(READ ${third_party} licences)
+string(FIND "${licences}" "\n## Reports\n" at)
+if(at EQUAL -1)
+  message(FATAL_ERROR "THIRD_PARTY.md has no licences of reports: run scripts/third_party.py")
+endif()
+string(SUBSTRING "${licences}" ${at} -1 licences)
+string(REGEX REPLACE "^\n## Reports\n+" "" licences "${licences}")
+string(REGEX REPLACE "```\n?" "" licences "${licences}")
+string(REPLACE "\n### " "\n" licences "\n${licences}")
+string(REPLACE "&" "&amp;" licences "${licences}")
+string(REPLACE "<" "&lt;" licences "${licences}")
+report_write(licences.txt "${licences}")
+
 set(page "")
 foreach(part data axis library marks spec legend chart inspect points picture data_view save panel page)
   set(file ${CMAKE_CURRENT_LIST_DIR}/page/${part}.js)
@@ -57,7 +71,7 @@ foreach(part data axis library marks spec legend chart inspect points picture da
   string(APPEND page "${code}\n")
   set_property(DIRECTORY ${PROJECT_SOURCE_DIR} APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${file})
 endforeach()
-report_write(page.js "${licences}(() => {\n'use strict';\n${page}})();\n")
+report_write(page.js "(() => {\n'use strict';\n${page}})();\n")
 
 # Browsers that do not know light-dark() get each colour twice.
 set(sheet ${CMAKE_CURRENT_LIST_DIR}/page/page.css)

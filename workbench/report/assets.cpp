@@ -25,6 +25,7 @@ EMBED(report_library, "library.txt");
 EMBED(report_page_script, "page.js");
 EMBED(report_page_style, "page.css");
 EMBED(report_policy, "policy.txt");
+EMBED(report_licences, "licences.txt");
 
 namespace workbench {
 
@@ -46,6 +47,10 @@ std::string_view pageScript() {
 
 std::string_view pageStyle() {
   return between(report_page_style, report_page_style_end);
+}
+
+std::string_view libraryLicences() {
+  return between(report_licences, report_licences_end);
 }
 
 std::string_view contentPolicy() {

@@ -9,7 +9,10 @@ namespace workbench {
 // The chart library as base64 of gzip. One script when unpacked; it evaluates expressions without eval.
 std::string_view packedLibrary();
 
-// Our own, from page/, the library's licences before it; contains no "</script".
+// The licences of all that the chart library holds, as HTML text.
+std::string_view libraryLicences();
+
+// Our own, from page/; contains no "</script".
 std::string_view pageScript();
 std::string_view pageStyle();
 

@@ -280,7 +280,16 @@ class Page {
       out += "<noscript><p class=\"remark\">" + htmlText(input_.language.tr("Charts are drawn by a script.")) +
              "</p></noscript>\n";
     }
-    return out + main_ + "</main>\n</div>\n<div id=\"status\" role=\"status\" aria-live=\"polite\"></div>\n";
+    return out + main_ + "</main>\n</div>\n" + licences() +
+           "<div id=\"status\" role=\"status\" aria-live=\"polite\"></div>\n";
+  }
+
+  // The licences ask to come along with every copy of the library.
+  std::string licences() const {
+    if (charts_.empty()) return {};
+    const std::string title = htmlText(input_.language.tr("Licences of the chart library in this page"));
+    return fmt::format("<footer><details><summary>{}</summary>\n<pre>{}</pre></details></footer>\n", title,
+                       libraryLicences());
   }
 
   std::string scripts() const {
