@@ -35,8 +35,19 @@ foreach(source ${command_folders})
 endforeach()
 varmodel_folder(workbench/commands/fit LINKS ${command_libraries})
 varmodel_folder(workbench/commands LINKS workbench_commands_fit)
-varmodel_folder(workbench/cli LINKS workbench_commands workbench_report workbench_plots tomlplusplus::tomlplusplus)
-target_compile_definitions(workbench_cli PRIVATE VARMODEL_VERSION="varmodel ${PROJECT_VERSION}")
+varmodel_folder(workbench/manual LINKS workbench_base fmt::fmt-header-only CLI11::CLI11)
+varmodel_folder(workbench/cli
+  LINKS workbench_commands workbench_report workbench_plots workbench_manual tomlplusplus::tomlplusplus)
+
+# The version stands in CMake's project alone; the commit is looked up by every build.
+set(build_facts ${PROJECT_BINARY_DIR}/generated/build_facts.h)
+add_custom_target(build_facts BYPRODUCTS ${build_facts} VERBATIM
+  COMMAND ${CMAKE_COMMAND} -DSOURCE=${PROJECT_SOURCE_DIR} -DOUTPUT=${build_facts}
+    -DTEMPLATE=${PROJECT_SOURCE_DIR}/workbench/cli/build_facts.h.in -DVERSION=${PROJECT_VERSION}
+    "-DCOMPILER=${CMAKE_CXX_COMPILER_ID} ${CMAKE_CXX_COMPILER_VERSION}" -DBUILD_TYPE=${CMAKE_BUILD_TYPE}
+    "-DPLATFORM=${CMAKE_SYSTEM_NAME} ${CMAKE_SYSTEM_PROCESSOR}" -P ${PROJECT_SOURCE_DIR}/cmake/build_facts.cmake)
+set_source_files_properties(workbench/cli/version.cpp PROPERTIES INCLUDE_DIRECTORIES ${PROJECT_BINARY_DIR})
+add_dependencies(workbench_cli build_facts)
 set(VARMODEL_HOST_PARTS workbench_edge)
 
 add_executable(varmodel workbench/main.cpp)
@@ -57,3 +68,14 @@ foreach(dictionary ${dictionaries})
   cmake_path(GET dictionary FILENAME file)
   configure_file(${dictionary} ${PROJECT_BINARY_DIR}/share/varmodel/locale/${file} COPYONLY)
 endforeach()
+foreach(text LICENSE THIRD_PARTY.md)
+  configure_file(${PROJECT_SOURCE_DIR}/${text} ${PROJECT_BINARY_DIR}/share/varmodel/${text} COPYONLY)
+endforeach()
+
+# Man pages and completions come from the program itself, where this machine can run it.
+if(NOT CMAKE_CROSSCOMPILING)
+  set(manual_made ${PROJECT_BINARY_DIR}/generated/manual)
+  add_custom_command(OUTPUT ${manual_made} DEPENDS varmodel VERBATIM
+    COMMAND varmodel --manual ${PROJECT_BINARY_DIR}/share COMMAND ${CMAKE_COMMAND} -E touch ${manual_made})
+  add_custom_target(manual ALL DEPENDS ${manual_made})
+endif()

@@ -37,8 +37,9 @@ ALLOWED = {
     "workbench/commands/fit": {"workbench/commands/common", "workbench/commands/varmodel", "workbench/commands/vardynamics",
                                *PURE, "workbench/edge", "workbench/render"},
     "workbench/commands": {*PURE},
+    "workbench/manual": {"workbench/base"},
     "workbench/cli": {*PURE, "workbench/edge", "workbench/render", "workbench/report", "workbench/plots",
-                      "workbench/commands"},
+                      "workbench/manual", "workbench/commands", "generated/build_facts.h"},
     "workbench": {"workbench/base", "workbench/cli"},
     "bench": {"engine", "procedures", "workbench/edge", "tests/algo", "tests/engine"},
     # A test knows what it tests, the host classes where it needs a host, and fixtures of others.

@@ -13,7 +13,9 @@
 #include "workbench/base/utf8_path.h"
 #include "workbench/cli/help_examples.h"
 #include "workbench/cli/help_format.h"
+#include "workbench/cli/manual_text.h"
 #include "workbench/cli/usage_message.h"
+#include "workbench/cli/version.h"
 #include "workbench/commands/common/option_checks.h"
 #include "workbench/commands/registry.h"
 #include "workbench/edge/texts.h"
@@ -115,6 +117,15 @@ void addDescribe(CLI::App& program, DescribeOptions& options) {
   addLanguageOption(*describe, options.output);
 }
 
+// The text is made when it is asked for, and the program then has done what it was asked.
+void addFlagThatEnds(CLI::App& program, const std::string& name, std::string (*text)(),
+                     const std::string& description) {
+  program
+      .add_flag_callback(
+          name, [text] { throw CLI::CallForVersion(text(), 0); }, description)
+      ->configurable(false);
+}
+
 // The parser writes into them: they must not move while it lives.
 std::vector<ComposeOptions> composedJobs() {
   std::vector<ComposeOptions> jobs;
@@ -140,7 +151,8 @@ Invocation parseCommandLine(int argc, const char* const* argv) {
   DescribeOptions describe;
   std::vector<ComposeOptions> composed = composedJobs();
   CLI::App program("Vector autoregression: fit, diagnose, forecast, report.", "varmodel");
-  program.set_version_flag("--version", VARMODEL_VERSION);
+  addFlagThatEnds(program, "--version", versionText, "Show the version, the facts of its build and the parts it finds");
+  addFlagThatEnds(program, "--licenses", licencesText, "Show the licences of the program and of what it contains");
   program.require_subcommand(1);
   program.formatter(std::make_shared<HelpFormat>());
   addRun(program, run);
@@ -150,6 +162,10 @@ Invocation parseCommandLine(int argc, const char* const* argv) {
   addExamples(program);
   std::vector<std::string> words(argv + 1, argv + argc);
   speakAsAsked(words);
+  if (const auto text = manualText(program, words)) {
+    std::cout << *text;
+    return EndNow{0};
+  }
   try {
     program.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

@@ -15,7 +15,9 @@ void addDataOptions(CLI::App& app, DataOptions& options) {
       ->type_name("N")
       ->check(CLI::NonNegativeNumber)
       ->group(kGroup);
-  app.add_option("--encoding", options.encoding, "utf-8 (default), latin1 or utf-16")->type_name("NAME")->group(kGroup);
+  app.add_option("--encoding", options.encoding, "Encoding of a text file (default: utf-8)")
+      ->type_name("utf-8|latin1|utf-16")
+      ->group(kGroup);
   app.add_option("--sheet", options.sheet, "Sheet of an Excel workbook")->type_name("NAME")->group(kGroup);
 }
 

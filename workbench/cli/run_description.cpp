@@ -5,6 +5,7 @@
 #include <array>
 
 #include "workbench/base/toml_text.h"
+#include "workbench/cli/version.h"
 #include "workbench/commands/common/analysed_rows.h"
 #include "workbench/dates/case_label.h"
 
@@ -87,10 +88,8 @@ Settings settingsOf(const Job& job, std::size_t rows) {
 }  // namespace
 
 RunDescription describeRun(const Job& job, const OutputOptions& options, const JobInput& input) {
-  const std::string program = VARMODEL_VERSION;
-  const std::size_t blank = program.find(' ');
-  return {.program = program.substr(0, blank),
-          .version = program.substr(blank + 1),
+  return {.program = "varmodel",
+          .version = programVersion(),
           .commandLine = options.commandLine,
           .source = job.data.source.string(),
           .query = job.data.query,
