@@ -2,8 +2,10 @@
 
 PRESET ?= release
 PROGRAM = build/release/bin/varmodel
+PREFIX ?= /usr/local
+export DESTDIR
 
-.PHONY: demo test build setup bench accuracy determinism lint sanitize clean
+.PHONY: demo test build setup install uninstall package package-check bench accuracy determinism lint sanitize clean
 
 build: setup
 	@cmake --preset $(PRESET) -Wno-dev >build-$(PRESET).log 2>&1 || { cat build-$(PRESET).log; exit 1; }
@@ -23,6 +25,21 @@ test: build
 
 setup:
 	@scripts/setup.sh
+
+install: build
+	@scripts/install.sh install "$(PREFIX)" build/$(PRESET)
+
+uninstall:
+	@scripts/install.sh uninstall "$(PREFIX)"
+
+# An archive and a Debian package in build/release/packages/.
+package: build
+	@cmake --build build/$(PRESET) --target package
+
+# Installs, runs and removes both in a Debian that has nothing else.
+package-check: package
+	@scripts/setup.sh package
+	scripts/package_check.sh build/$(PRESET)/packages
 
 sanitize:
 	$(MAKE) test PRESET=sanitize

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs what building and testing need, once: Debian packages, the npm packages of package-lock.json (the report's
 # charts), and DuckDB's C library from npm packages.
-# Usage: scripts/setup.sh [lint] [bench] [determinism] [browser] [windows]   (what those targets need besides)
+# Usage: scripts/setup.sh [lint] [bench] [determinism] [browser] [windows] [package]   (what those targets need besides)
 # Nothing is done when all is there.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -14,8 +14,9 @@ for extra in "$@"; do
     browser) packages+=(chromium fonts-dejavu-core poppler-utils) ;;
     bench) packages+=(libopenblas-dev liblapacke-dev gretl hyperfine python3-statsmodels python3-matplotlib) ;;
     determinism) packages+=(clang) ;;
+    package) packages+=(debootstrap) ;;
     windows) packages+=(g++-mingw-w64-x86-64-posix libz-mingw-w64-dev wine64 xz-utils zip unzip) ;;
-    *) echo "setup: unknown extra '$extra' (known: lint, bench, determinism, browser, windows)" >&2; exit 2 ;;
+    *) echo "setup: unknown extra '$extra' (known: lint, bench, determinism, browser, windows, package)" >&2; exit 2 ;;
   esac
 done
 command -v gnuplot >/dev/null || packages+=(gnuplot-nox)

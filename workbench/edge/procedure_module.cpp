@@ -11,8 +11,10 @@ SharedLibrary load(const std::filesystem::path& library) {
   try {
     return SharedLibrary(library);
   } catch (const UsageError& error) {
-    throw UsageError(std::string("the procedure could not be loaded: ") + error.what() +
-                     "\nIt belongs in the folder lib beside the program's folder; build it with 'make build'.");
+    throw UsageError(
+        std::string("the procedure could not be loaded: ") + error.what() +
+        "\nIt belongs in lib/varmodel beside the program's folder, in a build tree in lib: install varmodel "
+        "again, or build it with 'make build'.");
   }
 }
 
@@ -32,8 +34,10 @@ CapturedStreams ProcedureModule::call(Session& session) const {
   return capture.finish();
 }
 
+// An installation keeps them in a folder of its own, a build tree does not.
 std::filesystem::path installedProcedures() {
-  return installationFolder() / "lib";
+  const std::filesystem::path libraries = installationFolder() / "lib";
+  return std::filesystem::is_directory(libraries / "varmodel") ? libraries / "varmodel" : libraries;
 }
 
 }  // namespace workbench

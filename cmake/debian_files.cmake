@@ -1,0 +1,16 @@
+# Run by CPack on the files of the Debian package: man pages and the changelog are compressed, zsh's completion lies
+# where Debian's zsh looks, and the copyright file holds the licences of all that is inside.
+file(GLOB roots ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/*/usr)
+foreach(usr ${roots})
+  set(doc ${usr}/share/doc/varmodel)
+  file(RENAME ${doc}/CHANGELOG.md ${doc}/changelog)
+  file(GLOB pages ${usr}/share/man/man1/*.1)
+  execute_process(COMMAND gzip -9nf ${doc}/changelog ${pages} COMMAND_ERROR_IS_FATAL ANY)
+  file(MAKE_DIRECTORY ${usr}/share/zsh/vendor-completions)
+  file(RENAME ${usr}/share/zsh/site-functions/_varmodel ${usr}/share/zsh/vendor-completions/_varmodel)
+  file(REMOVE_RECURSE ${usr}/share/zsh/site-functions)
+  file(READ ${usr}/share/varmodel/LICENSE own)
+  file(READ ${usr}/share/varmodel/THIRD_PARTY.md others)
+  file(WRITE ${doc}/copyright "${own}\n${others}")
+  file(CHMOD ${doc}/copyright PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
+endforeach()

@@ -1,0 +1,6 @@
+# Read by CPack once for every kind of package.
+set(CPACK_COMPONENTS_ALL program libraries)
+if(CPACK_GENERATOR STREQUAL "DEB")
+  set(CPACK_COMPONENTS_ALL program)
+  set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/debian_files.cmake)
+endif()
