@@ -101,6 +101,12 @@ export async function checkKeyboard(page) {
   await check('a link of the outline leads to its place, and the next key into it', async () => {
     await page.getByRole('link', { name: 'Test for Residuals' }).press('Enter');
     await page.waitForTimeout(300);
+    // The way from the page's end is long, and the machine may be busy: until nothing has moved for a while.
+    await page.waitForFunction(() => {
+      const before = window.scrolledTo;
+      window.scrolledTo = scrollY;
+      return before === scrollY;
+    }, null, { polling: 250 });
     const top = await page.locator('section.table').nth(1).evaluate((section) => section.getBoundingClientRect().top);
     ok(Math.abs(top - 16) < 2, `at ${top}`);
     await page.keyboard.press('Tab');
