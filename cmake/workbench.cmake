@@ -33,11 +33,13 @@ foreach(source ${command_folders})
   string(REPLACE "/" "_" name ${folder})
   list(APPEND command_libraries ${name})
 endforeach()
+target_link_libraries(workbench_commands_varmodel PUBLIC engine_dynamics)
 varmodel_folder(workbench/commands/fit LINKS ${command_libraries})
 varmodel_folder(workbench/commands LINKS workbench_commands_fit)
 varmodel_folder(workbench/manual LINKS workbench_base fmt::fmt-header-only CLI11::CLI11)
 varmodel_folder(workbench/cli
-  LINKS workbench_commands workbench_report workbench_plots workbench_manual tomlplusplus::tomlplusplus)
+  LINKS workbench_commands workbench_report workbench_plots workbench_manual engine_diagnostics
+    tomlplusplus::tomlplusplus)
 
 # The version stands in CMake's project alone; the commit is looked up by every build.
 set(build_facts ${PROJECT_BINARY_DIR}/generated/build_facts.h)

@@ -1,5 +1,6 @@
 // Unit-root tests against statsmodels 0.13.
 
+#include "engine/diagnostics/stationarity.h"
 #include "engine/diagnostics/unit_root_tests.h"
 #include "tests/engine/dynamics_fixture.h"
 
@@ -101,6 +102,29 @@ TEST(UnitRootTests, RefuseWhatDoesNotVaryOrIsTooShort) {
     EXPECT_EQ(seen.has_value(), length >= 6);
     EXPECT_TRUE(!seen || std::isfinite(seen->statistic)) << length;
   }
+}
+
+TEST(Stationarity, JoinsBothTestsAndTellsWhoseChangesAreInProportion) {
+  const SeriesList level = levels();
+  const auto verdict = [](const std::vector<double>& x) { return judgeStationarity(x, 0.05).value().verdict; };
+  EXPECT_EQ(verdict(level[0]), Stationarity::unitRoot);
+  EXPECT_EQ(verdict(growth()[0]), Stationarity::aroundLevel);
+  std::vector<double> trending = noise(3, 200);
+  for (std::size_t t = 0; t < trending.size(); ++t) trending[t] += 0.1 * double(t);
+  EXPECT_EQ(verdict(trending), Stationarity::aroundTrend);
+  EXPECT_FALSE(judgeStationarity(trendColumn(50), 0.05));
+  // A random walk in logarithms and one in levels, the latter far from zero too, in any unit.
+  std::vector<double> growing{100.0};
+  std::vector<double> walking{100.0};
+  for (const double step : noise(5, 300)) {
+    growing.push_back(growing.back() * std::exp(0.01 + 0.02 * step));
+    walking.push_back(walking.back() + 0.5 + 2.0 * step);
+  }
+  for (const double unit : {1e-6, 1.0, 1e9}) {
+    EXPECT_TRUE(changesInProportion(scaled({growing}, unit)[0]));
+    EXPECT_FALSE(changesInProportion(scaled({walking}, unit)[0]));
+  }
+  EXPECT_FALSE(changesInProportion(std::vector<double>{1.0, 2.0, 0.0, 3.0}));
 }
 
 TEST(MackinnonTail, EndsOfItsRangeAndCriticalValues) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <set>
 #include <utility>
 #include <vector>
 
@@ -9,6 +10,7 @@
 #include "workbench/cli/data_notes.h"
 #include "workbench/cli/job_input.h"
 #include "workbench/cli/screen.h"
+#include "workbench/cli/series_tests.h"
 #include "workbench/commands/common/command_runner.h"
 #include "workbench/dataset/case_value.h"
 #include "workbench/dates/date_guess.h"
@@ -75,8 +77,7 @@ PivotTable variablesTable(const Dataset& dataset) {
   PivotTable table;
   table.title = tr("Variables");
   table.rowDimension.label = tr("Variable");
-  for (const std::string& label :
-       {tr("Type"), tr("Values"), tr("Missing"), tr("Least (of texts: first)"), tr("Greatest (of texts: last)")}) {
+  for (const std::string& label : {tr("Type"), tr("Values"), tr("Missing"), tr("From"), tr("To")}) {
     table.columns.push_back({label, {}});
   }
   for (const Column& column : dataset.columns) {
@@ -98,13 +99,66 @@ std::string datesOption(const DatesRequest& request) {
   return words;
 }
 
-std::string frequencyText(const DateGuess& guess) {
-  if (guess.businessDays) return tr("business days");
-  return guess.step == 1 ? tr("one row a ^1", guess.unit) : tr("one row every ^1 ^2s", guess.step, guess.unit);
+// Languages have words and genders of their own for every unit.
+std::string oneRowA(Unit unit) {
+  switch (unit) {
+    case Unit::year:
+      return tr("one row a year");
+    case Unit::quarter:
+      return tr("one row a quarter");
+    case Unit::month:
+      return tr("one row a month");
+    case Unit::week:
+      return tr("one row a week");
+    case Unit::day:
+      return tr("one row a day");
+    case Unit::hour:
+      return tr("one row an hour");
+    case Unit::minute:
+      return tr("one row a minute");
+    default:
+      return tr("one row a second");
+  }
 }
 
-void showDates(const Dataset& dataset) {
-  const std::vector<DateGuess> guesses = guessDates(dataset);
+std::string oneRowEvery(std::int64_t step, Unit unit) {
+  switch (unit) {
+    case Unit::year:
+      return tr("one row every ^1 years", step);
+    case Unit::quarter:
+      return tr("one row every ^1 quarters", step);
+    case Unit::month:
+      return tr("one row every ^1 months", step);
+    case Unit::week:
+      return tr("one row every ^1 weeks", step);
+    case Unit::day:
+      return tr("one row every ^1 days", step);
+    case Unit::hour:
+      return tr("one row every ^1 hours", step);
+    case Unit::minute:
+      return tr("one row every ^1 minutes", step);
+    default:
+      return tr("one row every ^1 seconds", step);
+  }
+}
+
+std::string frequencyText(const DateGuess& guess) {
+  if (guess.businessDays) return tr("business days");
+  const Unit unit = unitFromName(guess.unit).value_or(Unit::observation);
+  return guess.step == 1 ? oneRowA(unit) : oneRowEvery(guess.step, unit);
+}
+
+// The columns that date the rows are no series.
+std::set<std::string> dateColumns(const std::vector<DateGuess>& guesses) {
+  std::set<std::string> names;
+  for (const DateGuess& guess : guesses) {
+    if (!guess.request.column.empty()) names.insert(guess.request.column);
+    for (const auto& [unit, name] : guess.request.variables) names.insert(name);
+  }
+  return names;
+}
+
+void showDates(const std::vector<DateGuess>& guesses) {
   if (guesses.empty()) {
     showLine(tr("No column dates the rows. Name the first row's date, such as --start year=1959 quarter=1."));
   }
@@ -130,7 +184,9 @@ int describeData(const DescribeOptions& options) {
   showLine(tr("^1: ^2 rows, ^3 variables", dataset.origin, dataset.rowCount, dataset.columns.size()));
   showLine("");
   showTable(variablesTable(dataset));
-  showDates(dataset);
+  const std::vector<DateGuess> guesses = guessDates(dataset);
+  showDates(guesses);
+  showSeriesTests(dataset, dateColumns(guesses), runner.input().language);
   std::vector<int> columns(dataset.columns.size());
   std::iota(columns.begin(), columns.end(), 0);
   for (const std::string& note : dataNotes(job, runner.input(), columns)) showNote(note);
