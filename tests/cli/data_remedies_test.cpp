@@ -16,31 +16,6 @@ using testing::AllOf;
 using testing::HasSubstr;
 using testing::Not;
 
-// The words of printed options; quotes are the shell's.
-std::vector<std::string> shellWords(const std::string& text) {
-  std::vector<std::string> words;
-  bool quoted = false;
-  bool open = false;
-  for (const char c : text) {
-    if (c == '\'') {
-      quoted = !quoted;
-    } else if (c == ' ' && !quoted) {
-      open = false;
-      continue;
-    } else {
-      if (!open) words.emplace_back();
-      words.back() += c;
-    }
-    open = true;
-  }
-  return words;
-}
-
-std::string after(const std::string& text, const std::string& what) {
-  const auto at = text.find(what);
-  return at == std::string::npos ? "" : text.substr(at + what.size(), text.find('\n', at) - at - what.size());
-}
-
 // Forty quarters of two series, written by a row's number.
 std::string series(const std::function<std::string(int, double, double)>& line, int rows = 40) {
   std::string text;
@@ -302,6 +277,16 @@ TEST_F(DataRemedies, DescribeTellsWhatAFileHoldsAndHowToDateIt) {
   dates.insert(dates.begin(), {"fit", "us_macro_quarterly.csv", "--endogenous", "realgdp", "realcons", "--maxlag", "1",
                                "--model-only"});
   EXPECT_EQ(space.run(dates).exitCode, 0);
+  EXPECT_EQ(told.out.find("\nyear ", told.out.find("Unit-Root Tests")), std::string::npos);
+  // The transformation that it names leaves series without a unit root.
+  const std::vector<std::string> changes = shellWords(after(told.out, "Stationary series: "));
+  ASSERT_THAT(changes, testing::Contains("realgdp=dlog*100"));
+  std::vector<std::string> analyze{
+      "analyze", "us_macro_quarterly.csv", "--endogenous", "realgdp", "realcons", "--bands", "none", "--all"};
+  analyze.insert(analyze.end(), changes.begin(), changes.end());
+  EXPECT_THAT(unwrapped(space.run(analyze).out), HasSubstr("realgdp looks stationary around a constant"));
+  EXPECT_THAT(space.run({"describe", "us_macro_quarterly.csv", "--lang", "de"}).out,
+              AllOf(HasSubstr("eine Zeile im Quartal"), HasSubstr("Einheitswurzel"), HasSubstr("0,998")));
   space.file("gap.csv", "period,x\n2001Q1,\"1,5\"\n2001Q2,\"2,5\"\n2001Q4,3\n");
   EXPECT_THAT(unwrapped(space.run({"describe", "gap.csv"}).out),
               AllOf(HasSubstr("--dates period is refused."), HasSubstr("2001Q3 is missing"), HasSubstr("--decimal=,")));

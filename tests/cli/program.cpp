@@ -21,6 +21,31 @@ std::string program() {
 
 }  // namespace
 
+std::vector<std::string> shellWords(const std::string& text) {
+  std::vector<std::string> words;
+  bool inQuotes = false;
+  bool open = false;
+  for (const char c : text) {
+    if (c == ' ' && !inQuotes) {
+      open = false;
+      continue;
+    }
+    if (!open) words.emplace_back();
+    open = true;
+    if (c == '\'') {
+      inQuotes = !inQuotes;
+    } else {
+      words.back() += c;
+    }
+  }
+  return words;
+}
+
+std::string after(const std::string& text, const std::string& what) {
+  const auto at = text.find(what);
+  return at == std::string::npos ? "" : text.substr(at + what.size(), text.find('\n', at) - at - what.size());
+}
+
 std::string unwrapped(const std::string& text) {
   return std::regex_replace(text, std::regex("\n +"), " ");
 }

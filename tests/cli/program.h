@@ -16,6 +16,12 @@ struct ProgramRun {
 // Notes are wrapped; here each is one line again.
 std::string unwrapped(const std::string& text);
 
+// The words of printed options; quotes are the shell's.
+std::vector<std::string> shellWords(const std::string& text);
+
+// The rest of the line behind the first of these texts; empty where there is none.
+std::string after(const std::string& text, const std::string& what);
+
 class Workspace {
  public:
   Workspace& file(const std::string& name, const std::string& content);

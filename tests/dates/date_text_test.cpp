@@ -10,8 +10,10 @@
 namespace workbench {
 namespace {
 
+using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::Not;
 
 Dataset textRows(const std::vector<std::string>& texts) {
   Dataset dataset = rows(texts.size());
@@ -155,6 +157,33 @@ TEST(BusinessDays, AreCountedFromMondayToFriday) {
   const std::vector<std::string> holiday{"2024-01-04", "2024-01-05", "2024-01-08", "2024-01-10", "2024-01-11"};
   EXPECT_THAT(labelsOf(datedRows(holiday), with(byColumn("date"), false, true)),
               ElementsAre("2024-01-04", "2024-01-05", "2024-01-08", "2024-01-09", "2024-01-10", "2024-01-11"));
+  DatesRequest declared = byColumn("date");
+  for (const std::vector<std::string>& words : {std::vector<std::string>{"gaps"}, {"2024-01-09", "2024-01-13"}}) {
+    declared.holidays = words;
+    EXPECT_EQ(labelsOf(datedRows(holiday), declared), holiday);
+  }
+  // Also before the first row, after the last one, in a row, and beside weekends.
+  declared.holidays = {"gaps", "2024-01-12", "2024-01-15", "2023-12-29", "2024-01-01"};
+  const Session skipping = sessionWith(datedRows(holiday), declared);
+  const CaseCalendar open = caseCalendar(skipping.dataset, skipping.trends).value();
+  EXPECT_EQ(periodLabel(*open.period(5)), "2024-01-16");
+  EXPECT_EQ(periodLabel(*open.period(-3)), "2023-12-28");
+  for (std::int64_t offset = -20; offset < 20; ++offset) EXPECT_EQ(open.caseOffset(*open.period(offset)), offset);
+  EXPECT_EQ(open.caseOffset(*Period::of(Unit::day, std::vector<std::int64_t>{2024, 1, 15})), 4);
+  EXPECT_EQ(open.caseOffset(*Period::of(Unit::day, std::vector<std::int64_t>{2024, 1, 12}), true), 5);
+  declared.holidays = {"2024-01-08"};
+  EXPECT_THAT(faultOf<DataError>([&] { labelsOf(datedRows(days), declared); }), HasSubstr("there is a row for it"));
+  declared.holidays = {"Easter"};
+  EXPECT_THAT(faultOf<UsageError>([&] { labelsOf(datedRows(days), declared); }), HasSubstr("\"Easter\" is no day"));
+  declared.holidays = {"gaps"};  // three weeks without a row are none
+  EXPECT_THAT(faultOf<UsageError>([&] {
+                labelsOf(textRows({"2001", "2002"}), declared);
+              }),
+              HasSubstr("no business days"));
+  const std::vector<std::string> closed{"2024-01-04", "2024-01-05", "2024-01-08", "2024-01-09", "2024-01-31",
+                                        "2024-02-01", "2024-02-02", "2024-02-05", "2024-02-06"};
+  EXPECT_THAT(faultOf<DataError>([&] { labelsOf(datedRows(closed), declared); }),
+              AllOf(HasSubstr("2024-01-10 to 2024-01-30 are missing. Give --fill-gaps"), Not(HasSubstr("holidays"))));
   EXPECT_FALSE(
       sessionWith(datedRows({"2024-01-01", "2024-01-02", "2024-01-03", "2024-01-04", "2024-01-05"}), byColumn("date"))
           .trends.businessDays);

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "workbench/dates/case_calendar.h"
 #include "workbench/dates/labels.h"
 
 namespace workbench {

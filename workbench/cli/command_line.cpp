@@ -73,6 +73,11 @@ void addDateOptions(CLI::App& app, ComposeOptions& options) {
       ->excludes(dates)
       ->group(kGroup);
   app.add_flag("--sort", options.sort, "Put the rows in the order of their dates")->needs(dates)->group(kGroup);
+  app.add_option("--holidays", options.holidays,
+                 "Business days that are no cases, such as 2024-12-25; gaps: every one that has no row")
+      ->type_name("DAY|gaps")
+      ->needs(dates)
+      ->group(kGroup);
   app.add_flag("--fill-gaps", options.fillGaps, "Missing periods become rows without values")
       ->needs(dates)
       ->group(kGroup);
@@ -93,6 +98,8 @@ void addComposer(CLI::App& program, ComposeOptions& options) {
                   "VARIABLE=log, diff, dlog, sdiff or pct, with a factor if you like: realgdp=dlog*100")
       ->type_name("VARIABLE=HOW");
   app->add_flag("--complete", options.complete, "Drop the rows that lack a variable of the command");
+  app->add_flag("--save-cases", options.savesCases,
+                "The row and the date of every case in a file of predicted values too (other saved files have them)");
   addDateOptions(*app, options);
   addDataOptions(*app, options.reading);
   addFile(*app, "--write-job", options.output.writtenJob, "Write a job file that does this run again to FILE")

@@ -75,6 +75,7 @@ std::optional<DatesRequest> datesFrom(const ComposeOptions& options) {
   readDates(options.dates, dates);
   dates.sort = options.sort;
   dates.fillGaps = options.fillGaps;
+  dates.holidays = options.holidays;
   return dates;
 }
 
@@ -113,6 +114,7 @@ Job makeComposedJob(const ComposeOptions& options) {
   job.data.format = formatFrom(options.reading);
   job.composer = options.composer;
   job.complete = options.complete;
+  job.savesCases = options.savesCases;
   job.dates = datesFrom(options);
   job.range = options.range;
   for (const std::string& word : options.transformations) job.transformations.push_back(readTransformation(word));

@@ -22,6 +22,7 @@ struct Job {
   std::shared_ptr<Composer> composer;  // that composed the command; null for a job file
   double scale = 1.0;                  // factor of the endogenous variables
   int jobs = 1;                        // threads that procedures may compute on; the command line's number goes first
+  bool savesCases = false;             // files that VARMODEL saves tell row and date of every case
   bool complete = false;  // rows that lack a variable of a command are dropped before its procedure sees them
   DataRequest data;
   std::vector<DictionaryEntry> dictionary;

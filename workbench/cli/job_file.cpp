@@ -121,7 +121,7 @@ DateComponents readComponents(const TomlSection& section) {
 }
 
 void readDates(const TomlSection& top, Job& job) {
-  const auto section = top.section("dates", {"start", "column", "variables", "sort", "fill_gaps"});
+  const auto section = top.section("dates", {"start", "column", "variables", "sort", "fill_gaps", "holidays"});
   if (!section) return;
   if (int{section->has("start")} + int{section->has("column")} + int{section->has("variables")} != 1) {
     top.fail("dates", tr("must hold exactly one of start, column and variables."));
@@ -134,6 +134,7 @@ void readDates(const TomlSection& top, Job& job) {
   }
   request.sort = section->flag("sort").value_or(false);
   request.fillGaps = section->flag("fill_gaps").value_or(false);
+  request.holidays = section->texts("holidays").value_or(std::vector<std::string>{});
   job.dates = std::move(request);
 }
 
@@ -211,7 +212,7 @@ void readJobs(const TomlSection& top, Job& job) {
 Job readJobFile(const std::filesystem::path& file) {
   const toml::table table = parseToml(file);
   const TomlSection top(table, nameOf(file), "",
-                        {"command", "data", "variables", "dates", "predict", "weight", "split", "jobs"});
+                        {"command", "data", "variables", "dates", "predict", "weight", "split", "jobs", "save_cases"});
   Job job;
   job.file = file;
   job.baseFolder = file.parent_path();
@@ -223,6 +224,7 @@ Job readJobFile(const std::filesystem::path& file) {
   readDates(top, job);
   readPredict(top, job);
   readJobs(top, job);
+  job.savesCases = top.flag("save_cases").value_or(false);
   if (const auto weight = top.text("weight")) job.weight = *weight;
   if (auto split = top.texts("split")) job.split = std::move(*split);
   return job;

@@ -76,8 +76,8 @@ JobInput prepareInput(const Job& job, const OutputOptions& options) {
   for (const std::string& name : job.split) columnOf(call.dataset, name, "split");
   call.splitVariables = job.split;
   if (job.dates) defineDates(call.dataset, *job.dates, call.trends);
-  transformVariables(call.dataset, job.transformations, seasonOf(call));
-  keepRange(call.dataset, call.trends, job.range);
+  call.originals = transformVariables(call.dataset, job.transformations, seasonOf(call));
+  call.casesBefore = keepRange(call.dataset, call.trends, job.range);
   setPredict(job, call);
   return input;
 }

@@ -41,7 +41,9 @@ std::vector<std::string> jobNotes(const Job& job, const Dataset& dataset) {
   }
   if (!list.empty()) {
     notes.push_back(
-        tr("Transformed: ^1. Tables, charts, forecasts and saved values are those of the transformed series.", list));
+        tr("Transformed: ^1. Tables, charts, forecasts and saved values are those of the transformed series, "
+           "but for what is marked as in levels.",
+           list));
   }
   return notes;
 }

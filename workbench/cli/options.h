@@ -63,11 +63,13 @@ struct ComposeOptions {
   std::string query;
   DataOptions reading;
   std::string predict;             // a number of periods after the last case, or a period
+  bool savesCases = false;         // saved files tell row and date of every case
   bool complete = false;           // rows that lack a variable are dropped
   std::vector<std::string> dates;  // a column, or "year=YEAR" "quarter=Q"
   std::vector<std::string> start;  // "year=1959" "quarter=1"
   bool sort = false;
   bool fillGaps = false;
+  std::vector<std::string> holidays;  // days, and the word "gaps"
   RowRange range;
   std::vector<std::string> transformations;  // "realgdp=dlog*100"
   std::shared_ptr<Composer> composer;

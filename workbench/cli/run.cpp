@@ -108,8 +108,9 @@ int runJob(Job job, const OutputOptions& options) {
     if (progress) progress->show(share);
     return true;
   };
-  CommandRunner runner(std::move(input.call),
-                       {.scale = job.scale, .complete = job.complete, .summary = options.summary});
+  CommandRunner runner(
+      std::move(input.call),
+      {.scale = job.scale, .complete = job.complete, .summary = options.summary, .savesCases = job.savesCases});
   const double load = total.seconds();
   const std::vector<ToldRun> runs = runCommands(job, runner);
   progress.reset();

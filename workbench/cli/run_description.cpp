@@ -46,6 +46,7 @@ void addDates(const Job& job, Settings& settings) {
   if (!job.dates->column.empty()) settings.emplace_back("dates.column", tomlText(job.dates->column));
   if (job.dates->sort) settings.emplace_back("dates.sort", "true");
   if (job.dates->fillGaps) settings.emplace_back("dates.fill_gaps", "true");
+  if (!job.dates->holidays.empty()) settings.emplace_back("dates.holidays", tomlTexts(job.dates->holidays));
   if (!job.dates->variables.empty()) settings.emplace_back("dates.variables", tomlColumns(job.dates->variables));
 }
 
@@ -79,6 +80,7 @@ Settings settingsOf(const Job& job, std::size_t rows) {
     settings.emplace_back("variables." + tomlText(one.variable) + ".transform", tomlText(one.text()));
   }
   addDates(job, settings);
+  if (job.savesCases) settings.emplace_back("save_cases", "true");
   addPredict(job, rows, settings);
   if (!job.weight.empty()) settings.emplace_back("weight", tomlText(job.weight));
   if (!job.split.empty()) settings.emplace_back("split", tomlTexts(job.split));

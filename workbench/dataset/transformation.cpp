@@ -79,6 +79,12 @@ std::vector<double> transformedValues(const Column& column, std::size_t rows, co
   return values;
 }
 
+std::vector<double> validValues(const Column& column, std::size_t rows) {
+  std::vector<double> values;
+  for (std::size_t row = 0; row < rows; ++row) values.push_back(caseValue(column, row, true));
+  return values;
+}
+
 int columnOf(const Dataset& dataset, const std::string& variable) {
   std::vector<std::string> names;
   for (const Column& column : dataset.columns) names.push_back(column.name);
@@ -108,7 +114,8 @@ Transformation transformationOf(const std::string& variable, const std::string& 
   return {variable, kind->second, *factor};
 }
 
-void transformVariables(Dataset& dataset, std::span<const Transformation> transformations, int season) {
+std::vector<OriginalSeries> transformVariables(Dataset& dataset, std::span<const Transformation> transformations,
+                                               int season) {
   std::vector<std::pair<int, std::vector<double>>> results;
   for (const Transformation& how : transformations) {
     const int index = columnOf(dataset, how.variable);
@@ -122,11 +129,19 @@ void transformVariables(Dataset& dataset, std::span<const Transformation> transf
     results.emplace_back(
         index, transformedValues(dataset.columns[static_cast<std::size_t>(index)], dataset.rowCount, how, season));
   }
-  for (auto& [index, values] : results) {
+  std::vector<OriginalSeries> originals;
+  for (std::size_t i = 0; i < results.size(); ++i) {
+    auto& [index, values] = results[i];
     Column& column = dataset.columns[static_cast<std::size_t>(index)];
+    originals.push_back({.column = index,
+                         .kind = transformations[i].kind,
+                         .factor = transformations[i].factor,
+                         .lag = lagOf(transformations[i].kind, season),
+                         .values = validValues(column, dataset.rowCount)});
     column.numbers = std::move(values);
     column.userMissing.clear();
   }
+  return originals;
 }
 
 }  // namespace workbench

@@ -2,8 +2,10 @@
 
 #pragma once
 
+#include <cstddef>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "workbench/dataset/dataset.h"
 
@@ -25,6 +27,15 @@ struct Transformation {
   std::string text() const;  // "dlog*100"
 };
 
+// What a transformed variable held before.
+struct OriginalSeries {
+  int column = 0;
+  Transformation::Kind kind = Transformation::Kind::log;
+  double factor = 1.0;
+  std::size_t lag = 0;              // how many cases before the transformation reaches back
+  std::vector<double> values = {};  // of all cases; user-missing ones are missing
+};
+
 // Reads "dlog*100" (or "dlog"). Throws UsageError, naming the list, for anything else.
 Transformation transformationOf(const std::string& variable, const std::string& text);
 
@@ -33,7 +44,9 @@ Transformation transformationOf(const std::string& variable, const std::string& 
 //
 // `season` is the number of cases in a season, 0 when there is none. Throws UsageError for an unknown variable or one
 // that is not numeric, for a variable transformed twice and for sdiff without a season; DataError, naming the row, for
-// the logarithm of a value that is not positive and for growth from zero. The dataset is then unchanged.
-void transformVariables(Dataset& dataset, std::span<const Transformation> transformations, int season);
+// the logarithm of a value that is not positive and for growth from zero. The dataset is then unchanged. Returns what
+// the variables held.
+std::vector<OriginalSeries> transformVariables(Dataset& dataset, std::span<const Transformation> transformations,
+                                               int season);
 
 }  // namespace workbench

@@ -39,7 +39,7 @@ std::optional<CaseCalendar> caseCalendar(const Dataset& dataset, const TrendsSet
   if (!columns || dataset.rowCount == 0) return std::nullopt;
   const std::optional<Period> first = columns->period(dataset, 0);
   if (!first) return std::nullopt;
-  if (settings.businessDays) return CaseCalendar{*first, 1, true};
+  if (settings.businessDays) return CaseCalendar{*first, 1, true, settings.holidays};
   const std::optional<Period> second = dataset.rowCount > 1 ? columns->period(dataset, 1) : std::nullopt;
   const std::int64_t step = second ? second->ordinal() - first->ordinal() : 1;
   return CaseCalendar{*first, std::max<std::int64_t>(1, step), false};

@@ -9,6 +9,7 @@
 #include "workbench/dates/components.h"
 #include "workbench/dates/date_variables.h"
 #include "workbench/dates/dated_rows.h"
+#include "workbench/dates/holidays.h"
 #include "workbench/dates/labels.h"
 
 namespace workbench {
@@ -25,8 +26,15 @@ CaseCalendar calendarFromStart(const Dataset& dataset, const DateComponents& sta
 }
 
 DatedRows datesOf(const Dataset& dataset, const DatesRequest& request) {
-  return request.variables.empty() ? datedByColumn(dataset, request.column)
-                                   : datedByComponents(dataset, request.variables);
+  DatedRows dated = request.variables.empty() ? datedByColumn(dataset, request.column)
+                                              : datedByComponents(dataset, request.variables);
+  if (request.holidays.empty()) return dated;
+  if (!dated.frequency.businessDays) {
+    throw UsageError("holidays: the rows are no business days (" + dated.source.name +
+                     "), so that no day can be a holiday. Leave the holidays out.");
+  }
+  dated.holidays = holidaysFrom(request.holidays, dated.periods);
+  return dated;
 }
 
 void sortRows(Dataset& dataset, const std::vector<Period>& periods) {
@@ -57,8 +65,7 @@ std::vector<Period> periodsOf(const DatedRows& dated, const std::vector<std::siz
   const CaseCalendar calendar = dated.calendar();
   std::vector<Period> periods;
   for (const std::size_t row : rows) {
-    periods.push_back(row == kEmptyRow ? *CaseCalendar{periods.back(), calendar.step, calendar.businessDays}.period(1)
-                                       : dated.periods[row]);
+    periods.push_back(row == kEmptyRow ? *calendar.from(periods.back()).period(1) : dated.periods[row]);
   }
   return periods;
 }
@@ -105,6 +112,7 @@ void dateRows(Dataset& dataset, const DatesRequest& request, TrendsSettings& set
         dateVariablesOf(request.variables.rbegin()->first, componentColumns(dataset, request.variables));
   }
   settings.businessDays = calendar.businessDays;
+  settings.holidays = calendar.holidays;
   makeDateLabels(dataset, calendar);
 }
 
@@ -114,9 +122,9 @@ void defineDates(Dataset& dataset, const DatesRequest& request, TrendsSettings& 
   if (int{!request.start.empty()} + int{!request.column.empty()} + int{!request.variables.empty()} != 1) {
     throw UsageError("dates: give exactly one of start, column and variables.");
   }
-  if (!request.start.empty() && (request.sort || request.fillGaps)) {
+  if (!request.start.empty() && (request.sort || request.fillGaps || !request.holidays.empty())) {
     throw UsageError(
-        "dates: 'start' counts the rows as they stand; sort and fill_gaps need dates to go by. Name the "
+        "dates: 'start' counts the rows as they stand; sort, fill_gaps and holidays need dates to go by. Name the "
         "column that holds them.");
   }
   if (dataset.rowCount == 0) throw DataError("dates: " + dataset.origin + " has no rows to date.");

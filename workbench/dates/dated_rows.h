@@ -3,6 +3,7 @@
 #pragma once
 
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -16,8 +17,9 @@ struct DatedRows {
   std::vector<Period> periods;  // of one unit, one for each row
   Frequency frequency;
   DateSource source;
+  std::shared_ptr<const Holidays> holidays = nullptr;
 
-  CaseCalendar calendar() const { return {periods.front(), frequency.step, frequency.businessDays}; }
+  CaseCalendar calendar() const { return {periods.front(), frequency.step, frequency.businessDays, holidays}; }
 };
 
 // Of a column of dates, timestamps, texts or numbers. Where texts can be read in several ways (2001:3, 3/4/2001), they

@@ -6,6 +6,8 @@
 #include <limits>
 #include <utility>
 
+#include "workbench/dates/floor_division.h"
+
 namespace workbench {
 
 namespace {
@@ -24,10 +26,6 @@ constexpr std::array kCalendarUnits{Unit::year, Unit::month, Unit::day, Unit::ho
 constexpr std::array kQuarterUnits{Unit::year, Unit::quarter};
 constexpr std::array kWeekUnits{Unit::year, Unit::week};
 constexpr std::array kObservationUnits{Unit::observation};
-
-std::int64_t floorDivide(std::int64_t value, std::int64_t divisor) {
-  return value / divisor - (value % divisor < 0 ? 1 : 0);
-}
 
 // Months since 1970-01; also of months before the epoch.
 std::int64_t monthOrdinal(sys_days day) {
@@ -249,37 +247,6 @@ std::optional<Period> Period::shifted(std::int64_t count) const {
   const ComponentRange range = ordinalRange(unit_);
   if (count > range.last - ordinal_ || count < range.first - ordinal_) return std::nullopt;
   return Period(unit_, ordinal_ + count);
-}
-
-std::int64_t businessDayOrdinal(std::int64_t day) {
-  const std::int64_t sinceMonday = day - kEpochMonday.time_since_epoch().count();
-  const std::int64_t week = floorDivide(sinceMonday, 7);
-  return week * 5 + std::min<std::int64_t>(sinceMonday - week * 7, 4);
-}
-
-std::int64_t dayOfBusinessDay(std::int64_t businessDay) {
-  const std::int64_t week = floorDivide(businessDay, 5);
-  return kEpochMonday.time_since_epoch().count() + week * 7 + (businessDay - week * 5);
-}
-
-std::optional<Period> CaseCalendar::period(std::int64_t caseOffset) const {
-  constexpr std::int64_t kBeyondAnyRange = std::int64_t{1} << 40;
-  const std::int64_t limit = kBeyondAnyRange / step;
-  if (caseOffset > limit || caseOffset < -limit) return std::nullopt;
-  if (!businessDays) return first.shifted(caseOffset * step);
-  const std::int64_t day = dayOfBusinessDay(businessDayOrdinal(first.ordinal()) + caseOffset * step);
-  return first.shifted(day - first.ordinal());
-}
-
-std::int64_t CaseCalendar::caseOffset(const Period& period, bool later) const {
-  assert(period.unit() == first.unit());
-  std::int64_t distance = period.ordinal() - first.ordinal();
-  if (businessDays) {
-    const std::int64_t counted = businessDayOrdinal(period.ordinal());
-    const bool onWeekend = dayOfBusinessDay(counted) != period.ordinal();
-    distance = counted + (later && onWeekend ? 1 : 0) - businessDayOrdinal(first.ordinal());
-  }
-  return later ? -floorDivide(-distance, step) : floorDivide(distance, step);
 }
 
 }  // namespace workbench

@@ -4,6 +4,7 @@
 #include <cassert>
 
 #include "workbench/base/errors.h"
+#include "workbench/dates/holidays.h"
 #include "workbench/dates/labels.h"
 
 namespace workbench {
@@ -14,10 +15,19 @@ const char* const kSort = "Give --sort (in a job file, under [dates]: sort = tru
 const char* const kFill =
     "Give --fill-gaps (in a job file, under [dates]: fill_gaps = true) to keep what is missing as rows without values";
 
+const char* const kHolidays =
+    "If such days are holidays, give --holidays gaps (in a job file, under [dates]: holidays = [\"gaps\"]); the rows "
+    "then simply follow one another.";
+
 std::string missingPeriods(const CaseCalendar& calendar, const Period& before, const Period& after) {
-  const std::string first = periodLabel(*CaseCalendar{before, calendar.step, calendar.businessDays}.period(1));
-  const std::string last = periodLabel(*CaseCalendar{after, calendar.step, calendar.businessDays}.period(-1));
+  const std::string first = periodLabel(*calendar.from(before).period(1));
+  const std::string last = periodLabel(*calendar.from(after).period(-1));
   return first == last ? first + " is missing" : first + " to " + last + " are missing";
+}
+
+std::string remedyForMissing(const CaseCalendar& calendar, std::int64_t distance) {
+  if (!calendar.businessDays || distance - 1 > kLongestHoliday) return kFill;
+  return std::string(kHolidays) + " " + kFill;
 }
 
 bool descends(const std::vector<Period>& periods) {
@@ -39,9 +49,8 @@ std::string describeFault(const std::vector<Period>& periods, std::size_t row, c
            ": aggregate in the query with GROUP BY, or select one series with WHERE.";
   }
   const std::string otherwise = ", or number the cases instead: --start observation=1 (start = { observation = 1 }).";
-  if (casesBetween(calendar, before, periods[row])) {
-    const std::string holidays = calendar.businessDays ? ", holidays for instance" : "";
-    return missingPeriods(calendar, before, periods[row]) + ". " + kFill + holidays + otherwise;
+  if (const auto missing = casesBetween(calendar, before, periods[row])) {
+    return missingPeriods(calendar, before, periods[row]) + ". " + remedyForMissing(calendar, *missing) + otherwise;
   }
   return "it comes " + countOf(distance, before.unit()) + " later, where " + countOf(calendar.step, before.unit()) +
          " is the most common distance. Aggregate to a coarser frequency in the query" + otherwise;
@@ -65,7 +74,7 @@ Spacing commonSpacing(std::span<const std::int64_t> ascending) {
 }
 
 std::optional<std::int64_t> casesBetween(const CaseCalendar& calendar, const Period& from, const Period& to) {
-  const CaseCalendar counted{from, calendar.step, calendar.businessDays};
+  const CaseCalendar counted = calendar.from(from);
   const std::int64_t cases = counted.caseOffset(to);
   const std::optional<Period> there = counted.period(cases);
   return there == to ? std::optional(cases) : std::nullopt;

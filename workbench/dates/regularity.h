@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "workbench/dates/period.h"
+#include "workbench/dates/case_calendar.h"
 
 namespace workbench {
 

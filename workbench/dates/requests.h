@@ -6,6 +6,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "workbench/dates/period.h"
 
@@ -16,11 +17,12 @@ using DateComponents = std::map<Unit, std::int64_t>;
 
 // How the cases are dated; exactly one of the three is given.
 struct DatesRequest {
-  DateComponents start;                   // the first case's date; every further case is one period later
-  std::string column;                     // dates, timestamps, texts or numbers; the frequency is inferred and checked
-  std::map<Unit, std::string> variables;  // numeric columns that hold the components already
-  bool sort = false;                      // rows are put into the order of their dates
-  bool fillGaps = false;                  // periods without a row become rows without values
+  DateComponents start;                    // the first case's date; every further case is one period later
+  std::string column;                      // dates, timestamps, texts or numbers; the frequency is inferred and checked
+  std::map<Unit, std::string> variables;   // numeric columns that hold the components already
+  bool sort = false;                       // rows are put into the order of their dates
+  bool fillGaps = false;                   // periods without a row become rows without values
+  std::vector<std::string> holidays = {};  // days, and "gaps": business days that are no cases
 };
 
 // How far to forecast; exactly one of the four is given.

@@ -50,7 +50,7 @@ std::int64_t offsetOf(const std::string& text, const char* bound, const Dataset&
 
 }  // namespace
 
-void keepRange(Dataset& dataset, const TrendsSettings& settings, const RowRange& range) {
+std::size_t keepRange(Dataset& dataset, const TrendsSettings& settings, const RowRange& range) {
   const std::int64_t first = range.from.empty() ? 0 : offsetOf(range.from, "from", dataset, settings);
   const std::int64_t last =
       range.to.empty() ? static_cast<std::int64_t>(dataset.rowCount) - 1 : offsetOf(range.to, "to", dataset, settings);
@@ -61,6 +61,7 @@ void keepRange(Dataset& dataset, const TrendsSettings& settings, const RowRange&
   std::vector<std::size_t> rows(static_cast<std::size_t>(last - first + 1));
   std::iota(rows.begin(), rows.end(), static_cast<std::size_t>(first));
   if (rows.size() < dataset.rowCount) takeRows(dataset, rows);
+  return static_cast<std::size_t>(first);
 }
 
 }  // namespace workbench

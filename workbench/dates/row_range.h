@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 #include "workbench/dataset/dataset.h"
@@ -17,7 +18,7 @@ struct RowRange {
 };
 
 // Keeps the cases of the range. Call it after defineDates. Throws UsageError for a bound that is no period of the
-// cases, lies outside of them, or comes after the other.
-void keepRange(Dataset& dataset, const TrendsSettings& settings, const RowRange& range);
+// cases, lies outside of them, or comes after the other. Returns how many cases lie before the range.
+std::size_t keepRange(Dataset& dataset, const TrendsSettings& settings, const RowRange& range);
 
 }  // namespace workbench

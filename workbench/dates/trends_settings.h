@@ -2,9 +2,11 @@
 
 #pragma once
 
+#include <memory>
 #include <vector>
 
 #include "workbench/dataset/dataset.h"
+#include "workbench/dates/case_calendar.h"
 
 namespace workbench {
 
@@ -17,7 +19,8 @@ struct DateVariable {
 
 struct TrendsSettings {
   std::vector<DateVariable> dateVariables;
-  bool businessDays = false;  // the cases are days without Saturdays and Sundays
+  bool businessDays = false;                           // the cases are days without Saturdays and Sundays
+  std::shared_ptr<const Holidays> holidays = nullptr;  // business days that are no cases either; null: none
   bool predictSet = false;
   bool predictIsDate = false;
   long predictCase = 0;  // from 1; 0 with predictSet and no date means "through the end"

@@ -11,6 +11,7 @@
 #include "workbench/casefile/case_writer.h"
 #include "workbench/edge/data_state.h"
 #include "workbench/edge/host_access.h"
+#include "workbench/edge/saved_cases.h"
 #include "workbench/edge/session.h"
 
 using workbench::currentSession;
@@ -111,6 +112,7 @@ void save(const StateOf<UserCaseFileSpec>& specification, const StateOf<VEXA_Dat
     throw workbench::OutputError("SAVE FILE has nothing to save. " + currentSession().saveRemedies.nothing);
   }
   scaleBack(*source.dataset, currentSession().savedScale);
+  workbench::addCaseColumns(*source.dataset, currentSession());
   workbench::writeCases(*source.dataset, *specification.format, specification.path);
 }
 

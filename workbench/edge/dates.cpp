@@ -100,8 +100,7 @@ TSXDateSpec::TSXIndexTuple TSXDateSpec::IndexTuple(long caseOffset) const {
 
 std::int64_t TSXDateSpec::VirtualCaseOffset(long caseOffset) const {
   if (!state_->calendar) return caseOffset;
-  const CaseCalendar fromOrigin{*state_->origin, state_->calendar->step, state_->calendar->businessDays};
-  return fromOrigin.caseOffset(state_->calendar->first) + caseOffset;
+  return state_->calendar->from(*state_->origin).caseOffset(state_->calendar->first) + caseOffset;
 }
 
 struct TfoDateHandler::State {

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <chrono>
+#include <cstddef>
 #include <filesystem>
 #include <functional>
 #include <map>
@@ -18,6 +19,7 @@
 #include "workbench/base/taken_file.h"
 #include "workbench/base/text_excerpt.h"
 #include "workbench/dataset/dataset.h"
+#include "workbench/dataset/transformation.h"
 #include "workbench/dates/trends_settings.h"
 
 namespace workbench {
@@ -58,8 +60,11 @@ struct CallInput {
   std::string commandText;
   bool parseOnly = false;   // the parser refuses the command after reading it, so that the procedure goes no further
   double savedScale = 1.0;  // saved values are divided by it
-  bool composed = false;    // from the options of `fit`, so that remedies name options
+  std::vector<std::size_t> keptCases;  // of saved cases, aligned at the end, which are then numbered and dated; or none
+  bool composed = false;               // from the options of `fit`, so that remedies name options
   Dataset dataset;
+  std::size_t casesBefore = 0;            // that the job's range left out
+  std::vector<OriginalSeries> originals;  // of transformed variables, the cases before the range included
   TrendsSettings trends;
   int weightColumn = -1;
   std::vector<std::string> splitVariables;

@@ -8,6 +8,16 @@
 
 namespace workbench {
 
+namespace {
+
+bool isComplete(const Dataset& dataset, std::span<const int> columns, std::size_t row, bool excludeUserMissing) {
+  return std::ranges::none_of(columns, [&](int index) {
+    return caseValue(dataset.columns[static_cast<std::size_t>(index)], row, excludeUserMissing) == kSystemMissing;
+  });
+}
+
+}  // namespace
+
 std::vector<int> columnsOf(const Dataset& dataset, const CallRecord& parsed, std::span<const std::string> lists) {
   std::vector<int> columns;
   for (const std::string& list : lists) {
@@ -21,15 +31,33 @@ std::vector<int> columnsOf(const Dataset& dataset, const CallRecord& parsed, std
   return columns;
 }
 
+std::optional<RowRun> longestCompleteRun(const Dataset& dataset, std::span<const int> columns,
+                                         bool excludeUserMissing) {
+  std::optional<RowRun> longest;
+  std::size_t first = 0;
+  for (std::size_t row = 0; row < dataset.rowCount; ++row) {
+    if (!isComplete(dataset, columns, row, excludeUserMissing)) {
+      first = row + 1;
+    } else if (!longest || row - first >= longest->last - longest->first) {
+      longest = RowRun{first, row};
+    }
+  }
+  return longest;
+}
+
+std::vector<std::size_t> completeRows(const Dataset& dataset, std::span<const int> columns, bool excludeUserMissing) {
+  std::vector<std::size_t> rows;
+  for (std::size_t row = 0; !columns.empty() && row < dataset.rowCount; ++row) {
+    if (isComplete(dataset, columns, row, excludeUserMissing)) rows.push_back(row);
+  }
+  return rows;
+}
+
 std::vector<std::size_t> hiddenRows(const Dataset& dataset, std::span<const int> columns, const RowRules& rules) {
   std::vector<std::size_t> incomplete;
   std::size_t behindLastComplete = 0;
   for (std::size_t row = 0; row < dataset.rowCount; ++row) {
-    const bool complete = std::ranges::none_of(columns, [&](int index) {
-      const Column& column = dataset.columns[static_cast<std::size_t>(index)];
-      return caseValue(column, row, rules.excludeUserMissing) == kSystemMissing;
-    });
-    if (complete) {
+    if (isComplete(dataset, columns, row, rules.excludeUserMissing)) {
       behindLastComplete = row + 1;
     } else {
       incomplete.push_back(row);

@@ -16,6 +16,17 @@ namespace workbench {
 // The columns of the variables in these parameters of a parsed command, in their order.
 std::vector<int> columnsOf(const Dataset& dataset, const CallRecord& parsed, std::span<const std::string> lists);
 
+// The longest run of rows that hold all these columns, as offsets; the later of two that are equally long. Nothing when
+// no row does.
+struct RowRun {
+  std::size_t first = 0;
+  std::size_t last = 0;  // included
+};
+std::optional<RowRun> longestCompleteRun(const Dataset& dataset, std::span<const int> columns, bool excludeUserMissing);
+
+// The rows that hold all these columns; none without columns.
+std::vector<std::size_t> completeRows(const Dataset& dataset, std::span<const int> columns, bool excludeUserMissing);
+
 struct RowRules {
   bool excludeUserMissing = true;
   bool dropsIncomplete = false;  // also before and between complete rows

@@ -65,6 +65,10 @@ FinishedRun CommandRunner::run(const Command& command, const std::string& text, 
                                   {.excludeUserMissing = !command.includesUserMissing(parsed.record),
                                    .dropsIncomplete = settings.complete,
                                    .keepsFuture = command.readsFutureCases()}));
+  session_.keptCases.clear();
+  if (settings.savesCases) {
+    session_.keptCases = completeRows(session_.dataset, columns, !command.includesUserMissing(parsed.record));
+  }
   const std::vector<int> scaled = columnsOf(session_.dataset, parsed.record, command.scaledLists());
   change.multiply(scaled, settings.scale);
   session_.savedScale = scaled.empty() ? 1.0 : settings.scale;

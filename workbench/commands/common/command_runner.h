@@ -12,10 +12,11 @@
 namespace workbench {
 
 struct RunnerSettings {
-  double scale = 1.0;     // factor of the variables of a command's scaledLists()
-  bool complete = false;  // cases that lack one of a command's variables are hidden from its procedure
-  bool summary = false;   // procedures write their text summaries
-  bool predicts = true;   // procedures see the session's PREDICT target
+  double scale = 1.0;       // factor of the variables of a command's scaledLists()
+  bool complete = false;    // cases that lack one of a command's variables are hidden from its procedure
+  bool summary = false;     // procedures write their text summaries
+  bool savesCases = false;  // saved files tell the row and the date of every case
+  bool predicts = true;     // procedures see the session's PREDICT target
 };
 
 // While it lives, its session is the current one.

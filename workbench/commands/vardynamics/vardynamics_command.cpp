@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "workbench/commands/vardynamics/analyze_composer.h"
+#include "workbench/commands/vardynamics/gap_hint.h"
 #include "workbench/document/document_reader.h"
 
 namespace workbench {
@@ -51,6 +52,11 @@ DocumentView VardynamicsCommand::view(const FinishedRun& run) const {
     if (name.starts_with("Forecast Chart")) view.leadingCharts.insert(i);
   }
   return view;
+}
+
+Advice VardynamicsCommand::advice(const std::string& message, const FinishedRun& run, CommandRunner& /*runner*/) const {
+  if (!message.starts_with("No lag can cross a gap")) return {};
+  return {vardynamics::gapHint(run, !includesUserMissing(run.record))};
 }
 
 std::unique_ptr<Composer> VardynamicsCommand::composer() const {

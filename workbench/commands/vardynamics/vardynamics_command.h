@@ -21,6 +21,8 @@ class VardynamicsCommand final : public Command {
   std::string itemId(const rapidjson::Value& item, std::size_t place) const override;
   // The notes of the summary open the output, with the charts of the forecast.
   DocumentView view(const FinishedRun& run) const override;
+  // How to analyse the longest part of a sample with a gap.
+  Advice advice(const std::string& message, const FinishedRun& run, CommandRunner& runner) const override;
   std::unique_ptr<Composer> composer() const override;
 };
 
