@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <span>
 #include <vector>
@@ -40,8 +41,11 @@ std::optional<std::vector<Band>> shareBands(const BootstrapDraws& draws, ShareTy
 
 // Horizons 1..horizon from the end of the sample, K x 1 matrices: every draw's model from the observed last p rows on,
 // with fresh rows of residuals (Fresoli, Ruiz & Pascual 2015). `known` holds the future rows of the columns beside the
-// lags, constant included, H x d in the order of the coefficients.
+// lags, constant included, H x d in the order of the coefficients. `change` is given every drawn path of a series and
+// may put another in its place, from several threads.
+using PathChange = std::function<void(std::size_t series, std::span<double> path)>;
 std::optional<std::vector<Band>> forecastBands(const BootstrapDraws& draws, std::span<const std::vector<double>> series,
-                                               const Matrix& known, const BandOptions& options);
+                                               const Matrix& known, const BandOptions& options,
+                                               const PathChange& change = {});
 
 }  // namespace engine

@@ -61,11 +61,15 @@ Matrix conditionalValues(const Matrix& unconditional, const HeldCovariance& gain
   return values;
 }
 
-Matrix conditionalErrors(const ForecastErrors& errors, const HeldCovariance& held) {
-  Matrix result = standardErrors(errors);
+// Om R' L'^-1 for the Cholesky factor L of R Om R'.
+Matrix whitenedCovariances(const HeldCovariance& held) {
   Matrix whitened = transposed(held.covariances);
   solveLower(held.factor, whitened);
-  whitened = transposed(whitened);
+  return transposed(whitened);
+}
+
+Matrix conditionalErrors(const ForecastErrors& errors, const Matrix& whitened) {
+  Matrix result = standardErrors(errors);
   for (std::size_t i = 0; i < result.values.size(); ++i) {
     double& error = result.values[i];
     error = std::sqrt(std::max(error * error - sumOfSquares(whitened.row(i)), 0.0));
@@ -84,7 +88,8 @@ std::optional<ConditionalForecast> conditionalForecast(const Matrix& uncondition
   for (std::size_t i = 0; i < held.size(); ++i) {
     difference(i, 0) = held[i].value - unconditional(held[i].horizon - 1, held[i].series);
   }
-  ConditionalForecast result{conditionalValues(unconditional, *gain, difference), conditionalErrors(errors, *full), {}};
+  ConditionalForecast result{conditionalValues(unconditional, *gain, difference), {}, whitenedCovariances(*full), {}};
+  result.standardErrors = conditionalErrors(errors, result.explained);
   for (const HeldValue& one : held) {
     result.values(one.horizon - 1, one.series) = one.value;
     result.standardErrors(one.horizon - 1, one.series) = 0.0;

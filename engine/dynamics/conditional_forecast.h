@@ -20,6 +20,7 @@ struct HeldValue {
 struct ConditionalForecast {
   Matrix values;           // H x K; the held values where they are held
   Matrix standardErrors;   // H x K; 0 where held
+  Matrix explained;        // (H K) x r, h major: rows a and b take their product off the covariance of these values
   ChiSquaredTest unusual;  // q = c' (R Om R')^-1 c on the number of held values
 };
 

@@ -62,10 +62,16 @@ class FuturePaths {
 }  // namespace
 
 std::optional<std::vector<Band>> forecastBands(const BootstrapDraws& draws, std::span<const std::vector<double>> series,
-                                               const Matrix& known, const BandOptions& options) {
+                                               const Matrix& known, const BandOptions& options,
+                                               const PathChange& change) {
   const FuturePaths paths(draws, series, known);
-  const auto table = limitTable(draws.count(), series.size(), known.rows, options, {},
-                                [&](std::size_t b, std::span<double> cells) { paths.fill(b, cells); });
+  const auto table =
+      limitTable(draws.count(), series.size(), known.rows, options, {}, [&](std::size_t b, std::span<double> cells) {
+        paths.fill(b, cells);
+        for (std::size_t i = 0; change && i < series.size(); ++i) {
+          change(i, cells.subspan(i * known.rows, known.rows));
+        }
+      });
   if (!table) return std::nullopt;
   std::vector<Band> bands;
   for (std::size_t level = 0; level < options.levels.size(); ++level) {

@@ -7,6 +7,7 @@
 #include <set>
 
 #include "procedures/common/long_work.h"
+#include "procedures/common/original_scale.h"
 #include "procedures/varmodel/syntax/subcommands.h"
 #include "tests/recording/scene.h"
 
@@ -195,10 +196,11 @@ TEST_F(Fetch, EndsWithAHostThatDeliversWhatCannotBe) {
   }
 }
 
-// This host has neither function of host/long_work.h.
+// This host has no function of host/long_work.h, nor of host/original_scale.h.
 TEST(LongWork, RunsOnOneThreadInAHostThatDoesNotKnowIt) {
   EXPECT_EQ(procedures::threadsAllowed(), 1u);
   EXPECT_FALSE(procedures::hostProgress());
+  EXPECT_FALSE(procedures::originalScale(0));
 }
 
 }  // namespace

@@ -27,7 +27,8 @@ Analysis analyse(const Settings& settings, const Observations& observations, con
   const ModelData data{.settings = settings.model,
                        .sample = observations.sample,
                        .known = shortened(known, observations.sample.rows()),
-                       .cycle = observations.seasons.cycle};
+                       .cycle = observations.seasons.cycle,
+                       .originals = observations.originals};
   Analysis analysis{.model = estimateModel(data, settings.level())};
   analysis.roots = engine::rootsOf(engine::lagMatrices(analysis.model.fit)).value_or(std::vector<engine::Root>{});
   if (settings.tests) analysis.tests = testResiduals(analysis.model, data, *settings.tests);

@@ -28,7 +28,9 @@ std::vector<engine::HeldValue> heldValues(const Sample& sample, std::size_t hori
   return held;
 }
 
-void holdValues(const Model& model, const ModelData& data, const engine::ForecastErrors& errors, Forecast& forecast) {
+// What the held values explain, as conditionalForecast() has it.
+engine::Matrix holdValues(const Model& model, const ModelData& data, const engine::ForecastErrors& errors,
+                          Forecast& forecast) {
   const auto shocks = engine::shockErrors(engine::lagMatrices(model.fit), model.covariance, forecast.horizon());
   Condition condition{.held = heldValues(data.sample, forecast.horizon()), .unconditional = forecast.values};
   auto result = shocks ? engine::conditionalForecast(forecast.values, *shocks, errors, condition.held) : std::nullopt;
@@ -37,6 +39,7 @@ void holdValues(const Model& model, const ModelData& data, const engine::Forecas
   forecast.values = std::move(result->values);
   forecast.standardErrors = std::move(result->standardErrors);
   forecast.condition = std::move(condition);
+  return std::move(result->explained);
 }
 
 // The future rows of the columns beside the lags, constant first.
@@ -59,16 +62,31 @@ engine::Matrix stacked(const std::vector<engine::Matrix>& horizons) {
   return result;
 }
 
-std::vector<engine::ForecastLimits> drawLimits(const Settings& settings, const ModelData& data, const SeriesList& known,
-                                               std::size_t horizon, Draws& draws) {
+void drawLimits(const Settings& settings, const ModelData& data, const SeriesList& known, Draws& draws,
+                Forecast& forecast) {
   engine::BandOptions options = draws.bandOptions(settings.forecast->simultaneous);
   options.levels = forecastLevels(settings);
-  auto bands = engine::forecastBands(draws.get(), data.sample.endogenous, futureTerms(data, known, horizon), options);
-  std::vector<engine::ForecastLimits> limits;
-  for (const engine::Band& band : draws.required(std::move(bands), horizon)) {
-    limits.push_back({band.level, stacked(band.lower), stacked(band.upper)});
+  const engine::Matrix terms = futureTerms(data, known, forecast.horizon());
+  auto bands = engine::forecastBands(draws.get(), data.sample.endogenous, terms, options);
+  for (const engine::Band& band : draws.required(std::move(bands), forecast.horizon())) {
+    forecast.drawnLimits.push_back({band.level, stacked(band.lower), stacked(band.upper)});
   }
-  return limits;
+  addDrawnLimits(data, terms, options, draws, forecast.levels);
+}
+
+// Of the errors of one series at all horizons, as far as the held values leave it.
+engine::Matrix unexplainedCovariance(const engine::ForecastErrors& errors, const engine::Matrix& explained,
+                                     std::size_t series) {
+  engine::Matrix covariance = engine::seriesCovariance(errors, series);
+  const std::size_t count = errors.shocks.front().rows;
+  for (std::size_t h = 0; h < covariance.rows; ++h) {
+    for (std::size_t g = 0; g < covariance.columns; ++g) {
+      for (std::size_t c = 0; c < explained.columns; ++c) {
+        covariance(h, g) -= explained(h * count + series, c) * explained(g * count + series, c);
+      }
+    }
+  }
+  return covariance;
 }
 
 }  // namespace
@@ -91,7 +109,8 @@ Forecast forecastModel(const Settings& settings, const Model& model, const Model
   const bool conditional = settings.forecast->conditional;
   if (interval != Interval::analytic && !conditional) {
     Forecast forecast{.values = engine::forecastPath(model.fit, sample, data.sample.rows(), horizon).values};
-    if (interval == Interval::bootstrap) forecast.drawnLimits = drawLimits(settings, data, known, horizon, draws);
+    forecast.levels = levelsOf(data, forecast.values);
+    if (interval == Interval::bootstrap) drawLimits(settings, data, known, draws, forecast);
     return forecast;
   }
   const auto terms = namedTerms(data.settings, data.cycle);
@@ -101,8 +120,17 @@ Forecast forecastModel(const Settings& settings, const Model& model, const Model
                     .standardErrors = std::move(analytic->standardErrors),
                     .degreesOfFreedom = analytic->degreesOfFreedom,
                     .correctionShare = analytic->model.share};
-  if (conditional) holdValues(model, data, analytic->errors, forecast);
-  if (interval == Interval::none) forecast.standardErrors.reset();
+  const engine::Matrix explained = conditional ? holdValues(model, data, analytic->errors, forecast)
+                                               : engine::Matrix(forecast.values.values.size(), 0);
+  forecast.levels = levelsOf(data, forecast.values);
+  if (interval == Interval::none) {
+    forecast.standardErrors.reset();
+  } else {
+    addLimits(data, forecast.values,
+              {forecast.degreesOfFreedom,
+               [&](std::size_t series) { return unexplainedCovariance(analytic->errors, explained, series); }},
+              forecastLevels(settings), forecast.levels);
+  }
   return forecast;
 }
 

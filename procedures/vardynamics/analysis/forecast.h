@@ -9,6 +9,7 @@
 #include "engine/dynamics/conditional_forecast.h"
 #include "engine/dynamics/forecast_limits.h"
 #include "procedures/vardynamics/analysis/draws.h"
+#include "procedures/vardynamics/analysis/levels.h"
 #include "procedures/vardynamics/analysis/model.h"
 #include "procedures/vardynamics/data/seasons.h"
 #include "procedures/vardynamics/syntax/settings.h"
@@ -29,6 +30,7 @@ struct Forecast {
   double correctionShare = 0.0;                          // delta; 0: the model has a root on or outside the unit circle
   std::vector<engine::ForecastLimits> drawnLimits = {};  // with INTERVAL=BOOTSTRAP, at the levels of forecastLevels()
   std::optional<Condition> condition = {};
+  Levels levels = {};  // of transformed series
 
   std::size_t horizon() const { return values.rows; }
   bool hasLimits() const { return standardErrors || !drawnLimits.empty(); }

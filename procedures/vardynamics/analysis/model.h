@@ -5,10 +5,12 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <vector>
 
 #include "engine/dynamics/equation_fit.h"
 #include "engine/regression/var_estimation.h"
+#include "procedures/common/original_scale.h"
 #include "procedures/vardynamics/data/sample.h"
 #include "procedures/vardynamics/syntax/settings.h"
 
@@ -20,6 +22,8 @@ struct ModelData {
   const Sample& sample;
   SeriesList known;       // the known columns, T values each
   std::size_t cycle = 0;  // of the seasonal dummies; 0: none
+  // What the endogenous series were made from, or nothing for those that hold what the data held; none: no series does.
+  std::span<const std::optional<procedures::OriginalScale>> originals = {};
 };
 
 // The lag orders 0..P, all fitted on the rows from max(P, q) on; lag 0 is never chosen.

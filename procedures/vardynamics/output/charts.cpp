@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "procedures/common/number_text.h"
@@ -15,25 +16,36 @@ namespace {
 constexpr std::size_t kShownRows = 400;  // of a long history
 constexpr std::size_t kRowsPerPeriod = 6;
 
-// The points of a fan: history, forecast and, with a condition, the unconditional forecast.
+struct FanLimits {
+  double level = 0.0;
+  std::vector<double> lower = {};
+  std::vector<double> upper = {};
+};
+
+// What a fan shows of a series: its sample, its forecast and, with a condition, the unconditional forecast.
+struct FanValues {
+  std::vector<double> observed = {};
+  std::vector<double> forecast = {};
+  std::vector<double> unconditional = {};
+  std::vector<FanLimits> limits = {};
+};
+
 class Fan {
  public:
-  Fan(const ReportContext& context, std::size_t series)
+  Fan(const ReportContext& context, FanValues values)
       : context_(context),
-        series_(series),
-        rows_(context.observations.sample.rows()),
+        fan_(std::move(values)),
+        rows_(fan_.observed.size()),
         first_(rows_ - std::min(rows_, std::max(kShownRows, kRowsPerPeriod * context.observations.horizon))) {}
 
-  DocumentChart chart() {
-    const Texts& texts = context_.texts;
-    const std::string& name = context_.names()[series_];
-    DocumentChart chart{.id = "Forecast Chart - " + name, .title = texts.localize("Forecast") + " - " + name};
+  // `chart` has its name and title.
+  DocumentChart draw(DocumentChart chart, const std::string& name) {
     chart.statements = {"SCALE: cat(dim(1), sort.data())", colors(), axisGuide(2, name),
                         axisGuide(1, context_.periodLabel())};
     addPoints();
     chart.texts = {{"date", dates_}, {"name", names_}};
     chart.numbers = {{"value", values_}};
-    if (context_.analysis.forecast->hasLimits()) addBands(chart);
+    addBands(chart);
     chart.statements.emplace_back("ELEMENT: line(position(date*value), color(name))");
     return chart;
   }
@@ -51,45 +63,55 @@ class Fan {
     names_.push_back(name);
   }
 
-  void addPath(const engine::Matrix& path, const std::string& name) {
-    for (std::size_t h = 0; h < path.rows; ++h) addPoint(rows_ + h, path(h, series_), name);
+  void addPath(const std::vector<double>& path, const std::string& name) {
+    for (std::size_t h = 0; h < path.size(); ++h) addPoint(rows_ + h, path[h], name);
   }
 
   void addPoints() {
     const Texts& texts = context_.texts;
-    const std::vector<double>& observed = context_.observations.sample.endogenous[series_];
-    for (std::size_t t = first_; t < rows_; ++t) addPoint(t, observed[t], texts.localize("Observed"));
-    addPath(context_.analysis.forecast->values, texts.localize("Forecast"));
-    const auto& condition = context_.analysis.forecast->condition;
-    if (condition) addPath(condition->unconditional, texts.localize("Unconditional"));
+    for (std::size_t t = first_; t < rows_; ++t) addPoint(t, fan_.observed[t], texts.localize("Observed"));
+    addPath(fan_.forecast, texts.localize("Forecast"));
+    addPath(fan_.unconditional, texts.localize("Unconditional"));
   }
 
-  std::vector<double> besideForecast(const engine::Matrix& limit) const {
+  std::vector<double> besideForecast(const std::vector<double>& limit) const {
     std::vector<double> column(values_.size(), kNoValue);
-    for (std::size_t h = 0; h < limit.rows; ++h) column[rows_ - first_ + h] = limit(h, series_);
+    std::ranges::copy(limit, column.begin() + static_cast<std::ptrdiff_t>(rows_ - first_));
     return column;
   }
 
   void addBands(DocumentChart& chart) const {
     int number = 0;
-    for (const double level : forecastLevels(context_.settings)) {
-      const engine::ForecastLimits limits = context_.analysis.forecast->limits(level);
+    for (const FanLimits& limits : fan_.limits) {
       const std::string low = "low" + std::to_string(++number);
       const std::string high = "high" + std::to_string(number);
       chart.numbers.emplace_back(low, besideForecast(limits.lower));
       chart.numbers.emplace_back(high, besideForecast(limits.upper));
-      chart.statements.push_back(bandElement("date", low, high, procedures::confidenceLevelText(level)));
+      chart.statements.push_back(bandElement("date", low, high, procedures::confidenceLevelText(limits.level)));
     }
   }
 
   const ReportContext& context_;
-  std::size_t series_;
+  FanValues fan_;
   std::size_t rows_;   // of the sample
   std::size_t first_;  // row that is shown
   std::vector<std::string> dates_;
   std::vector<std::string> names_;
   std::vector<double> values_;
 };
+
+FanValues fanOf(const ReportContext& context, std::size_t series) {
+  const Forecast& forecast = *context.analysis.forecast;
+  FanValues fan{.observed = context.observations.sample.endogenous[series],
+                .forecast = engine::columnOf(forecast.values, series)};
+  if (forecast.condition) fan.unconditional = engine::columnOf(forecast.condition->unconditional, series);
+  if (!forecast.hasLimits()) return fan;
+  for (const double level : forecastLevels(context.settings)) {
+    const engine::ForecastLimits limits = forecast.limits(level);
+    fan.limits.push_back({level, engine::columnOf(limits.lower, series), engine::columnOf(limits.upper, series)});
+  }
+  return fan;
+}
 
 std::string rootText(const Texts& texts, const engine::Root& root) {
   constexpr int kPeriodDecimals = 2;
@@ -101,7 +123,21 @@ std::string rootText(const Texts& texts, const engine::Root& root) {
 }  // namespace
 
 DocumentChart forecastChart(const ReportContext& context, std::size_t series) {
-  return Fan(context, series).chart();
+  const std::string& name = context.names()[series];
+  return Fan(context, fanOf(context, series))
+      .draw({.id = "Forecast Chart - " + name, .title = context.texts.localize("Forecast") + " - " + name}, name);
+}
+
+DocumentChart levelChart(const ReportContext& context, std::size_t series) {
+  const SeriesLevels& levels = *context.analysis.forecast->levels[series];
+  FanValues fan{.observed = levels.history, .forecast = levels.values};
+  for (const SeriesLevels::Limits& limits : levels.limits)
+    fan.limits.push_back({limits.level, limits.lower, limits.upper});
+  const std::string& name = context.names()[series];
+  return Fan(context, std::move(fan))
+      .draw({.id = "Forecast Chart in Levels - " + name,
+             .title = context.texts.localize("Forecast in Levels") + " - " + name},
+            context.texts.localize("^1, in levels", {name}));
 }
 
 DocumentChart rootsChart(const ReportContext& context) {

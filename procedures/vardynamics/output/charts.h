@@ -12,6 +12,8 @@ namespace vardynamics {
 // The last part of a series and its forecast, limits as nested bands: those of the given levels, or 50, 80 and the one
 // level.
 DocumentChart forecastChart(const ReportContext& context, std::size_t series);
+// The same of a transformed series in the unit of the data.
+DocumentChart levelChart(const ReportContext& context, std::size_t series);
 
 // Every response to every shock of a type, a small chart each.
 DocumentChart responseChart(const ReportContext& context, const ShockResponses& set);

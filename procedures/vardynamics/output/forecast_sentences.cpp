@@ -27,11 +27,28 @@ std::string lastValue(const ReportContext& context, std::size_t series) {
                          text(limits.upper(last, series))});
 }
 
+std::string lastLevel(const ReportContext& context, const std::string& name, const SeriesLevels& levels) {
+  const Texts& texts = context.texts;
+  const int decimals = levelDecimals(context, levels);
+  const auto text = [&](double value) { return texts.number(fixedText(value, decimals)); };
+  const std::string& period = context.observations.labels.back();
+  const std::string value = text(levels.values.back());
+  if (levels.limits.empty()) return texts.localize("Forecast of ^1 in levels for ^2: ^3.", {name, period, value});
+  const SeriesLevels::Limits& limits = levels.at(context.settings.level());
+  return texts.localize("Forecast of ^1 in levels for ^2: ^3, ^4 limits ^5 and ^6.",
+                        {name, period, value, texts.percent(context.settings.level()), text(limits.lower.back()),
+                         text(limits.upper.back())});
+}
+
 }  // namespace
 
 Sentences forecastSentences(const ReportContext& context) {
   Sentences sentences;
-  for (std::size_t i = 0; i < context.names().size(); ++i) sentences.push_back(lastValue(context, i));
+  const Levels& levels = context.analysis.forecast->levels;
+  for (std::size_t i = 0; i < context.names().size(); ++i) {
+    sentences.push_back(lastValue(context, i));
+    if (i < levels.size() && levels[i]) sentences.push_back(lastLevel(context, context.names()[i], *levels[i]));
+  }
   return sentences;
 }
 

@@ -12,4 +12,7 @@ namespace vardynamics {
 // error of its regression.
 int forecastDecimals(const ReportContext& context, std::size_t series);
 
+// Of a series in levels: the width of its limits shows four digits; without limits, the first step.
+int levelDecimals(const ReportContext& context, const SeriesLevels& levels);
+
 }  // namespace vardynamics

@@ -94,6 +94,22 @@ DocumentTable plainTable(const ReportContext& context) {
   return table;
 }
 
+// Where the numbers in levels come from.
+Sentences levelNotes(const ReportContext& context, const SeriesLevels& levels) {
+  const Texts& texts = context.texts;
+  Sentences notes{texts.localize("In the unit of the data, from the forecasts of the transformed series.")};
+  if (!context.analysis.forecast->drawnLimits.empty()) {
+    notes.push_back(texts.localize("The limits are percentiles of the drawn futures, each told in levels."));
+  } else if (!levels.limits.empty()) {
+    notes.push_back(texts.localize("The limits come from the joint covariance of the forecasts up to each period."));
+  }
+  if (levels.median) {
+    notes.push_back(
+        texts.localize("The values are medians; the mean of a series whose growth is forecast lies above."));
+  }
+  return notes;
+}
+
 // How unusual the held values are.
 DocumentTable conditionTable(const ReportContext& context) {
   const Texts& texts = context.texts;
@@ -106,6 +122,36 @@ DocumentTable conditionTable(const ReportContext& context) {
 }
 
 }  // namespace
+
+DocumentTable levelTable(const ReportContext& context, std::size_t series) {
+  const Texts& texts = context.texts;
+  const SeriesLevels& levels = *context.analysis.forecast->levels[series];
+  const int decimals = levelDecimals(context, levels);
+  const std::string suffix = " - " + context.names()[series];
+  DocumentTable table{.id = "Forecast in Levels" + suffix,
+                      .title = texts.localize("Forecast in Levels") + suffix,
+                      .rowLabel = context.periodLabel(),
+                      .rows = forecastLabels(context),
+                      .columns = {{texts.localize("Forecast"), levels.values, decimals}},
+                      .notes = levelNotes(context, levels)};
+  if (levels.limits.empty()) return table;
+  for (const double level : context.settings.levels) {
+    const SeriesLevels::Limits& limits = levels.at(level);
+    append(table.columns, limitColumns(texts, level, limits.lower, limits.upper, decimals));
+  }
+  return table;
+}
+
+int levelDecimals(const ReportContext& context, const SeriesLevels& levels) {
+  if (levels.limits.empty()) return decimalsFor(levels.values.front() - levels.history.back());
+  constexpr double kErrorsInWidth = 4.0;  // of limits at 95 %
+  const SeriesLevels::Limits& limits = levels.at(context.settings.level());
+  std::vector<double> errors;
+  for (std::size_t h = 0; h < limits.lower.size(); ++h) {
+    errors.push_back((limits.upper[h] - limits.lower[h]) / kErrorsInWidth);
+  }
+  return decimalsForErrors(errors);
+}
 
 int forecastDecimals(const ReportContext& context, std::size_t series) {
   const Forecast& forecast = *context.analysis.forecast;

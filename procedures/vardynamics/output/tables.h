@@ -15,6 +15,8 @@ using Tables = std::vector<DocumentTable>;
 DocumentTable summaryTable(const ReportContext& context);
 // One a series with limits, one for all without.
 Tables forecastTables(const ReportContext& context);
+// Of a transformed series, in the unit of the data.
+DocumentTable levelTable(const ReportContext& context, std::size_t series);
 // The selection where the lag was chosen, the parameters of each equation, the fit, the residual covariance.
 Tables modelTables(const ReportContext& context);
 Tables stabilityTables(const ReportContext& context);

@@ -55,8 +55,17 @@ class DocumentWriter {
     for (std::size_t i = 0; i < seriesCount; ++i) {
       if (!tableOfAll) writeTable(generator_, tables[i]);
       if (charts) writeChart(generator_, forecastChart(context_, i));
+      addLevels(i, charts);
     }
     for (std::size_t i = tableOfAll ? 1 : seriesCount; i < tables.size(); ++i) writeTable(generator_, tables[i]);
+  }
+
+  // Of a transformed series.
+  void addLevels(std::size_t series, bool charts) {
+    const Levels& levels = context_.analysis.forecast->levels;
+    if (series >= levels.size() || !levels[series]) return;
+    writeTable(generator_, levelTable(context_, series));
+    if (charts) writeChart(generator_, levelChart(context_, series));
   }
 
   void addDecomposition() {

@@ -28,7 +28,10 @@ class ResultColumns {
         addSample(names[i] + "_residual", "Residual: " + names[i], analysis_.model.fit.residuals[i]);
       if (settings_.save->shocks)
         addSample(names[i] + "_shock", "Orthogonal shock: " + names[i], engine::columnOf(*analysis_.shocks, i));
-      if (settings_.save->forecasts) addForecasts(names[i], i);
+      if (!settings_.save->forecasts) continue;
+      addForecasts(names[i], i);
+      const Levels& levels = analysis_.forecast->levels;
+      if (i < levels.size() && levels[i]) addLevels(names[i], *levels[i]);
     }
     return std::move(columns_);
   }
@@ -79,9 +82,26 @@ class ResultColumns {
     }
   }
 
+  // Of a transformed series, in the unit of the data.
+  void addLevels(const std::string& name, const SeriesLevels& levels) {
+    addFuture(name + "_level", "Forecast in levels: " + name, levels.values);
+    for (const double level : settings_.levels) {
+      if (levels.limits.empty()) break;
+      const std::string percent = procedures::shortestNumber(level);
+      addFuture(name + "_level_lower" + percent, "Lower " + percent + "% limit in levels: " + name,
+                levels.at(level).lower);
+      addFuture(name + "_level_upper" + percent, "Upper " + percent + "% limit in levels: " + name,
+                levels.at(level).upper);
+    }
+  }
+
   void addFuture(std::string name, std::string label, const engine::Matrix& values, std::size_t series) {
+    addFuture(std::move(name), std::move(label), engine::columnOf(values, series));
+  }
+
+  void addFuture(std::string name, std::string label, const std::vector<double>& values) {
     std::vector<double> column(rows(), std::nan(""));
-    for (std::size_t step = 0; step < values.rows; ++step) column.push_back(values(step, series));
+    column.insert(column.end(), values.begin(), values.end());
     add(std::move(name), std::move(label), std::move(column));
   }
 

@@ -60,6 +60,9 @@ Observations readObservations(const Settings& settings, ProcedureDataSource& dat
   if (settings.forecast) {
     found.horizon = horizonOf(*settings.forecast, found.sample, calendar);
     checkForecast(settings, found.horizon, found.sample, calendar);
+    for (const std::int32_t index : settings.model.endogenous.indexes) {
+      found.originals.push_back(procedures::originalScale(index));
+    }
   }
   const std::size_t periods = found.sample.rows() + found.horizon;
   if (settings.model.seasonal) found.seasons = calendar.seasons(first, periods);

@@ -3,10 +3,12 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "host/data_source.h"
+#include "procedures/common/original_scale.h"
 #include "procedures/vardynamics/data/sample.h"
 #include "procedures/vardynamics/data/seasons.h"
 #include "procedures/vardynamics/syntax/settings.h"
@@ -23,6 +25,7 @@ struct Observations {
   // Parallel: the date variables and their components in these periods.
   std::vector<std::string> dateVariables = {};
   SeriesList dateComponents = {};
+  std::vector<std::optional<procedures::OriginalScale>> originals = {};  // of the endogenous series
 
   const std::string& label(std::size_t period) const { return labels[period]; }
   const std::string& lastLabel() const { return labels[sample.rows() - 1]; }

@@ -47,7 +47,8 @@ std::vector<OptionWord> FitComposer::optionWords(const FinishedRun& run) const {
 }
 
 std::vector<std::string> FitComposer::shortForm() const {
-  return modelOnly_ ? model_.shortForm() : std::vector<std::string>{"lag-selection", "forecast", "condition"};
+  return modelOnly_ ? model_.shortForm()
+                    : std::vector<std::string>{"lag-selection", "forecast", "forecast-in-levels", "condition"};
 }
 
 void FitComposer::present(const FinishedRun& run, DocumentView& view) const {

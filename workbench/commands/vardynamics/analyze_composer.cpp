@@ -69,7 +69,7 @@ std::vector<OptionWord> AnalyzeComposer::optionWords(const FinishedRun& /*run*/)
 }
 
 std::vector<std::string> AnalyzeComposer::shortForm() const {
-  return {"forecast", "condition", "lag-selection"};
+  return {"forecast", "forecast-in-levels", "condition", "lag-selection"};
 }
 
 void AnalyzeComposer::addShockOptions(CLI::App& app) {

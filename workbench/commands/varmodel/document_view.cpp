@@ -8,6 +8,7 @@
 
 #include "workbench/commands/common/analysed_rows.h"
 #include "workbench/commands/varmodel/document_items.h"
+#include "workbench/commands/varmodel/level_notes.h"
 #include "workbench/commands/varmodel/selected_lag.h"
 #include "workbench/commands/varmodel/small_units.h"
 #include "workbench/commands/varmodel/usable_lag.h"
@@ -142,6 +143,9 @@ void addTableNotes(const FinishedRun& run, const Json& table, std::size_t place,
   if (isItem(table, "table", "Test for Residuals")) {
     notes.addOnce(place, ljungBox(run, table["cells"]));
     notes.addOnce(place, jarqueBera(run, table));
+  }
+  if (isItem(table, "table", "Forecast")) {
+    for (const std::string& note : levelNotes(run, table)) notes.addOnce(place, note);
   }
   if (isItem(table, "table", "Forecast") && run.record.requestedLists.contains("MODEL EXOGENOUS")) {
     notes.addOnce(place, run.input.language.translate(forecastsWithoutExogenous));
