@@ -33,6 +33,10 @@ if(NOT CMAKE_CROSSCOMPILING)
     RUNTIME DESTINATION bin COMPONENT libraries EXCLUDE_FROM_ALL)
 endif()
 
+if(MINGW)
+  install(FILES ${windows_runtime} DESTINATION bin COMPONENT program)
+endif()
+
 install(DIRECTORY locale DESTINATION share/varmodel COMPONENT program FILES_MATCHING PATTERN *.json)
 install(FILES LICENSE THIRD_PARTY.md DESTINATION share/varmodel COMPONENT program)
 if(NOT CMAKE_CROSSCOMPILING)

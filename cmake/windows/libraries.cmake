@@ -47,5 +47,6 @@ set_target_properties(DuckDB::duckdb PROPERTIES IMPORTED_LOCATION ${windows_deps
   INTERFACE_INCLUDE_DIRECTORIES ${PROJECT_SOURCE_DIR}/.deps/duckdb/include)
 
 # What the program needs beside it, so that it runs where it was built.
-file(GLOB windows_runtime ${windows_deps}/bin/*.dll)
-file(COPY ${windows_runtime} DESTINATION ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
+file(GLOB windows_runtime ${windows_deps}/bin/lib*.dll)
+file(COPY ${windows_runtime} ${windows_deps}/bin/duckdb.dll DESTINATION ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
+set(DuckDB_LIBRARY ${windows_deps}/bin/duckdb.dll)

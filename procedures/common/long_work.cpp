@@ -8,12 +8,22 @@ namespace procedures {
 
 #if defined(HOST_LONG_WORK)
 
+namespace {
+
+// Asked of a parameter: where no symbol can be missing, compilers refuse the comparison itself.
+template <class Function>
+bool isThere(Function* function) {
+  return function != nullptr;
+}
+
+}  // namespace
+
 std::size_t threadsAllowed() {
-  return &HostThreadsAllowed == nullptr ? 1 : static_cast<std::size_t>(std::max(1, HostThreadsAllowed()));
+  return isThere(&HostThreadsAllowed) ? static_cast<std::size_t>(std::max(1, HostThreadsAllowed())) : 1;
 }
 
 std::function<bool(double)> hostProgress() {
-  if (&HostReportProgress == nullptr) return {};
+  if (!isThere(&HostReportProgress)) return {};
   return [](double share) { return HostReportProgress(share); };
 }
 

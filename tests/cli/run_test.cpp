@@ -54,6 +54,17 @@ TEST(Examples, RunFromTheirFolder) {
   }
 }
 
+TEST_F(Run, TakesFilesNamedInAnyScript) {
+  space.file("Größe 東京.csv", space.read("us_macro_quarterly.csv"));
+  space.file("Auftrag ü.toml", "command = '''\nVARMODEL\n/MODEL " + oneLag +
+                                   "\n/METHOD TYPE=[OLS]\n/SAVE FILE=\"Spär ß.parquet\" PREDICTED\n'''\n[data]\n"
+                                   "source = \"Größe 東京.csv\"\nquery = \"SELECT * FROM 'Größe 東京.csv'\"\n");
+  const ProgramRun run = space.run({"run", "Auftrag ü.toml", "--json", "ö.json", "--html", "日本.html"});
+  EXPECT_EQ(run.exitCode, 0) << run.err;
+  EXPECT_THAT(space.listing(), ElementsAre("Auftrag ü.toml", "Größe 東京.csv", "Spär ß.parquet",
+                                           "us_macro_quarterly.csv", "ö.json", "日本.html"));
+}
+
 TEST_F(Run, GapInsideTheSampleIsTold) {
   const ProgramRun run =
       runJob(oneLag, parameters,

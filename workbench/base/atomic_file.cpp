@@ -1,5 +1,6 @@
 #include "workbench/base/atomic_file.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <utility>
@@ -43,8 +44,12 @@ fs::path folderOf(const fs::path& file) {
   return file.has_parent_path() ? file.parent_path() : fs::path(".");
 }
 
+// As much of the target's name as fits, in whole characters.
 std::string stagingPrefix(const fs::path& target) {
-  return "." + target.filename().string().substr(0, kLongestNameKept) + ".varmodel-";
+  const std::string name = target.filename().string();
+  std::size_t length = std::min(name.size(), kLongestNameKept);
+  while (length < name.size() && length > 0 && (name[length] & 0xC0) == 0x80) --length;
+  return "." + name.substr(0, length) + ".varmodel-";
 }
 
 void removeStaleFolders(const fs::path& target) {
@@ -119,7 +124,10 @@ void StagedFile::makeFolder() {
     const auto made = makeUniqueFolder(folderOf(target_), stagingPrefix(target_));
     if (!made) fail(requested_, errno);
     folder_ = *made;
-    cleaning_.emplace([folder = folder_] { removeEverything(folder); });
+    cleaning_.emplace([this, folder = folder_] {
+      lock_.release();
+      removeEverything(folder);
+    });
     if (lock_.acquire(folder_)) return;
     removeFolder();
   }
@@ -128,10 +136,10 @@ void StagedFile::makeFolder() {
 
 void StagedFile::removeFolder() noexcept {
   std::error_code ignored;
+  lock_.release();
   if (!folder_.empty()) fs::remove_all(folder_, ignored);
   cleaning_.reset();
   folder_.clear();
-  lock_.release();
 }
 
 StagedFile::~StagedFile() {

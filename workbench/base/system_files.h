@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <filesystem>
 #include <optional>
@@ -38,10 +39,11 @@ class FolderLock {
 
   // False when another process removed the folder before it was locked.
   bool acquire(const std::filesystem::path& folder);
+  // At most once takes effect, whatever the thread. A locked folder cannot be removed on Windows.
   void release() noexcept;
 
  private:
-  std::intptr_t handle_ = -1;
+  std::atomic<std::intptr_t> handle_ = -1;
 };
 
 // Removes a folder that no process holds locked, with all that is in it; else leaves it.

@@ -5,7 +5,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <utility>
 
 #include "workbench/base/system_files.h"
 
@@ -80,7 +79,8 @@ bool FolderLock::acquire(const fs::path& folder) {
 }
 
 void FolderLock::release() noexcept {
-  if (handle_ >= 0) close(static_cast<int>(std::exchange(handle_, -1)));
+  const std::intptr_t handle = handle_.exchange(-1);
+  if (handle >= 0) close(static_cast<int>(handle));
 }
 
 void removeIfAbandoned(const fs::path& folder) {

@@ -1,7 +1,6 @@
 #include <cerrno>
 #include <random>
 #include <string_view>
-#include <utility>
 
 #include "workbench/base/system_files.h"
 #include "workbench/base/utf8_path.h"
@@ -141,7 +140,8 @@ bool FolderLock::acquire(const fs::path& folder) {
 }
 
 void FolderLock::release() noexcept {
-  if (handle_ != kNoHandle) CloseHandle(reinterpret_cast<HANDLE>(std::exchange(handle_, kNoHandle)));
+  const std::intptr_t handle = handle_.exchange(kNoHandle);
+  if (handle != kNoHandle) CloseHandle(reinterpret_cast<HANDLE>(handle));
 }
 
 void removeIfAbandoned(const fs::path& folder) {
