@@ -1,6 +1,9 @@
 # Run by CPack on the files of the Debian package: man pages and the changelog are compressed, zsh's completion lies
 # where Debian's zsh looks, and the copyright file holds the licences of all that is inside.
 file(GLOB roots ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/*/usr)
+if(NOT roots)
+  message(FATAL_ERROR "${CPACK_TEMPORARY_INSTALL_DIRECTORY} holds no usr/: the package would install elsewhere")
+endif()
 foreach(usr ${roots})
   set(doc ${usr}/share/doc/varmodel)
   file(RENAME ${doc}/CHANGELOG.md ${doc}/changelog)

@@ -47,4 +47,4 @@ endif()
 install(FILES README.md CHANGELOG.md DESTINATION share/doc/varmodel COMPONENT program)
 install(DIRECTORY docs DESTINATION share/doc/varmodel COMPONENT program)
 install(DIRECTORY examples DESTINATION share/doc/varmodel COMPONENT program
-  FILES_MATCHING PATTERN *.csv PATTERN *.toml PATTERN *.md)
+  FILES_MATCHING PATTERN *.csv PATTERN *.toml PATTERN *.md PATTERN *_results.* EXCLUDE)

@@ -6,20 +6,23 @@
 # library. KEEP=1 leaves the chroot for a look.
 set -euo pipefail
 packages=$(realpath "$1")
-mirror=$(sed -n 's/^URIs: *//p; s/^deb \([^ ]*\) .*/\1/p' /etc/apt/sources.list /etc/apt/sources.list.d/debian.sources \
-  2>/dev/null | grep -m1 debian)
+mirror=$(cat /etc/apt/sources.list /etc/apt/sources.list.d/debian.sources 2>/dev/null |
+  sed -n 's/^URIs: *//p; s/^deb \([^ ]*\) .*/\1/p' | sed -n '/debian/{p;q}' || true)
+[ -n "$mirror" ] || { echo "package_check: apt's sources name no mirror of Debian" >&2; exit 1; }
 release=$(. /etc/os-release && echo "$VERSION_CODENAME")
 root=$(mktemp -d)
+chmod 755 "$root"  # apt reads as a user of its own
 examples=/usr/share/doc/varmodel/examples
 
 leave() {
-  ! mountpoint -q "$root/proc" || umount "$root/proc"
+  local folder
+  for folder in dev/pts proc; do ! mountpoint -q "$root/$folder" || umount "$root/$folder"; done
   [ -z "${KEEP:-}" ] || { echo "the chroot is kept: $root"; return; }
   rm -rf --one-file-system "$root"
 }
 trap leave EXIT
 
-inside() { chroot "$root" /usr/bin/env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin HOME=/root LC_ALL=C.UTF-8 TERM=xterm \
+inside() { chroot "$root" /usr/bin/env -i PATH=/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin HOME=/root LC_ALL=C.UTF-8 TERM=xterm \
   DEBIAN_FRONTEND=noninteractive bash -c "$1"; }
 step() { printf '\n== %s\n' "$1"; }
 
@@ -35,6 +38,8 @@ step "a fresh $release in $root"
 debootstrap --variant=minbase "$release" "$root" "$mirror" >"$root.log" 2>&1 || { tail -5 "$root.log"; exit 1; }
 rm -f "$root.log"
 mount -t proc proc "$root/proc"
+mount -t devpts -o newinstance,ptmxmode=0666 devpts "$root/dev/pts"
+ln -sf pts/ptmx "$root/dev/ptmx"
 mkdir "$root/packages"
 cp "$packages"/*.deb "$packages"/*.tar.gz "$root/packages/"
 inside 'dpkg -l | grep -c ^ii' | sed 's/$/ packages/'
@@ -57,10 +62,12 @@ inside 'varmodel --licenses | grep -c "^### "' | sed 's/$/ licence texts/'
 
 step "man pages and completion in bash, zsh and fish"
 inside 'apt-get install -y -qq --no-install-recommends man-db zsh fish bash-completion >>/packages/log 2>&1'
-inside 'man varmodel-fit 2>/dev/null | grep -m1 -A1 -- --endogenous || test -f /usr/share/man/man1/varmodel-fit.1.gz'
+inside 'zcat /usr/share/man/man1/varmodel-fit.1.gz >/tmp/page && man -l /tmp/page | grep -m1 "^SYNOPSIS" '
 for shell in bash zsh fish; do
   cp "$(dirname "$0")/../tests/install/complete.$shell" "$root/packages/"
-  inside "cd /tmp && $shell /packages/complete.$shell 'varmodel fit data.csv --select h'" | sed "s/^/$shell: /"
+  offered=$(inside "cd /tmp && $shell /packages/complete.$shell 'varmodel fit data.csv --select h'")
+  echo "$shell: $offered"
+  [ "$offered" = hqic ]
 done
 
 step "removed"
