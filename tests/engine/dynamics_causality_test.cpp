@@ -61,20 +61,6 @@ TEST(Granger, IsTheFTestOfLeavingTheLagsOut) {
   }
 }
 
-TEST(Granger, UnitsChangeNothing) {
-  SeriesList mixed = growth();
-  for (double& value : mixed[0]) value *= 1e-6;
-  for (double& value : mixed[2]) value *= 1e6;
-  const GrangerCausality expected = grangerCausality(fitted(growth(), 2).fit, 2);
-  const GrangerCausality seen = grangerCausality(fitted(mixed, 2).fit, 2);
-  for (std::size_t i = 0; i < 3; ++i) {
-    EXPECT_TRUE(closeTo(seen.othersOnEach[i]->statistic, expected.othersOnEach[i]->statistic, 1e-12));
-    EXPECT_TRUE(closeTo(seen.eachOnOthers[i]->statistic, expected.eachOnOthers[i]->statistic, 1e-12));
-    EXPECT_TRUE(closeTo(instantaneousCausality(fitted(mixed, 2).fit, i)->statistic,
-                        instantaneousCausality(fitted(growth(), 2).fit, i)->statistic, 1e-12));
-  }
-}
-
 TEST(EquationFit, AgreesWithGretl) {
   const Example model = fitted(growth(), 2);
   const EquationFit fit = equationFit(model.fit, model.sample(), 2);

@@ -247,20 +247,6 @@ TEST(BiasCorrection, KeepsTheModelStable) {
   EXPECT_EQ(stabilisingShare(LagMatrices{matrixOf({{1.5}})}, matrixOf({{0.1}}), {1}), 0.0);
 }
 
-TEST(AnalyticForecast, ScalesWithTheUnits) {
-  const KnownTerms constant;
-  const Example model = fitted(growth(), 2);
-  const auto expected = analyticForecast(model.fit, model.sample(), kHorizon, &constant).value();
-  for (const double factor : {1e-6, 1e6}) {
-    const Example other = fitted(scaled(growth(), factor), 2);
-    const auto seen = analyticForecast(other.fit, other.sample(), kHorizon, &constant).value();
-    for (std::size_t i = 0; i < seen.values.values.size(); ++i) {
-      EXPECT_TRUE(closeTo(seen.values.values[i], factor * expected.values.values[i], 1e-12));
-      EXPECT_TRUE(closeTo(seen.standardErrors.values[i], factor * expected.standardErrors.values[i], 1e-12));
-    }
-  }
-}
-
 TEST(AnalyticForecast, ExogenousSeriesTakeTheGeneralForm) {
   // A constant and a trend given as exogenous columns: the general form, close to the short one.
   const SeriesList series = growth();
