@@ -62,6 +62,8 @@ ALLOWED = {
     "tests/plots": {*PURE, "workbench/render", "workbench/plots", "tests/render", "tests/charts"},
     "tests/browser": {"workbench/report"},
     "tests/windows": set(),
+    "tests/faults": set(),
+    "tests/fuzz": {*PURE, "workbench/cli", "workbench/report", "tests/dataset"},
     "tests/commands": {*PURE, "workbench/cli", "workbench/commands", "tests/cli", "tests/dataset"},
     "tests/commands/module": {"host"},
     "tests/cli": {"workbench/base", "tests/dataset", "tests/document"},

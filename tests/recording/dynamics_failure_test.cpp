@@ -2,8 +2,6 @@
 
 #include <gmock/gmock.h>
 
-#include <limits>
-
 #include "procedures/vardynamics/driver/vardynamics_entry.h"
 #include "tests/recording/scene.h"
 
@@ -11,29 +9,6 @@ namespace recording {
 namespace {
 
 const std::string kSuccess = "VAR Dynamics: Steps 1, 2, 3, 4, 5, and 6 completed successfully!";
-
-// Twelve quarters and two to come, of which the exogenous series is known.
-void giveFuture(Host& host) {
-  giveQuarters(host, 1993, 2);
-  constexpr double kMissing = std::numeric_limits<double>::lowest();
-  for (const double next : {13.0, 14.0}) {
-    const double values[] = {kMissing, kMissing, next, 1993.0, next - 12.0};
-    for (std::size_t column = 0; column < 5; ++column) host.columns[column].numbers.push_back(values[column]);
-  }
-}
-
-void giveEverySubcommand(Host& host) {
-  host.command = {
-      {"MODEL", {{"ENDOGENOUS", {{"a", "b"}}}, {"EXOGENOUS", {{"x"}}}, {"MAXLAG", {.number = 1}}}},
-      {"STABILITY", {}},
-      {"TESTS", {{"TYPE", {{"PORTMANTEAU", "LM", "ARCH", "NORMALITY", "UNITROOT"}}}, {"LAGS", {.number = 2}}}},
-      {"CAUSALITY", {{"TYPE", {{"GRANGER", "INSTANTANEOUS"}}}, {"AUGMENT", {.number = 1}}}},
-      {"FORECAST", {{"INTERVAL", {{"ANALYTIC"}}}}},
-      {"PLOT", {{"TYPE", {{"FORECAST", "ROOTS"}}}}},
-      {"SAVE", {{"FILE", {{"out"}, {}, true}}, {"FORECASTS", {}}, {"RESIDUALS", {}}}},
-      {"AUXILIARY", {{"CILEVEL", {.number = 90}}}},
-      {"MISSING", {{"USERMISSING", {{"EXCLUDE"}}}}}};
-}
 
 std::string lastLine(const std::string& trace) {
   const std::size_t end = trace.find_last_not_of('\n');
@@ -70,14 +45,9 @@ std::vector<std::string> lastLines(void (*give)(Host&), bool throwsNumber) {
   return lines;
 }
 
-void giveWholeRun(Host& host) {
-  giveFuture(host);
-  giveEverySubcommand(host);
-}
-
 TEST(DynamicsFailure, AWholeRunSucceedsUndisturbed) {
   Host host;
-  giveWholeRun(host);
+  giveEverySubcommand(host);
   EXPECT_EQ(lastLine(traceOf(VARDYNAMICS)), kSuccess);
   EXPECT_THAT(host.messages, testing::IsEmpty());
   EXPECT_EQ(host.savedCases.size(), 14u);
@@ -86,13 +56,13 @@ TEST(DynamicsFailure, AWholeRunSucceedsUndisturbed) {
 // Before the first step and between the steps it is the driver's guard that tells.
 TEST(DynamicsFailure, AnExceptionNeverLeavesTheProcedureAndIsTold) {
   const std::string guard = "! VARDYNAMICS: Standard exception: host";
-  EXPECT_THAT(lastLines(giveWholeRun, false),
+  EXPECT_THAT(lastLines(giveEverySubcommand, false),
               testing::ElementsAre(guard, step(1), guard, step(2), step(3), step(5), step(6)));
 }
 
 TEST(DynamicsFailure, WhatIsNoStandardExceptionNeitherLeavesIt) {
   const std::string guard = "! VARDYNAMICS: Unknown exception occurred.";
-  EXPECT_THAT(lastLines(giveWholeRun, true),
+  EXPECT_THAT(lastLines(giveEverySubcommand, true),
               testing::ElementsAre(guard, step(1), guard, step(2), step(3), step(5), step(6)));
 }
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "host/edge.h"
+#include "tests/recording/failing_allocation.h"
 #include "tests/recording/recording_host.h"
 
 struct HostAccess {
@@ -38,6 +39,7 @@ void write(std::ostream& out, const std::vector<Element>& list) {
 
 template <typename... Arguments>
 std::string textOf(const std::string& operation, const Arguments&... arguments) {
+  const Spared spared;
   std::ostringstream out;
   out << std::boolalpha << operation;
   char separator = '(';
@@ -47,7 +49,10 @@ std::string textOf(const std::string& operation, const Arguments&... arguments) 
 
 template <typename... Arguments>
 void noted(const char* operation, const Arguments&... arguments) {
-  current().calls.push_back(textOf(operation, arguments...));
+  {
+    const Spared spared;
+    current().calls.push_back(textOf(operation, arguments...));
+  }
   counted(operation);
 }
 
@@ -57,6 +62,7 @@ class Object {
   template <typename... Arguments>
   explicit Object(const char* name, const Arguments&... arguments) : name_(name) {
     noted(name, arguments...);
+    const Spared spared;
     current().living.emplace_back(name);
   }
   Object(const Object&) = delete;

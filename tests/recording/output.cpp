@@ -55,6 +55,7 @@ struct Item {
       : document(generator.getProcedureStatJSON()), name(std::move(givenName)) {}
   void add(const char* operation) {
     noted(operation, name);
+    const recording::Spared spared;
     document.PushBack(rapidjson::Value(name, document.GetAllocator()), document.GetAllocator());
   }
   rapidjson::Document& document;

@@ -33,6 +33,7 @@ void counted(const char* operation) {
 }
 
 Object::~Object() {
+  const Spared spared;
   std::vector<std::string>& living = inUse->living;
   inUse->calls.push_back("~" + name_);
   if (living.back() != name_) inUse->destroyedOutOfOrder.push_back(name_);

@@ -2,7 +2,10 @@
 
 #include <cmath>
 #include <iostream>
+#include <limits>
 #include <streambuf>
+
+#include "tests/recording/failing_allocation.h"
 
 namespace recording {
 namespace {
@@ -18,6 +21,7 @@ class MarkedStream : std::streambuf {
 
  private:
   int_type overflow(int_type character) override {
+    const Spared spared;
     if (text_.empty() || text_.back() == '\n') text_ += mark_;
     text_ += traits_type::to_char_type(character);
     return character;
@@ -28,6 +32,16 @@ class MarkedStream : std::streambuf {
   const char* mark_;
   std::streambuf* previous_;
 };
+
+// Twelve quarters and two to come, of which the exogenous series is known.
+void giveFuture(Host& host) {
+  giveQuarters(host, 1993, 2);
+  constexpr double kMissing = std::numeric_limits<double>::lowest();
+  for (const double next : {13.0, 14.0}) {
+    const double values[] = {kMissing, kMissing, next, 1993.0, next - 12.0};
+    for (std::size_t column = 0; column < 5; ++column) host.columns[column].numbers.push_back(values[column]);
+  }
+}
 
 }  // namespace
 
@@ -58,6 +72,24 @@ void giveEverything(Host& host) {
   host.command["SERIESPLOT"]["PLOT"].words = {"TIMESERIES", "ACF", "RES", "RESCOMB", "RESACF", "FIT", "FORECAST"};
   host.command["SAVE"] = {{"FILE", {{"out"}, {}, true}}, {"PREDICTED", {}}, {"NRESIDUAL", {{"R"}}}};
   host.command["AUXILIARY"]["CILEVEL"].number = 90;
+}
+
+void giveEverySubcommand(Host& host) {
+  giveFuture(host);
+  host.command = {
+      {"MODEL", {{"ENDOGENOUS", {{"a", "b"}}}, {"EXOGENOUS", {{"x"}}}, {"MAXLAG", {.number = 1}}}},
+      {"STABILITY", {}},
+      {"TESTS", {{"TYPE", {{"PORTMANTEAU", "LM", "ARCH", "NORMALITY", "UNITROOT"}}}, {"LAGS", {.number = 2}}}},
+      {"CAUSALITY", {{"TYPE", {{"GRANGER", "INSTANTANEOUS"}}}, {"AUGMENT", {.number = 1}}}},
+      {"FORECAST", {{"INTERVAL", {{"ANALYTIC"}}}}},
+      {"IMPULSE", {{"HORIZON", {.number = 3}}, {"CUMULATIVE", {{"ALL"}}}, {"BANDS", {{"ANALYTIC"}}}}},
+      {"DECOMPOSITION", {{"HORIZON", {.number = 3}}}},
+      {"BOOTSTRAP", {{"REPLICATIONS", {.number = 100}}}},
+      {"BACKTEST", {{"ORIGINS", {.number = 2}}, {"HORIZON", {.number = 2}}}},
+      {"PLOT", {{"TYPE", {{"FORECAST", "ROOTS", "IMPULSE", "VARIANCE", "BACKTEST"}}}}},
+      {"SAVE", {{"FILE", {{"out"}, {}, true}}, {"FORECASTS", {}}, {"RESIDUALS", {}}}},
+      {"AUXILIARY", {{"CILEVEL", {.number = 90}}}},
+      {"MISSING", {{"USERMISSING", {{"EXCLUDE"}}}}}};
 }
 
 std::string traceOf(const std::function<void()>& work) {

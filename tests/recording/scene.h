@@ -18,6 +18,9 @@ void giveModel(Host& host);
 // Every subcommand and every keyword.
 void giveEverything(Host& host);
 
+// VARDYNAMICS with every subcommand, over the quarters and two to come, of which the exogenous series is known.
+void giveEverySubcommand(Host& host);
+
 // Runs the work and returns its lines in the order written, those of the standard error stream after "! ".
 std::string traceOf(const std::function<void()>& work);
 
