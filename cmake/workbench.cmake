@@ -24,6 +24,7 @@ varmodel_folder(workbench/render LINKS workbench_document workbench_charts fmt::
 include(workbench/report/assets.cmake)
 varmodel_folder(workbench/report LINKS workbench_render)
 varmodel_folder(workbench/plots LINKS workbench_render)
+varmodel_folder(workbench/export LINKS workbench_plots)
 varmodel_folder(workbench/commands/common LINKS workbench_edge workbench_render fmt::fmt-header-only CLI11::CLI11)
 # One folder a command, beside what all of them share.
 file(GLOB command_folders CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR} workbench/commands/*/*_command.cpp)
@@ -38,7 +39,7 @@ varmodel_folder(workbench/commands/fit LINKS ${command_libraries})
 varmodel_folder(workbench/commands LINKS workbench_commands_fit)
 varmodel_folder(workbench/manual LINKS workbench_base fmt::fmt-header-only CLI11::CLI11)
 varmodel_folder(workbench/cli
-  LINKS workbench_commands workbench_report workbench_plots workbench_manual engine_diagnostics
+  LINKS workbench_commands workbench_report workbench_export workbench_manual engine_diagnostics
     tomlplusplus::tomlplusplus)
 
 # The version stands in CMake's project alone; the commit is looked up by every build.

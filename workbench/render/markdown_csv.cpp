@@ -17,18 +17,18 @@ std::string markdownText(const std::string& text) {
   return escaped;
 }
 
+std::string corner(const PivotTable& table) {
+  return table.rowDimension.shown ? table.rowDimension.label : "";
+}
+
+}  // namespace
+
 std::string csvField(const std::string& text) {
   if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
   std::string quoted = "\"";
   for (const char c : text) quoted.append(c == '"' ? 2 : 1, c);
   return quoted + '"';
 }
-
-std::string corner(const PivotTable& table) {
-  return table.rowDimension.shown ? table.rowDimension.label : "";
-}
-
-}  // namespace
 
 std::string paintMarkdown(const PivotTable& table) {
   std::string out;

@@ -15,4 +15,7 @@ std::string paintMarkdown(const PivotTable& table);
 // point in every language, missing values empty, no title and no footnotes. Texts are unchanged bytes.
 std::string paintCsv(const PivotTable& table);
 
+// A text as a field of a CSV file, quoted where it must be.
+std::string csvField(const std::string& text);
+
 }  // namespace workbench

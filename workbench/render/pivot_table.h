@@ -30,6 +30,7 @@ struct Cell {
 
 // Texts are as the document holds them: any bytes. Painters make them harmless.
 struct PivotTable {
+  std::string name;  // plain, of its file and for references to it; empty where it has none
   std::string title;
   bool titleShown = true;
   std::vector<std::size_t> titleFootnotes;  // indexes into footnotes

@@ -8,14 +8,17 @@
 #include <vector>
 
 #include "workbench/render/html_table.h"
+#include "workbench/render/latex_table.h"
 #include "workbench/render/markdown_csv.h"
 
 namespace workbench {
 
 namespace {
 
-constexpr std::array<TableFormat, 3> kFormats{
-    {{"Markdown", ".md", paintMarkdown}, {"CSV", ".csv", paintCsv}, {"HTML", ".html", htmlTable}}};
+constexpr std::array<TableFormat, 4> kFormats{{{"CSV", "csv", ".csv", paintCsv},
+                                               {"Markdown", "md", ".md", paintMarkdown},
+                                               {"LaTeX", "latex", ".tex", paintLatex},
+                                               {"HTML", "html", ".html", htmlTable}}};
 
 char lowered(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;

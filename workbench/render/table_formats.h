@@ -12,6 +12,7 @@ namespace workbench {
 
 struct TableFormat {
   std::string_view name;
+  std::string_view word;       // that chooses it on a command line
   std::string_view extension;  // of its files, with the point
   std::string (*paint)(const PivotTable& table);
 };

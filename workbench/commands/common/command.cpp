@@ -26,4 +26,11 @@ std::unique_ptr<Composer> Command::composer() const {
   return nullptr;
 }
 
+std::vector<std::string> itemIds(const FinishedRun& run) {
+  std::vector<std::string> ids;
+  if (!run.record.document.IsObject() || !run.record.document.HasMember("items")) return ids;
+  for (const auto& item : run.record.document["items"].GetArray()) ids.push_back(run.command.itemId(item, ids.size()));
+  return ids;
+}
+
 }  // namespace workbench

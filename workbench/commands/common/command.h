@@ -11,6 +11,7 @@
 #include "workbench/edge/session.h"
 #include "workbench/edge/stream_capture.h"
 #include "workbench/render/pivot_table.h"
+#include "workbench/render/tidy_table.h"
 
 namespace workbench {
 
@@ -60,6 +61,8 @@ class Command {
   virtual DocumentView view(const FinishedRun& /*run*/) const { return {}; }
   // A lasting English name for an item of the document, whatever the language. Without an override: type and place.
   virtual std::string itemId(const rapidjson::Value& item, std::size_t place) const;
+  // How its tables read in long form; what has no shape is written cell by cell.
+  virtual TidyShapes tidyShapes(const FinishedRun& /*run*/) const { return {}; }
   // What a job's scale changed in the output, and what not.
   virtual std::string scaleNote(const FinishedRun& /*run*/) const { return {}; }
   // About an error or warning of the procedure. The runner may be used for further calls on the same data.
@@ -86,5 +89,8 @@ struct FinishedRun {
   CapturedStreams streams;
   Outcome outcome;
 };
+
+// A lasting name for each item of the document, in its order.
+std::vector<std::string> itemIds(const FinishedRun& run);
 
 }  // namespace workbench

@@ -6,17 +6,18 @@
 
 #include "workbench/commands/vardynamics/analyze_composer.h"
 #include "workbench/commands/vardynamics/gap_hint.h"
+#include "workbench/commands/vardynamics/tidy_shapes.h"
 #include "workbench/document/document_reader.h"
 
 namespace workbench {
 
 namespace {
 
-// What the largest confidence level leaves, as the procedure's verdicts take it.
-double testLevel(const CallRecord& record) {
+// The largest one, in percent.
+double confidenceLevel(const CallRecord& record) {
   constexpr double kDefaultLevel = 95.0;
   const auto found = record.requestedNumbers.find("AUXILIARY CILEVEL");
-  return (100.0 - (found == record.requestedNumbers.end() ? kDefaultLevel : found->second)) / 100.0;
+  return found == record.requestedNumbers.end() ? kDefaultLevel : found->second;
 }
 
 }  // namespace
@@ -44,7 +45,7 @@ std::string VardynamicsCommand::itemId(const rapidjson::Value& item, std::size_t
 
 DocumentView VardynamicsCommand::view(const FinishedRun& run) const {
   DocumentView view;
-  view.testLevel = testLevel(run.record);
+  view.testLevel = (100.0 - confidenceLevel(run.record)) / 100.0;
   const Json* items = itemsOf(run.record.document);
   for (rapidjson::SizeType i = 0; items != nullptr && i < items->Size(); ++i) {
     const std::string name = textProperty((*items)[i], "name");
@@ -57,6 +58,10 @@ DocumentView VardynamicsCommand::view(const FinishedRun& run) const {
 Advice VardynamicsCommand::advice(const std::string& message, const FinishedRun& run, CommandRunner& /*runner*/) const {
   if (!message.starts_with("No lag can cross a gap")) return {};
   return {vardynamics::gapHint(run, !includesUserMissing(run.record))};
+}
+
+TidyShapes VardynamicsCommand::tidyShapes(const FinishedRun& run) const {
+  return {vardynamics::tidyShapes(), confidenceLevel(run.record)};
 }
 
 std::unique_ptr<Composer> VardynamicsCommand::composer() const {

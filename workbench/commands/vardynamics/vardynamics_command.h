@@ -23,6 +23,7 @@ class VardynamicsCommand final : public Command {
   DocumentView view(const FinishedRun& run) const override;
   // How to analyse the longest part of a sample with a gap.
   Advice advice(const std::string& message, const FinishedRun& run, CommandRunner& runner) const override;
+  TidyShapes tidyShapes(const FinishedRun& run) const override;
   std::unique_ptr<Composer> composer() const override;
 };
 

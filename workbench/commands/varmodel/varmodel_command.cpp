@@ -62,6 +62,11 @@ std::string VarmodelCommand::itemId(const rapidjson::Value& item, std::size_t pl
   return id.empty() ? Command::itemId(item, place) : id;
 }
 
+TidyShapes VarmodelCommand::tidyShapes(const FinishedRun& /*run*/) const {
+  return {.shapes = {{.id = "parameters", .file = "coefficients", .subject = "equation", .rows = "term"},
+                     {.id = "forecasts", .file = "forecasts", .rows = "response", .groups = "period"}}};
+}
+
 std::string VarmodelCommand::scaleNote(const FinishedRun& run) const {
   return varmodel::scaleNote(run);
 }

@@ -24,6 +24,7 @@ class VarmodelCommand final : public Command {
   DocumentView view(const FinishedRun& run) const override;
   std::string itemId(const rapidjson::Value& item, std::size_t place) const override;
   std::vector<std::string> notes(const FinishedRun& run) const override;
+  TidyShapes tidyShapes(const FinishedRun& run) const override;
   std::string scaleNote(const FinishedRun& run) const override;
   Advice advice(const std::string& message, const FinishedRun& run, CommandRunner& runner) const override;
   std::string silentCause(const FinishedRun& run) const override;

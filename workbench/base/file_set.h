@@ -1,0 +1,24 @@
+// Several files that appear in a folder together or not at all.
+
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace workbench {
+
+struct FileText {
+  std::string name;
+  std::string bytes;
+};
+
+// Makes the folder where it is missing and writes the files into it, each complete under its name. Until all are
+// complete none appears, and a folder that was made for them goes again. Throws OutputError with place, reason and
+// remedy.
+void writeFileSet(const std::filesystem::path& folder, const std::vector<FileText>& files);
+
+// Why there can be no such folder, with the remedy: something else has its name. "" when there can be.
+std::string unusableFolder(const std::filesystem::path& folder);
+
+}  // namespace workbench
