@@ -12,6 +12,7 @@
 #include "workbench/cli/command_line.h"
 #include "workbench/cli/composed_job.h"
 #include "workbench/cli/describe.h"
+#include "workbench/cli/output_files.h"
 #include "workbench/cli/run.h"
 #include "workbench/cli/screen.h"
 
@@ -21,7 +22,9 @@ int dispatch(const workbench::Invocation& invocation) {
   if (const auto* end = std::get_if<workbench::EndNow>(&invocation)) return end->exitCode;
   if (const auto* run = std::get_if<workbench::RunOptions>(&invocation)) {
     workbench::Job job = workbench::readJobFile(run->jobFile);
-    return run->checkOnly ? workbench::checkJob(job, run->output) : workbench::runJob(std::move(job), run->output);
+    if (run->checkOnly) return workbench::checkJob(job, run->output);
+    const workbench::OutputOptions output = workbench::withOutputsOf(job, run->output);
+    return workbench::runJob(std::move(job), output);
   }
   if (const auto* data = std::get_if<workbench::DescribeOptions>(&invocation)) return workbench::describeData(*data);
   const auto& composed = std::get<workbench::ComposeOptions>(invocation);

@@ -140,6 +140,10 @@ TEST(Pictures, ShowTheSamePartAsTheReportAndNothingOfWhatHasNoValues) {
       pictureScript(chartDeclaring({"d", "y"}, line, data + "], \"y\": [" + values + "]}"), kPictureFormats[0]);
   EXPECT_THAT(script,
               testing::AllOf(HasSubstr("set xrange [90:99]"), HasSubstr("EOD\n90 90\n"), Not(HasSubstr("89 89"))));
+  const std::vector<std::string> area = {"ELEMENT: area(position(d*y), color.interior(color.blue))", line[1]};
+  const Chart areas = chartDeclaring({"d", "y"}, area, data + "], \"y\": [" + values + "]}");
+  EXPECT_THAT(pictureScript(areas, kPictureFormats[0]),
+              testing::AllOf(HasSubstr("EOD\n90 0 90\n"), Not(HasSubstr("89 0 89"))));
   EXPECT_FALSE(hasPicture(chartDeclaring({"d", "y"}, line, R"({"d": ["a"], "y": [null]})")));
   EXPECT_FALSE(hasPicture(chartDeclaring({"d", "y"}, line, R"({"d": ["a"]})")));
 }

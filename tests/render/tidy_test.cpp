@@ -1,5 +1,6 @@
 #include "workbench/render/tidy_table.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "tests/render/render_fixture.h"
@@ -60,13 +61,18 @@ TEST(Tidy, LimitsAtSeveralLevelsAreARowEach) {
             "forecasts\r\n"
             "response,period,estimate,std.error,conf.level,conf.low,conf.high,unconditional,procedure,command\r\n"
             "y,2001Q1,5,,68,4,6,5.5,P,2\r\ny,2001Q1,5,,99.5,3,7,5.5,P,2\r\n");
+  const Language german("de", MessageCatalogue({{"Forecast", "Prognose"}, {"^1 Lower", "^1 unten"}}));
+  EXPECT_THAT(
+      tidy("forecast:y", R"([{"label": "Prognose"}, {"label": "99,5 % unten"}])", R"(["1"])", "[[5, 4]]", german),
+      testing::EndsWith("\r\ny,1,5,,99.5,4,,,P,2\r\n"));
 }
 
 TEST(Tidy, ColumnsThatAreSeriesBecomeRows) {
-  EXPECT_EQ(tidy("forecast", R"([{"label": "Forecast"}, {"label": "t"}])", R"(["1", "2"])", "[[1, 2], [3, null]]"),
-            "forecasts\r\n"
-            "response,period,estimate,std.error,conf.level,conf.low,conf.high,unconditional,procedure,command\r\n"
-            "Forecast,1,1,,,,,,P,2\r\nt,1,2,,,,,,P,2\r\nForecast,2,3,,,,,,P,2\r\n")
+  EXPECT_EQ(
+      tidy("forecast", R"([{"label": "Forecast"}, {"label": "Std. Error"}])", R"(["1", "2"])", "[[1, 2], [3, null]]"),
+      "forecasts\r\n"
+      "response,period,estimate,std.error,conf.level,conf.low,conf.high,unconditional,procedure,command\r\n"
+      "Forecast,1,1,,,,,,P,2\r\nStd. Error,1,2,,,,,,P,2\r\nForecast,2,3,,,,,,P,2\r\n")
       << "a missing cell gives no row";
   EXPECT_EQ(tidy("shares:y",
                  R"([{"label": "Std. Error"}, {"label": "x", "children": ["Share", "Lower", "Upper"]},

@@ -5,6 +5,7 @@
 
 #include "workbench/base/atomic_file.h"
 #include "workbench/base/errors.h"
+#include "workbench/base/utf8_path.h"
 
 namespace workbench {
 
@@ -44,8 +45,8 @@ void writeFileSet(const fs::path& folder, const std::vector<FileText>& files) {
   const MadeFolders made(folder);
   std::list<StagedFile> staged;
   for (const FileText& file : files) {
-    StagedFile& one = staged.emplace_back(folder / file.name);
-    FileSink sink(one.path(), folder / file.name);
+    StagedFile& one = staged.emplace_back(folder / pathFromUtf8(file.name));
+    FileSink sink(one.path(), folder / pathFromUtf8(file.name));
     sink.write(file.bytes);
     sink.close();
   }

@@ -4,6 +4,7 @@
 
 #include "workbench/cli/job_input.h"
 #include "workbench/cli/job_runs.h"
+#include "workbench/cli/output_files.h"
 #include "workbench/cli/screen.h"
 #include "workbench/commands/common/command_runner.h"
 #include "workbench/commands/registry.h"
@@ -27,7 +28,7 @@ std::string rowsText(const CallInput& input) {
 int checkJob(const Job& job, const OutputOptions& options) {
   const std::vector<std::string> texts = splitCommands(job.command);
   for (const std::string& text : texts) commandOf(text);
-  JobInput input = prepareInput(job, options);
+  JobInput input = prepareInput(job, withOutputsOf(job, options));
   CommandRunner runner(std::move(input.call),
                        {.scale = job.scale, .complete = job.complete, .summary = options.summary});
   const std::vector<ToldRun> failed = unparsedCommands(texts, runner);

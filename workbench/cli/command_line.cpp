@@ -19,6 +19,8 @@
 #include "workbench/commands/common/option_checks.h"
 #include "workbench/commands/registry.h"
 #include "workbench/edge/texts.h"
+#include "workbench/export/chart_files.h"
+#include "workbench/export/table_files.h"
 
 namespace workbench {
 
@@ -35,11 +37,31 @@ void addLanguageOption(CLI::App& app, OutputOptions& options) {
       ->type_name("CODE");
 }
 
+void addFolderOptions(CLI::App& app, OutputOptions& options) {
+  auto* tables = addFile(app, "--tables", options.tables, "Write every table to a file of its own in the folder DIR")
+                     ->type_name("DIR");
+  app.add_option("--table-format", options.tableFormats, "Of these files, one or several (default: csv)")
+      ->type_name("csv|md|latex|html|tidy")
+      ->transform(keywordOf(tableFormatWords()))
+      ->needs(tables);
+  auto* charts =
+      addFile(app, "--charts", options.charts, "Write every chart as a picture into the folder DIR (needs gnuplot)")
+          ->type_name("DIR");
+  app.add_option("--chart-format", options.chartFormats, "Of the pictures, one or several (default: svg)")
+      ->type_name("svg|png|pdf")
+      ->transform(keywordOf(chartFormatWords()))
+      ->needs(charts);
+  app.add_option("--title", options.title, "Title of the report")->type_name("TEXT");
+  app.add_option("--author", options.author, "Who made the report")->type_name("TEXT");
+  app.add_option("--note", options.note, "What the report says below its title")->type_name("TEXT");
+}
+
 void addOutputOptions(CLI::App& app, OutputOptions& options) {
   addFile(app, "--html", options.html, "Write the report, one self-contained page, to FILE")->type_name("FILE");
   addFile(app, "--json", options.json, "Write the record of the run, with its output documents, as JSON to FILE")
       ->type_name("FILE");
   addFile(app, "--trace", options.trace, "Write the procedure's trace to FILE")->type_name("FILE");
+  addFolderOptions(app, options);
   addLanguageOption(app, options);
   app.add_flag("--plots", options.plots, "Draw the charts in the terminal too (needs gnuplot)");
   app.add_flag("--summary", options.summary, "Print the plain-text summary of all results");

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "workbench/cli/output_names.h"
 #include "workbench/commands/common/composer.h"
 #include "workbench/dataset/dictionary.h"
 #include "workbench/dataset/load.h"
@@ -33,6 +34,7 @@ struct Job {
   std::optional<long> predictPeriods;  // periods after the last case, instead of `predict`
   std::string weight;
   std::vector<std::string> split;
+  OutputNames outputs;
   std::filesystem::path file;        // empty for a job that was not read from a file
   std::filesystem::path baseFolder;  // relative data and SAVE paths start here
 };

@@ -15,6 +15,8 @@
 #include "workbench/cli/options.h"
 #include "workbench/cli/toml_reader.h"
 #include "workbench/edge/texts.h"
+#include "workbench/export/chart_files.h"
+#include "workbench/export/table_files.h"
 
 namespace workbench {
 
@@ -207,12 +209,46 @@ void readJobs(const TomlSection& top, Job& job) {
   job.jobs = static_cast<int>(*jobs);
 }
 
+std::vector<std::string> readFormats(const TomlSection& section, const char* key,
+                                     const std::vector<std::string>& known) {
+  const std::vector<std::string> formats = section.textOrTexts(key).value_or(std::vector<std::string>{});
+  for (const std::string& format : formats) {
+    if (std::ranges::count(known, format) == 0) section.fail(key, tr("must be of: ^1.", listed(known)));
+  }
+  return formats;
+}
+
+void readOutputs(const TomlSection& top, Job& job) {
+  const auto section = top.section("output", {"html", "json", "trace", "tables", "table_format", "charts",
+                                              "chart_format", "title", "author", "note"});
+  if (!section) return;
+  OutputNames& outputs = job.outputs;
+  const auto path = [&](const char* key) -> std::filesystem::path {
+    const std::string name = section->text(key).value_or("");
+    return name.empty() || name == kStandardStream ? std::filesystem::path(name) : job.baseFolder / pathFromUtf8(name);
+  };
+  outputs = {.html = path("html"),
+             .json = path("json"),
+             .trace = path("trace"),
+             .tables = path("tables"),
+             .tableFormats = readFormats(*section, "table_format", tableFormatWords()),
+             .charts = path("charts"),
+             .chartFormats = readFormats(*section, "chart_format", chartFormatWords()),
+             .title = section->text("title").value_or(""),
+             .author = section->text("author").value_or(""),
+             .note = section->text("note").value_or("")};
+  for (const auto& [formats, folder] : {std::pair{"table_format", "tables"}, {"chart_format", "charts"}}) {
+    if (section->has(formats) && !section->has(folder)) section->fail(formats, tr("needs ^1, a folder.", folder));
+  }
+}
+
 }  // namespace
 
 Job readJobFile(const std::filesystem::path& file) {
   const toml::table table = parseToml(file);
-  const TomlSection top(table, nameOf(file), "",
-                        {"command", "data", "variables", "dates", "predict", "weight", "split", "jobs", "save_cases"});
+  const TomlSection top(
+      table, nameOf(file), "",
+      {"command", "data", "variables", "dates", "predict", "weight", "split", "jobs", "save_cases", "output"});
   Job job;
   job.file = file;
   job.baseFolder = file.parent_path();
@@ -225,6 +261,7 @@ Job readJobFile(const std::filesystem::path& file) {
   readPredict(top, job);
   readJobs(top, job);
   job.savesCases = top.flag("save_cases").value_or(false);
+  readOutputs(top, job);
   if (const auto weight = top.text("weight")) job.weight = *weight;
   if (auto split = top.texts("split")) job.split = std::move(*split);
   return job;

@@ -10,6 +10,7 @@
 
 #include "workbench/base/standard_streams.h"
 #include "workbench/cli/data_options.h"
+#include "workbench/cli/output_names.h"
 #include "workbench/commands/common/composer.h"
 #include "workbench/dates/row_range.h"
 
@@ -20,12 +21,8 @@ inline constexpr int kMostJobs = 1024;
 enum class Verbosity { quiet, normal, verbose };
 
 // Options that `run` and `fit` share.
-struct OutputOptions {
-  // Files, "-" for standard output, empty for none.
-  std::filesystem::path html;        // the report
-  std::filesystem::path json;        // the record of the run
-  std::filesystem::path trace;       // the procedure's trace lines
-  std::filesystem::path writtenJob;  // a job file that does the run again
+struct OutputOptions : OutputNames {
+  std::filesystem::path writtenJob;  // a job file that does the run again, "-" for standard output
   std::string language = "en";       // of titles, labels, messages and numbers
   bool plots = false;                // draw the charts in the terminal
   bool everything = false;           // of a composed job all tables are shown in the terminal

@@ -1,8 +1,34 @@
 #include "workbench/cli/output_files.h"
 
 #include "workbench/base/errors.h"
+#include "workbench/base/file_set.h"
+#include "workbench/base/standard_streams.h"
+#include "workbench/edge/texts.h"
 
 namespace workbench {
+
+namespace {
+
+// Folders may be one, and may hold other outputs.
+void claimFolders(const OutputOptions& options, CallInput& input) {
+  std::vector<TakenFile> folders;
+  for (const auto& [option, folder] : {std::pair{"--tables", &options.tables}, {"--charts", &options.charts}}) {
+    if (folder->empty()) continue;
+    if (*folder == kStandardStream)
+      throw UsageError(tr("^1 takes a folder, and - is standard output. Name a folder.", option));
+    if (const auto reason = refusedTarget(*folder, input.takenFiles)) throw UsageError(*reason);
+    if (const std::string reason = unusableFolder(*folder); !reason.empty()) throw UsageError(reason);
+    folders.push_back({*folder, std::string(option) + " writes into it"});
+  }
+  input.takenFiles.insert(input.takenFiles.end(), folders.begin(), folders.end());
+}
+
+}  // namespace
+
+OutputOptions withOutputsOf(const Job& job, OutputOptions options) {
+  static_cast<OutputNames&>(options) = completed(options, job.outputs);
+  return options;
+}
 
 void claimOutputFiles(const OutputOptions& options, CallInput& input) {
   if (options.summary && options.takesStandardOutput()) {
@@ -17,6 +43,7 @@ void claimOutputFiles(const OutputOptions& options, CallInput& input) {
     if (const auto reason = refusedTarget(file, input.takenFiles)) throw UsageError(*reason);
     input.takenFiles.push_back({file, std::string(option) + " is written to it"});
   }
+  claimFolders(options, input);
 }
 
 }  // namespace workbench

@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "workbench/cli/job.h"
 #include "workbench/cli/options.h"
 #include "workbench/edge/session.h"
 
@@ -10,5 +11,8 @@ namespace workbench {
 // Throws UsageError when an output would overwrite what the run reads, or another output; adds the outputs to the
 // session's taken files, so that no saved file overwrites them.
 void claimOutputFiles(const OutputOptions& options, CallInput& input);
+
+// The options with what the job names beside them.
+OutputOptions withOutputsOf(const Job& job, OutputOptions options);
 
 }  // namespace workbench

@@ -72,7 +72,13 @@ ReportOutput outputOf(const ToldRun& told) {
 }  // namespace
 
 std::string reportPage(const RunDescription& description, const std::vector<ToldRun>& runs) {
-  ReportInput input{.outputs = {}, .facts = factsOf(description), .messages = {}, .language = currentLanguage()};
+  ReportInput input{.outputs = {},
+                    .facts = factsOf(description),
+                    .messages = {},
+                    .title = description.outputs.title,
+                    .author = description.outputs.author,
+                    .note = description.outputs.note,
+                    .language = currentLanguage()};
   for (const ToldRun& told : runs) {
     input.outputs.push_back(outputOf(told));
     for (const RunMessage& message : told.messages) {

@@ -8,8 +8,10 @@
 #include <memory>
 #include <utility>
 
+#include "workbench/base/errors.h"
 #include "workbench/base/standard_streams.h"
 #include "workbench/cli/composed_job.h"
+#include "workbench/cli/exports.h"
 #include "workbench/cli/job_input.h"
 #include "workbench/cli/job_runs.h"
 #include "workbench/cli/progress_line.h"
@@ -60,7 +62,19 @@ bool hasOutput(const std::vector<ToldRun>& runs) {
   return std::any_of(runs.begin(), runs.end(), [](const ToldRun& one) { return one.hasOutput(); });
 }
 
-void writeFiles(const RunDescription& description, const std::vector<ToldRun>& runs, const OutputOptions& options) {
+void tell(const Exports& exports, const OutputOptions& options) {
+  if (options.showsOutput() && !exports.tables.empty())
+    showLine(tr("tables: ^1 (files: ^2)", options.tables.string(), exports.tables.size()));
+  if (options.showsOutput() && !exports.charts.empty())
+    showLine(tr("charts: ^1 (files: ^2)", options.charts.string(), exports.charts.size()));
+  if (!exports.problem.empty()) showWarning(exports.problem);
+  if (!exports.failure.empty()) throw OutputError(exports.failure);
+}
+
+// Everything that can be written is, before a failure is thrown.
+void writeFiles(RunDescription& description, const std::vector<ToldRun>& runs, const OutputOptions& options,
+                const std::vector<TakenFile>& taken) {
+  description.exports = writeExports(runs, options, taken);
   if (!options.trace.empty()) writeTrace(runs, options.trace);
   if (!options.json.empty() && hasOutput(runs)) writeOutput(options.json, runRecord(description, runs));
   if (!options.writtenJob.empty() && hasOutput(runs)) {
@@ -70,6 +84,7 @@ void writeFiles(const RunDescription& description, const std::vector<ToldRun>& r
     writeOutput(options.html, reportPage(description, runs));
     if (options.showsOutput()) showLine(tr("report: ^1", options.html.string()));
   }
+  tell(description.exports, options);
 }
 
 // None where only errors are wanted.
@@ -120,7 +135,7 @@ int runJob(Job job, const OutputOptions& options) {
   stages.insert(stages.begin(), {"load", load});
   if (options.timings) description.seconds = stages;
   show(job, runs, options);
-  writeFiles(description, runs, options);
+  writeFiles(description, runs, options, runner.input().takenFiles);
   stages.push_back({"render", render.seconds()});
   stages.push_back({"total", total.seconds()});
   if (options.timings) print(stages);

@@ -100,6 +100,9 @@ RunDescription describeRun(const Job& job, const OutputOptions& options, const J
           .variables = input.variables,
           .language = options.language,
           .settings = settingsOf(job, input.call.dataset.rowCount),
+          .outputs = options,
+          .writtenJob = options.writtenJob,
+          .exports = {},
           .seconds = {}};
 }
 

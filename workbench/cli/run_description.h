@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "workbench/cli/exports.h"
 #include "workbench/cli/job.h"
 #include "workbench/cli/job_input.h"
 #include "workbench/cli/job_runs.h"
@@ -30,6 +31,9 @@ struct RunDescription {
   std::size_t variables = 0;
   std::string language;
   Settings settings;
+  OutputNames outputs;
+  std::filesystem::path writtenJob;
+  Exports exports;
   StageSeconds seconds;  // only when asked for: no two runs take the same time
 };
 

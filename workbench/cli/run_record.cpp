@@ -72,6 +72,7 @@ class Record {
     writeData(description);
     member("language", description.language);
     object("settings", description.settings);
+    writeOutputs(description);
     member("exitCode", static_cast<std::int64_t>(exitCodeOf(runs)));
     if (!description.seconds.empty()) object("seconds", description.seconds);
     list("commands", runs, [&](const ToldRun& told) { writeCommand(told); });
@@ -86,6 +87,25 @@ class Record {
     count("rows", description.rows);
     count("variables", description.variables);
     writer_.EndObject();
+  }
+
+  void writeOutputs(const RunDescription& description) {
+    const OutputNames& names = description.outputs;
+    writer_.Key("outputs");
+    writer_.StartObject();
+    for (const auto& [key, file] : {std::pair{"html", &names.html},
+                                    {"json", &names.json},
+                                    {"trace", &names.trace},
+                                    {"writtenJob", &description.writtenJob}}) {
+      if (!file->empty()) member(key, file->string());
+    }
+    if (!description.exports.tables.empty()) texts("tables", description.exports.tables);
+    if (!description.exports.charts.empty()) texts("charts", description.exports.charts);
+    writer_.EndObject();
+    for (const auto& [key, text] :
+         {std::pair{"title", &names.title}, {"author", &names.author}, {"note", &names.note}}) {
+      if (!text->empty()) member(key, *text);
+    }
   }
 
   void writeCommand(const ToldRun& told) {
@@ -129,11 +149,7 @@ class Record {
     const rapidjson::Document& document = told.run.record.document;
     writer_.StartObject();
     count("command", static_cast<std::size_t>(numberOf(told.number)));
-    std::vector<std::string> ids;
-    if (document.HasMember("items")) {
-      for (const auto& item : document["items"].GetArray()) ids.push_back(told.run.command.itemId(item, ids.size()));
-    }
-    texts("items", ids);
+    texts("items", itemIds(told.run));
     writer_.Key("document");
     document.Accept(writer_);
     writer_.EndObject();

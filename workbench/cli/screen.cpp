@@ -107,6 +107,11 @@ void showNote(const std::string& text) {
   putText(stdout, paintMessage("note", text, styleOf(kStandardOutput), currentLanguage()));
 }
 
+void showWarning(const std::string& text) {
+  std::fflush(stdout);
+  putText(stderr, paintMessage("warning", text, messageStyle(kStandardError), currentLanguage()));
+}
+
 void showError(const std::string& text) {
   putText(stderr, paintMessage("error", text, messageStyle(kStandardError), currentLanguage()));
 }

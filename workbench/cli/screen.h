@@ -25,7 +25,8 @@ void showLine(const std::string& text);
 void showTable(const PivotTable& table);
 void showNote(const std::string& text);
 
-// "error: TEXT" on standard error.
+// "warning: TEXT" and "error: TEXT" on standard error.
+void showWarning(const std::string& text);
 void showError(const std::string& text);
 
 }  // namespace workbench

@@ -97,6 +97,12 @@ std::optional<std::vector<std::string>> TomlSection::texts(std::string_view key)
   return list<std::string>(key, tr("a list of texts, such as [\"region\"]"));
 }
 
+std::optional<std::vector<std::string>> TomlSection::textOrTexts(std::string_view key) const {
+  const toml::node* found = table_.get(key);
+  if (found == nullptr || !found->is_string()) return texts(key);
+  return std::vector{*text(key)};
+}
+
 std::optional<TomlSection> TomlSection::section(std::string_view key, std::vector<std::string_view> known) const {
   const toml::node* found = table_.get(key);
   if (found == nullptr) return std::nullopt;

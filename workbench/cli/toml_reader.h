@@ -33,6 +33,8 @@ class TomlSection {
   std::optional<bool> flag(std::string_view key) const;
   std::optional<std::vector<double>> numbers(std::string_view key) const;
   std::optional<std::vector<std::string>> texts(std::string_view key) const;
+  // The same of a text alone, too.
+  std::optional<std::vector<std::string>> textOrTexts(std::string_view key) const;
   std::optional<TomlSection> section(std::string_view key, std::vector<std::string_view> known) const;
   std::vector<std::string> keys() const;  // in file order
 

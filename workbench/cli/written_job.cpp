@@ -35,6 +35,27 @@ double scaleOf(const std::vector<ToldRun>& runs) {
   return scale;
 }
 
+std::string outputKeys(const OutputNames& names, const fs::path& file) {
+  std::string text;
+  for (const auto& [key, path] : {std::pair{"html", &names.html},
+                                  {"json", &names.json},
+                                  {"trace", &names.trace},
+                                  {"tables", &names.tables},
+                                  {"charts", &names.charts}}) {
+    if (!path->empty())
+      text += std::string("output.") + key + " = " + tomlText(sourceFrom(path->string(), file)) + "\n";
+  }
+  for (const auto& [key, formats] :
+       {std::pair{"table_format", &names.tableFormats}, {"chart_format", &names.chartFormats}}) {
+    if (!formats->empty()) text += std::string("output.") + key + " = " + tomlTexts(*formats) + "\n";
+  }
+  for (const auto& [key, words] :
+       {std::pair{"title", &names.title}, {"author", &names.author}, {"note", &names.note}}) {
+    if (!words->empty()) text += std::string("output.") + key + " = " + tomlText(*words) + "\n";
+  }
+  return text;
+}
+
 }  // namespace
 
 std::string writtenJob(const RunDescription& description, const std::vector<ToldRun>& runs, const fs::path& file) {
@@ -47,7 +68,7 @@ std::string writtenJob(const RunDescription& description, const std::vector<Told
     if (key == "data.scale" || (key == "predict.thru" && !predicts)) continue;
     text += key + " = " + value + "\n";
   }
-  return text;
+  return text + outputKeys(description.outputs, file);
 }
 
 }  // namespace workbench

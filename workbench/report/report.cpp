@@ -69,7 +69,7 @@ class Page {
   explicit Page(const ReportInput& input) : input_(input) {}
 
   std::string write() {
-    const std::string title = heading();
+    const std::string title = input_.title.empty() ? heading() : htmlText(input_.title);
     const ReportOutput* opening = onlyOpening();
     if (opening != nullptr) addOpening(*opening);
     addMessages();
@@ -255,20 +255,33 @@ class Page {
   }
 
   std::string head(const std::string& title) const {
+    const std::string author =
+        input_.author.empty() ? "" : fmt::format("<meta name=\"author\" content=\"{}\">\n", htmlText(input_.author));
     return fmt::format(
         "<!DOCTYPE html>\n<html lang=\"{}\">\n<head>\n<meta charset=\"utf-8\">\n<meta "
         "http-equiv=\"Content-Security-Policy\" content=\"{}\">\n<meta name=\"viewport\" content=\"width=device-width, "
-        "initial-scale=1\">\n<link rel=\"icon\" href=\"data:,\">\n<title>{}</title>\n<style>{}</style>\n</head>\n",
-        htmlText(input_.language.code()), contentPolicy(), title, pageStyle());
+        "initial-scale=1\">\n{}<link rel=\"icon\" href=\"data:,\">\n<title>{}</title>\n<style>{}</style>\n</head>\n",
+        htmlText(input_.language.code()), contentPolicy(), author, title, pageStyle());
+  }
+
+  std::string belowTitle() const {
+    std::string out;
+    const auto add = [&](const char* kind, const std::string& html) {
+      if (!html.empty()) out += fmt::format("<p class=\"{}\"><bdi>{}</bdi></p>", kind, html);
+    };
+    add("author", htmlText(input_.author));
+    if (!input_.title.empty()) add("procedures", heading());
+    add("subtitle", htmlText(property("subtitle")));
+    add("about", linesText(input_.note));
+    return out;
   }
 
   std::string body(const std::string& title) const {
-    const std::string subtitle = htmlText(property("subtitle"));
     const std::string outline = htmlText(input_.language.tr("Outline"));
     std::string out =
         fmt::format("<body>\n<a class=\"skip\" href=\"#content\">{}</a>\n<header>\n<div><h1><bdi>{}</bdi></h1>",
                     htmlText(input_.language.tr("Skip to the output")), title);
-    if (!subtitle.empty()) out += "<p>" + subtitle + "</p>";
+    out += belowTitle();
     out += fmt::format(
         "</div>\n<div class=\"page-tools\" hidden><button type=\"button\" data-page=\"theme\">{}</button><button "
         "type=\"button\" data-page=\"print\">{}</button></div>\n</header>\n<div class=\"columns\">\n<nav "

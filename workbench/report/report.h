@@ -36,6 +36,9 @@ struct ReportInput {
   std::vector<ReportOutput> outputs;  // in the order run; several have a section each
   std::vector<ReportFact> facts;      // what the run was, in order of reading: data source, version, ...
   std::vector<ReportMessage> messages;
+  std::string title = {};  // instead of the procedures, which then stand below it
+  std::string author = {};
+  std::string note = {};  // may have several lines
   Language language;
 };
 

@@ -31,7 +31,7 @@ CLI::Validator keywordOf(std::vector<std::string> words) {
   const auto check = [words](std::string& given) -> std::string {
     for (const std::string& word : words) {
       if (!sameName(word, given)) continue;
-      for (char& c : given) c = static_cast<char>(c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c);
+      given = word;
       return {};
     }
     return noKeyword(given, words);

@@ -8,7 +8,7 @@
 
 namespace workbench {
 
-// One of these words, letters of either case; kept in upper case, as commands have it.
+// One of these words, letters of either case; kept as it stands here.
 CLI::Validator keywordOf(std::vector<std::string> words);
 
 // A confidence level above 1: below, a share is meant where a percentage is asked for.
