@@ -112,6 +112,18 @@ TEST_F(TextFiles, NumbersReadAsTextAreFoundWithTheFormatThatReadsThem) {
   EXPECT_FALSE(findTextNumbers(loadDataset({{}, "SELECT unnest(['01', '02', '03']) AS code"}), {}));
 }
 
+// As many separators in the title as in the table: the names are a row of texts then.
+TEST_F(TextFiles, NamesBelowATitleAreFoundByTheirRow) {
+  const std::string text = "Rates;Monthly;\nSource;;\nMonth;x;y\nJan-2005;1,5;2,5\nFeb-2005;2,5;\nMar-2005;3;4\n";
+  const auto found = findTextNumbers(load(text), {});
+  ASSERT_TRUE(found);
+  EXPECT_EQ(found->format.skip, 2);
+  EXPECT_TRUE(found->format.missing.empty());
+  const Dataset mended = load(text, found->format);
+  EXPECT_EQ(mended.columns[1].name, "x");
+  EXPECT_EQ(mended.columns[2].kind, ColumnKind::number);
+}
+
 TEST_F(TextFiles, WhatIsNoTableIsToldWithTheLineAndTheOption) {
   const std::string table = "period;a;b\n2001Q1;1;2\n2001Q2;3;4\n";
   std::string late = "i,x\n";

@@ -49,6 +49,7 @@ struct Reading {
   std::size_t numbers = 0;
   std::vector<std::string> words;  // different ones, as long as they are few
   std::optional<std::size_t> firstWord;
+  std::optional<std::size_t> firstNumber;
 };
 
 Reading readingOf(const Column& column, const FileFormat& format) {
@@ -58,6 +59,7 @@ Reading readingOf(const Column& column, const FileFormat& format) {
     if (text.empty() || isIn(format.missing, text)) continue;
     if (readNumber(text, format.numbers)) {
       ++reading.numbers;
+      if (!reading.firstNumber) reading.firstNumber = row;
       continue;
     }
     if (!reading.firstWord) reading.firstWord = row;
@@ -96,6 +98,23 @@ NumberFormat bestFormat(const Dataset& dataset, const FileFormat& present) {
   return best.numbers;
 }
 
+void addWords(const std::vector<Reading>& columns, std::vector<std::string>& missing) {
+  for (const Reading& reading : columns) {
+    for (const std::string& word : reading.words) {
+      if (!isIn(missing, word)) missing.push_back(word);
+    }
+  }
+}
+
+// Where the names of several columns stand below lines of a title: one word a column, above its numbers.
+std::optional<std::size_t> rowOfNames(const std::vector<Reading>& columns) {
+  const auto isName = [&](const Reading& reading) {
+    return reading.words.size() == 1 && reading.firstWord == columns.front().firstWord &&
+           reading.firstWord < reading.firstNumber;
+  };
+  return columns.size() > 1 && std::ranges::all_of(columns, isName) ? columns.front().firstWord : std::nullopt;
+}
+
 }  // namespace
 
 void applyFormat(Dataset& dataset, const FileFormat& format) {
@@ -117,19 +136,20 @@ std::optional<TextNumbers> findTextNumbers(const Dataset& dataset, const FileFor
   TextNumbers found;
   found.format = present;
   found.format.numbers = bestFormat(dataset, present);
-  const std::vector<std::string> missing = present.missing;
+  std::vector<Reading> readings;
   for (const Column& column : dataset.columns) {
-    FileFormat format = found.format;
-    format.missing = missing;
-    const Reading reading = readingOf(column, format);
+    const Reading reading = readingOf(column, found.format);
     const std::optional<std::size_t> row = readingOf(column, present).firstWord;
     if (!looksNumeric(reading) || !row) continue;
     found.columns.push_back({column.name, *row, column.texts[*row]});
-    for (const std::string& word : reading.words) {
-      if (!isIn(found.format.missing, word)) found.format.missing.push_back(word);
-    }
+    readings.push_back(reading);
   }
   if (found.columns.empty()) return std::nullopt;
+  if (const std::optional<std::size_t> names = rowOfNames(readings)) {
+    found.format.skip = present.skip.value_or(0) + static_cast<long>(*names) + 1;
+  } else {
+    addWords(readings, found.format.missing);
+  }
   return found;
 }
 

@@ -31,7 +31,8 @@ struct TextNumbers {
 };
 
 // Nothing when no text column looks like numbers. One format is sought for all columns: that in which most of their
-// values are numbers, and the words beside them as missing ones.
+// values are numbers, and the words beside them as missing ones; or, where the only words are one row of names, with
+// the lines above that row left out.
 std::optional<TextNumbers> findTextNumbers(const Dataset& dataset, const FileFormat& present);
 
 // The first of the usual formats in which the text is a number.
