@@ -5,7 +5,7 @@ PROGRAM = build/release/bin/varmodel
 PREFIX ?= /usr/local
 export DESTDIR
 
-.PHONY: demo test build setup install uninstall package package-check bench accuracy determinism lint sanitize clean
+.PHONY: demo test build setup install uninstall package package-check bench accuracy determinism windows lint sanitize clean
 
 build: setup
 	@cmake --preset $(PRESET) -Wno-dev >build-$(PRESET).log 2>&1 || { cat build-$(PRESET).log; exit 1; }
@@ -40,6 +40,12 @@ package: build
 package-check: package
 	@scripts/setup.sh package
 	scripts/package_check.sh build/$(PRESET)/packages
+
+# The program and its procedures for 64-bit Windows, compared under Wine with those of Linux.
+windows: build
+	@scripts/setup.sh windows
+	$(MAKE) build PRESET=windows
+	scripts/windows_check.sh build/windows build/$(PRESET)
 
 sanitize:
 	$(MAKE) test PRESET=sanitize

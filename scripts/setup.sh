@@ -15,7 +15,7 @@ for extra in "$@"; do
     bench) packages+=(libopenblas-dev liblapacke-dev gretl hyperfine python3-statsmodels python3-matplotlib) ;;
     determinism) packages+=(clang) ;;
     package) packages+=(debootstrap) ;;
-    windows) packages+=(g++-mingw-w64-x86-64-posix libz-mingw-w64-dev wine64 xz-utils zip unzip) ;;
+    windows) packages+=(g++-mingw-w64-x86-64-posix libz-mingw-w64-dev wine64 xz-utils) ;;
     *) echo "setup: unknown extra '$extra' (known: lint, bench, determinism, browser, windows, package)" >&2; exit 2 ;;
   esac
 done
