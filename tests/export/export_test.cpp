@@ -119,10 +119,11 @@ TEST(Pictures, OfAPanelHaveItsHeadingsAndAChartForEachPair) {
   const Chart chart =
       chartDeclaring({"d", "l", "h", "y"}, statements,
                      R"({"d": ["a","b","a","b"], "l": [0, 0, 1, 1], "h": [1, 1, 2, 2], "y": [1, 1, 1, 1],
-                                         "r": ["up","up","up","up"], "c": ["left","left","it's {right}","it's {right}"]})");
+                                         "r": ["Response of up, summed","Response of up, summed","Response of up, summed","Response of up, summed"], "c": ["left","left","it's {right}","it's {right}"]})");
   ASSERT_EQ(chart.cells.size(), 2U);
   const std::string svg = drawn(chart);
-  for (const char* heading : {"<text>up</text>", "<text>left</text>", "{right}", "<text>Mean</text>"})
+  for (const char* heading :
+       {"<text>Response of up,</text>", "<text>summed</text>", "<text>left</text>", "{right}", "<text>Mean</text>"})
     EXPECT_EQ(count(svg, heading), 1U) << heading;
   EXPECT_EQ(count(svg, kPaleBlue), 3U) << "two bands and the legend";
 }

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <vector>
 
 #include "workbench/plots/gnuplot_script.h"
 #include "workbench/plots/picture_look.h"
@@ -132,6 +133,14 @@ class PictureWriter {
     line("set label {} at screen {},{} center {}", gnuplotText(shortenText(text, most, "...")), across(x), up(y), more);
   }
 
+  // In two lines where one is too short: rows often differ in the middle of their headings.
+  void writeRowHeading(const std::string& text, double middle) {
+    std::vector<std::string> lines = wrapText(text, static_cast<int>(kCellHeight / kCharacter));
+    if (lines.size() > 2) lines = {text};
+    for (std::size_t i = 0; i < lines.size(); ++i)
+      label(lines[i], 14 + 15 * static_cast<double>(i), middle, kCellHeight, "rotate by 90");
+  }
+
   // Title, headings, what the axes show, and the legend, around an empty plot.
   void writeSurroundings() {
     const double middle = kLeft + (width_ - kLeft - kGap) / 2;
@@ -142,10 +151,8 @@ class PictureWriter {
       label(chart_.panelColumns[column], kLeft + (static_cast<double>(column) + 0.5) * cellWidth_ - kGap / 2, kTop - 14,
             cellWidth_ - kGap);
     }
-    for (std::size_t row = 0; row < chart_.panelRows.size(); ++row) {
-      label(chart_.panelRows[row], 14, kTop + (static_cast<double>(row) + 0.5) * kCellHeight - kGap / 2, kCellHeight,
-            "rotate by 90");
-    }
+    for (std::size_t row = 0; row < chart_.panelRows.size(); ++row)
+      writeRowHeading(chart_.panelRows[row], kTop + (static_cast<double>(row) + 0.5) * kCellHeight - kGap / 2);
     const auto drawn = std::ranges::find_if(chart_.cells, isDrawn);
     line("unset border\nunset xtics\nunset ytics\nunset xlabel\nunset ylabel\nset size noratio");
     line("set lmargin at screen 0\nset rmargin at screen 1\nset bmargin at screen 0\nset tmargin at screen 1");
