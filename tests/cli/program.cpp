@@ -19,6 +19,21 @@ std::string program() {
   return other != nullptr ? other : VARMODEL_BINARY_DIR "/bin/varmodel";
 }
 
+std::string programLine(const std::vector<std::string>& arguments) {
+  std::string line = quoted(program());
+  for (const std::string& argument : arguments) line += " " + quoted(argument);
+  return line;
+}
+
+ProgramRun execute(const std::string& line, const std::string& redirections = "") {
+  const workbench::TempFolder streams;
+  const std::string whole =
+      line + " >" + quoted(streams / "out") + " 2>" + quoted(streams / "err") + " </dev/null " + redirections;
+  const int status = std::system(whole.c_str());
+  return {WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status), workbench::contents(streams / "out"),
+          workbench::contents(streams / "err")};
+}
+
 }  // namespace
 
 std::vector<std::string> shellWords(const std::string& text) {
@@ -75,11 +90,19 @@ Workspace& Workspace::example(const std::string& name) {
 }
 
 ProgramRun Workspace::run(const std::vector<std::string>& arguments, const std::string& redirections) const {
-  const workbench::TempFolder streams;
-  std::string line = "cd " + quoted(folder_.path()) + " && " + quoted(program());
-  for (const std::string& argument : arguments) line += " " + quoted(argument);
-  line += " >" + quoted(streams / "out") + " 2>" + quoted(streams / "err") + " </dev/null " + redirections;
-  const int status = std::system(line.c_str());
-  return {WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status), workbench::contents(streams / "out"),
-          workbench::contents(streams / "err")};
+  return execute("cd " + quoted(folder_.path()) + " && " + programLine(arguments), redirections);
+}
+
+ProgramRun Workspace::runUnattended(const std::vector<std::string>& arguments) const {
+  return execute("cd / && env -i HOME=/ PATH=/usr/bin:/bin " + programLine(arguments));
+}
+
+bool Workspace::runAtOnce(const std::vector<std::vector<std::string>>& programs) const {
+  std::string start;
+  std::string wait;
+  for (std::size_t i = 0; i < programs.size(); ++i) {
+    start += programLine(programs[i]) + " & p" + std::to_string(i) + "=$!; ";
+    wait += "wait $p" + std::to_string(i) + " && ";
+  }
+  return execute("cd " + quoted(folder_.path()) + " && { " + start + wait + "true; }").exitCode == 0;
 }

@@ -33,6 +33,10 @@ class Workspace {
   Workspace& example(const std::string& name);
   // The shell's redirections come last: "<data.csv", ">/dev/full", ">&-".
   ProgramRun run(const std::vector<std::string>& arguments, const std::string& redirections = "") const;
+  // As cron runs a job: from the root folder, without terminal, input or environment.
+  ProgramRun runUnattended(const std::vector<std::string>& arguments) const;
+  // The programs start together; whether all succeeded.
+  bool runAtOnce(const std::vector<std::vector<std::string>>& programs) const;
   std::string read(const std::string& name) const { return workbench::contents(folder_ / name); }
   std::string folder() const { return folder_.path(); }
   std::vector<std::string> listing() const { return folder_.listing(); }  // names of all files, sorted

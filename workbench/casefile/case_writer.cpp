@@ -3,6 +3,7 @@
 #include "workbench/base/atomic_file.h"
 #include "workbench/base/errors.h"
 #include "workbench/base/json.h"
+#include "workbench/base/system_files.h"
 #include "workbench/casefile/case_table.h"
 
 namespace workbench {
@@ -63,9 +64,16 @@ std::filesystem::path metadataFile(const std::filesystem::path& dataFile) {
 
 namespace {
 
-// Metadata that have a file of their own appear just before the cases.
+// The folder that a file will stand in, also where a link names it.
+std::filesystem::path folderOf(const std::filesystem::path& target) {
+  std::error_code ignored;
+  return std::filesystem::weakly_canonical(target, ignored).parent_path();
+}
+
+// Metadata that have a file of their own appear just before the cases; no other program comes between the two.
 void writeStaged(const Dataset& dataset, const CaseFileFormat& format, const std::filesystem::path& target) {
   StagedFile cases(target);
+  FolderLock folder;
   const std::string described = metadataJson(dataset);
   format.write(dataset, described, cases.path());
   if (format.metadataBeside) {
@@ -74,6 +82,7 @@ void writeStaged(const Dataset& dataset, const CaseFileFormat& format, const std
     sink.write(described + "\n");
     sink.close();
     cases.makeDurable();
+    folder.acquire(folderOf(target));
     metadata.publish();
   }
   cases.publish();

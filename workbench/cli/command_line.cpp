@@ -71,7 +71,7 @@ void addOutputOptions(CLI::App& app, OutputOptions& options) {
   app.add_flag("--timings", options.timings, "Print one line a stage to standard error");
   auto* quiet = app.add_flag(
       "-q,--quiet", [&options](std::int64_t) { options.verbosity = Verbosity::quiet; },
-      "Print only errors, warnings and notes on the data");
+      "Print only errors and warnings; notes stand in the report and the record");
   app.add_flag(
          "-v,--verbose", [&options](std::int64_t) { options.verbosity = Verbosity::verbose; },
          "Print the procedure's trace too")

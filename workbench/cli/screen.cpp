@@ -79,9 +79,10 @@ void showSummary(const FinishedRun& run) {
   if (!note.empty()) putText(stdout, paintMessage("note", note, styleOf(kStandardOutput), currentLanguage()));
 }
 
-// Errors, warnings and hints are for standard error; so are notes on the data where standard output shows none.
+// Errors, warnings and hints are for standard error. Notes stand with the output, in the report and in the record: what
+// runs unattended is silent when all went well.
 bool isForStandardError(const RunMessage& message, const OutputOptions& options) {
-  if (message.kind == RunMessage::Kind::note) return !options.showsOutput() && message.shownQuietly;
+  if (message.kind == RunMessage::Kind::note) return false;
   return options.verbosity != Verbosity::quiet || message.shownQuietly;
 }
 

@@ -15,7 +15,7 @@ struct RunMessage {
   enum class Kind { error, warning, hint, note };
   Kind kind = Kind::note;
   std::string text;          // in the session's language; may have several lines
-  bool shownQuietly = true;  // also with -q: all but what concerns nothing asked for, and notes that are not on data
+  bool shownQuietly = true;  // of warnings: also with -q; of notes: also where only the main tables are shown
   bool aboveOutput = false;  // a note that the output must be read with
   int command = 0;           // the number of its command in a job of several
 
