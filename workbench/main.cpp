@@ -1,7 +1,10 @@
 // The program `varmodel`.
 
+#include <algorithm>
 #include <exception>
+#include <span>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "workbench/base/errors.h"
@@ -31,6 +34,14 @@ int dispatch(const workbench::Invocation& invocation) {
   return workbench::runJob(workbench::makeComposedJob(composed), composed.output);
 }
 
+// With -v the id is told that docs/messages.md lists the error under.
+int refuse(const workbench::UserError& error, int exitCode, std::span<char*> words) {
+  const auto asks = [](std::string_view word) { return word == "-v" || word == "--verbose"; };
+  const bool verbose = std::ranges::any_of(words, asks);
+  workbench::showError(error.notice() + (verbose ? workbench::Notice("\n[" + error.notice().id() + "]") : ""));
+  return exitCode;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -41,19 +52,17 @@ int main(int argc, char** argv) {
     if (exitCode == 0) workbench::requireStandardOutput();
     return exitCode;
   } catch (const workbench::DataError& error) {
-    workbench::showError(error.what());
-    return 3;
+    return refuse(error, 3, {argv, static_cast<std::size_t>(argc)});
   } catch (const workbench::OutputError& error) {
-    workbench::showError(error.what());
-    return 4;
+    return refuse(error, 4, {argv, static_cast<std::size_t>(argc)});
   } catch (const workbench::UsageError& error) {
-    workbench::showError(error.what());
-    return 2;
+    return refuse(error, 2, {argv, static_cast<std::size_t>(argc)});
   } catch (const std::bad_alloc&) {
-    workbench::showError("there is not enough memory for this job.");
+    workbench::showError(workbench::Notice(
+        "program.memory", "there is not enough memory for this job. Use fewer rows, a smaller lag or fewer draws."));
     return 1;
   } catch (const std::exception& error) {
-    workbench::showError(std::string("unexpected failure: ") + error.what());
+    workbench::showError(workbench::Notice("program.unexpected", "unexpected failure: ^1", error.what()));
     return 1;
   }
 }

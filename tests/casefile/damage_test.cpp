@@ -65,8 +65,8 @@ TEST_P(Damage, AFullDiskLeavesTheOldFile) {
     const rlimit limit{kFileLimit, kFileLimit};
     setrlimit(RLIMIT_FSIZE, &limit);
     const bool saved = save(file(), {"PRE_1"}, {values});
-    return !saved && session_.saveError.find((folder_ / file()).string()) != std::string::npos &&
-           session_.saveError.find("arge") != std::string::npos;  // "File too large", "could not be enlarged"
+    return !saved && session_.saveError.text().find((folder_ / file()).string()) != std::string::npos &&
+           session_.saveError.text().find("arge") != std::string::npos;  // "File too large", "could not be enlarged"
   });
   EXPECT_EQ(statusOf(child), 0);
   EXPECT_EQ(contents(folder_ / file()), "old");
@@ -98,7 +98,7 @@ TEST_P(Damage, AKilledWriterLeavesTheOldFileOrTheWholeNewOne) {
       EXPECT_EQ(loadDataset({folder_ / file(), ""}).columns[0].numbers, values) << milliseconds;
     }
   }
-  ASSERT_TRUE(save(file(), {"PRE_1"}, {{1}})) << session_.saveError;
+  ASSERT_TRUE(save(file(), {"PRE_1"}, {{1}})) << session_.saveError.text();
   EXPECT_THAT(folder_.listing(), SizeIs(file() == "out.csv" ? 2 : 1)) << "stale folders stay";
 }
 
@@ -144,7 +144,8 @@ TEST_F(SaveTest, WhatMayNotBeWrittenIsNamed) {
   ASSERT_EQ(root ? setresuid(0, 0, 0) : 0, 0);
   std::filesystem::permissions(folder_.path(), std::filesystem::perms(0755));
   EXPECT_FALSE(saved);
-  EXPECT_THAT(session_.saveError, AllOf(HasSubstr("new.csv"), HasSubstr("Permission denied"), HasSubstr("may write")));
+  EXPECT_THAT(session_.saveError.text(),
+              AllOf(HasSubstr("new.csv"), HasSubstr("Permission denied"), HasSubstr("may write")));
   EXPECT_THAT(overwriting, HasSubstr("Permission denied"));
   EXPECT_THAT(replacing, HasSubstr("Permission denied"));
   EXPECT_THAT(folder_.listing(), ElementsAre("open", "out.csv"));
@@ -174,9 +175,9 @@ TEST_F(SaveTest, DevicesAreWrittenDirectly) {
   std::filesystem::create_symlink("/dev/full", folder_ / "full.csv");
   std::filesystem::create_symlink("/dev/full", folder_ / "full.parquet");
   EXPECT_FALSE(save("full.csv", {"PRE_1"}, {{1}}));
-  EXPECT_THAT(session_.saveError, HasSubstr("No space left"));
+  EXPECT_THAT(session_.saveError.text(), HasSubstr("No space left"));
   EXPECT_FALSE(save("full.parquet", {"PRE_1"}, {{1}}));
-  EXPECT_THAT(session_.saveError, HasSubstr("not a regular file"));
+  EXPECT_THAT(session_.saveError.text(), HasSubstr("not a regular file"));
   EXPECT_THAT(folder_.listing(), SizeIs(2));
 }
 

@@ -48,7 +48,7 @@ TEST_P(SavedFile, ValuesAreReadBackBitByBit) {
   std::vector<double> gappy = values;
   for (std::size_t i = 0; i < gappy.size(); i += 3) gappy[i] = kSystemMissing;
   gappy.back() = kSystemMissing;
-  ASSERT_TRUE(save(file(), {"PRE_1", "a \"b\", c"}, {values, gappy})) << session_.saveError;
+  ASSERT_TRUE(save(file(), {"PRE_1", "a \"b\", c"}, {values, gappy})) << session_.saveError.text();
   EXPECT_THAT(session_.savedFiles, ElementsAre(folder_ / file()));
 
   const Dataset dataset = loadDataset({folder_ / file(), ""});
@@ -61,7 +61,7 @@ TEST_P(SavedFile, ValuesAreReadBackBitByBit) {
 
 TEST_P(SavedFile, ASingleVariableKeepsItsMissingCases) {
   const std::vector<double> values{kSystemMissing, 1.5, kSystemMissing, std::nan(""), 2.5, kSystemMissing};
-  ASSERT_TRUE(save(file(), {"PRE_1"}, {values})) << session_.saveError;
+  ASSERT_TRUE(save(file(), {"PRE_1"}, {values})) << session_.saveError.text();
   EXPECT_THAT(loadDataset({folder_ / file(), ""}).columns[0].numbers,
               ElementsAre(kSystemMissing, 1.5, kSystemMissing, kSystemMissing, 2.5, kSystemMissing));
   // Other readers skip an empty line.
@@ -72,7 +72,7 @@ TEST_P(SavedFile, ASingleVariableKeepsItsMissingCases) {
 
 TEST_P(SavedFile, AnOldFileIsReplacedAndNothingElseIsLeft) {
   std::filesystem::permissions(folder_.write(file(), "old"), std::filesystem::perms(0640));
-  ASSERT_TRUE(save(file(), {"PRE_1"}, {{1, 2}})) << session_.saveError;
+  ASSERT_TRUE(save(file(), {"PRE_1"}, {{1, 2}})) << session_.saveError.text();
   EXPECT_THAT(loadDataset({folder_ / file(), ""}).columns[0].numbers, ElementsAre(1, 2));
   EXPECT_EQ(std::filesystem::status(folder_ / file()).permissions(), std::filesystem::perms(0640));
   const std::vector<std::string> csv{"out.csv", "out.csv.meta.json"};
@@ -80,7 +80,7 @@ TEST_P(SavedFile, AnOldFileIsReplacedAndNothingElseIsLeft) {
 }
 
 TEST_P(SavedFile, LabelsLevelsAndFormatsAreKept) {
-  ASSERT_TRUE(save(file(), {"PRE_1", "it's"}, {{1}, {2}})) << session_.saveError;
+  ASSERT_TRUE(save(file(), {"PRE_1", "it's"}, {{1}, {2}})) << session_.saveError.text();
   const std::string path = (folder_ / file()).string();
   std::string metadata;
   if (file() == "out.csv") {
@@ -118,15 +118,15 @@ TEST_F(SaveTest, SpecificationsTakeKnownExtensionsOnly) {
       {"x.duckdb", ""},
       {"", "no file"},
       {"out", "extension"},
-      {"out.sav", ".csv, .parquet or .duckdb"},
+      {"out.sav", "one of .csv, .parquet, .duckdb"},
       {"folder.csv", "SAVE FILE folder.csv is a folder. Name a file in it."}};
   std::filesystem::create_directory(folder_ / "folder.csv");
   for (const auto& [path, reason] : cases) {
-    session_.saveError.clear();
+    session_.saveError = {};
     UserCaseFileSpec specification;
     EXPECT_EQ(specification.Init(path, false, true), reason.empty()) << path;
     EXPECT_EQ(specification.IsInit(), reason.empty()) << path;
-    EXPECT_THAT(session_.saveError, HasSubstr(reason)) << path;
+    EXPECT_THAT(session_.saveError.text(), HasSubstr(reason)) << path;
   }
 }
 
@@ -138,21 +138,21 @@ TEST_F(SaveTest, FilesThatTheRunReadsOrWritesAreNotOverwritten) {
                          {folder_ / "x.csv.meta.json", "--json is written to it"},
                          {folder_ / "not_there_yet.csv", "--html is written to it"}};
   for (const char* name : {"data.csv", "link.csv", "hard.csv", "x.csv", "./sub/../data.csv", "not_there_yet.csv"}) {
-    session_.saveError.clear();
+    session_.saveError = {};
     EXPECT_FALSE(UserCaseFileSpec().Init(name, true, true)) << name;
-    EXPECT_THAT(session_.saveError, HasSubstr("Choose another name")) << name;
+    EXPECT_THAT(session_.saveError.text(), HasSubstr("Choose another name")) << name;
   }
   EXPECT_EQ(contents(source), "a\n1\n");
   EXPECT_THAT(session_.savedFiles, IsEmpty());
-  EXPECT_EQ(refusedTarget(folder_ / "free.csv", session_.takenFiles), std::nullopt);
+  EXPECT_FALSE(refusedTarget(folder_ / "free.csv", session_.takenFiles).has_value());
 }
 
 TEST_F(SaveTest, WhatCannotBeSavedWholeIsNotSaved) {
   folder_.write("out.csv", "old");
   EXPECT_FALSE(save("out.csv", {"X_1", "x_1"}, {{1}, {2}}));
-  EXPECT_THAT(session_.saveError, AllOf(HasSubstr("\"x_1\""), HasSubstr("rename one of them")));
+  EXPECT_THAT(session_.saveError.text(), AllOf(HasSubstr("\"x_1\""), HasSubstr("rename one of them")));
   EXPECT_FALSE(save("out.csv", {"line\nbreak"}, {{1}}));
-  EXPECT_THAT(session_.saveError, HasSubstr("control character"));
+  EXPECT_THAT(session_.saveError.text(), HasSubstr("control character"));
   EXPECT_FALSE(UserOutputCaseFile(UserCaseFileSpec()).Close());
   {
     UserCaseFileSpec specification;
@@ -167,7 +167,7 @@ TEST_F(SaveTest, WhatCannotBeSavedWholeIsNotSaved) {
 TEST_F(SaveTest, WhatDoesNotFitIsRefused) {
   UserCaseFileSpec specification;
   EXPECT_FALSE(specification.Init("out.csv", true, false));
-  EXPECT_EQ(session_.saveError, "Saved files can only be written here.");
+  EXPECT_EQ(session_.saveError.text(), "Saved files can only be written here.");
   ASSERT_TRUE(specification.Init("out.csv", true, true));
   UserOutputCaseFile output(specification);
   IndependentDataStore& store = output.DataSource();

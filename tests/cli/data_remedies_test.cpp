@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <minizip/zip.h>
 
 #include <cmath>
 #include <functional>
@@ -42,6 +43,12 @@ std::string german(double value) {
   return text.size() > 6 ? text.insert(text.size() - 6, ".") : text;
 }
 
+std::string inUtf16(const std::string& ascii) {
+  std::string text = "\xff\xfe";
+  for (const char c : ascii) text += {c, '\0'};
+  return text;
+}
+
 class DataRemedies : public testing::Test {
  protected:
   ProgramRun fit(const std::string& file, std::vector<std::string> more = {}) const {
@@ -79,16 +86,28 @@ TEST_F(DataRemedies, FilesThatAreNoPlainTableAreReadWithThePrintedOption) {
   const auto line = [](int i, double x, double y) { return std::to_string(i) + ";" + fixed(x, 3) + ";" + fixed(y, 4); };
   space.file("report.csv", "Report\nof the bank; all; in; EUR\ni;x;y\n" + series(line));
   space.file("latin.csv", "name;x;y\n" + series([&](int i, double x, double y) { return "\xe9" + line(i, x, y); }));
-  for (const char* file : {"report.csv", "latin.csv"}) {
+  space.file("wide.csv", inUtf16("i;x;y\n" + series(line)));
+  // Beyond a mebibyte the types are found from the first rows: later ones no longer fit.
+  const auto late = [](const char* odd) {
+    return "i,x,y\n" + series(
+                           [&](int i, double x, double y) {
+                             return std::to_string(i) + "," + (i == 59'000 ? odd : fixed(x, 3)) + "," + fixed(y, 12);
+                           },
+                           60'000);
+  };
+  space.file("late_mark.csv", late("n.v."));
+  space.file("late_comma.csv", late("\"1000,5\""));
+  for (const char* file : {"report.csv", "latin.csv", "wide.csv", "late_mark.csv"}) {
     const ProgramRun refused = fit(file);
     EXPECT_EQ(refused.exitCode, 3) << file;
     std::smatch remedy;
     ASSERT_TRUE(std::regex_search(refused.err, remedy,
-                                  std::regex("Give (--\\S+) \\(in a job file, under \\[data\\]: ([^)]*)\\)")))
+                                  std::regex("[Gg]ive (--\\S+) \\(in a job file, under \\[data\\]: ([^)]*)\\)")))
         << refused.err;
     EXPECT_EQ(fit(file, {remedy[1]}).exitCode, 0) << file;
     EXPECT_EQ(runJob("source = \"" + std::string(file) + "\"\n" + remedy[2].str() + "\n").exitCode, 0) << file;
   }
+  EXPECT_THAT(fit("late_comma.csv").err, HasSubstr("Give --decimal=, (in a job file"));
 }
 
 TEST_F(DataRemedies, SuspiciousValuesGetANoteAndStayAsTheyAre) {
@@ -101,8 +120,11 @@ TEST_F(DataRemedies, SuspiciousValuesGetANoteAndStayAsTheyAre) {
   EXPECT_THAT(
       said, AllOf(HasSubstr("x holds -9999 in row 10, which looks like a mark"), HasSubstr("x is infinite in row 21."),
                   HasSubstr("y is at least 1,000 times its neighbours in row 31 (")));
-  const ProgramRun mended = fit("codes.csv", {"--na=-9999,inf"});
-  EXPECT_EQ(mended.exitCode, 0) << mended.err;
+  // Each of the two remedies keeps what was given before.
+  const std::string first = after(noted.out + noted.err, "Give these options: ");
+  const ProgramRun half = fit("codes.csv", shellWords(first.substr(0, first.find("  "))));
+  const ProgramRun mended = fit("codes.csv", shellWords(after(half.out + half.err, "Give these options: ")));
+  EXPECT_EQ(mended.exitCode, 0) << first << mended.err;
   EXPECT_THAT(unwrapped(mended.out), AllOf(HasSubstr("40 read, 38 used"), Not(HasSubstr("mark for missing"))));
   EXPECT_THAT(mended.out, Not(HasSubstr("infinite")));
 }
@@ -168,6 +190,91 @@ TEST_F(DataRemedies, RowsOutOfOrderOrWithGapsAreDatedWithThePrintedOption) {
                 AllOf(HasSubstr("\"2011Q1\""), HasSubstr("\"2011Q2\""), Not(HasSubstr("\"2011Q3\""))));
     EXPECT_EQ(runJob("source = \"a.csv\"\n[dates]\ncolumn = \"period\"\n" + remedy[2].str() + "\n").exitCode, 0);
   }
+}
+
+// Days of twelve months that are months as well, and a leap in the middle.
+TEST_F(DataRemedies, DaysThatCouldBeMonthsAreToldAndReadTheOtherWayWithThePrintedOption) {
+  const auto file = [&](const char* head) {
+    space.file("days.csv", "day,x,y\n" + series(
+                                             [&](int i, double x, double y) {
+                                               return head + std::to_string(i + 1) + "/2001," + fixed(x, 3) + "," +
+                                                      fixed(y, 4);
+                                             },
+                                             12));
+  };
+  for (const char* head : {"1/", "01/"}) {
+    file(head);
+    const auto read = [&](const std::vector<std::string>& more) {
+      std::vector<std::string> words{"--dates", "day", "--json", "out.json"};
+      words.insert(words.end(), more.begin(), more.end());
+      const ProgramRun run = fit("days.csv", words);
+      EXPECT_EQ(run.exitCode, 0) << run.err;
+      EXPECT_THAT(space.read("out.json"), HasSubstr("\"id\":\"dates.order\""));
+      return unwrapped(run.out);
+    };
+    const std::string taken = read({});
+    std::smatch said;
+    ASSERT_TRUE(std::regex_search(
+        taken, said,
+        std::regex("row 2 is read as (\\S+); with day and month exchanged it would be (\\S+)\\..*give "
+                   "(--\\S+) \\(")))
+        << taken;
+    EXPECT_THAT(read({said[3].str()}), HasSubstr("row 2 is read as " + said[2].str() + ";"));
+    EXPECT_EQ(runJob("source = \"days.csv\"\n[dates]\ncolumn = \"day\"\nexchange_day_month = true\n").exitCode, 0);
+  }
+}
+
+TEST_F(DataRemedies, UnevenRowsAreNumberedWithThePrintedOption) {
+  space.file("uneven.csv", "day,x,y\n" + series(
+                                             [](int i, double x, double y) {
+                                               const int day = 1 + 2 * i - (i > 3 ? 1 : 0);
+                                               return (day < 10 ? "2001-01-0" : "2001-01-") + std::to_string(day) +
+                                                      "," + fixed(x, 3) + "," + fixed(y, 4);
+                                             },
+                                             12));
+  const ProgramRun refused = fit("uneven.csv", {"--dates", "day"});
+  EXPECT_THAT(refused.err, HasSubstr("row 5 (2001-01-08) does not follow row 4 (2001-01-07): it comes 1 day later"));
+  const std::string start = after(refused.err, "number the cases instead: ");
+  EXPECT_EQ(fit("uneven.csv", shellWords(start.substr(0, start.find(" (")))).exitCode, 0) << refused.err;
+}
+
+// One table in two sheets.
+void writeWorkbook(const std::string& file) {
+  zipFile zip = zipOpen64(file.c_str(), APPEND_STATUS_CREATE);
+  const auto add = [&](const char* name, const std::string& text) {
+    zipOpenNewFileInZip(zip, name, nullptr, nullptr, 0, nullptr, 0, nullptr, 0, 0);
+    zipWriteInFileInZip(zip, text.data(), static_cast<unsigned>(text.size()));
+    zipCloseFileInZip(zip);
+  };
+  const std::string head = "<row><c t='inlineStr'><is><t>x</t></is></c><c t='inlineStr'><is><t>y</t></is></c></row>";
+  const std::string rows = series([](int, double x, double y) {
+    return "<row><c><v>" + fixed(x, 3) + "</v></c><c><v>" + fixed(y, 4) + "</v></c></row>";
+  });
+  add("xl/workbook.xml",
+      "<workbook><sheets><sheet name='Data 1' r:id='a'/><sheet name='B' r:id='a'/></sheets></workbook>");
+  add("xl/_rels/workbook.xml.rels", "<Relationships><Relationship Id='a' Target='worksheets/s.xml'/></Relationships>");
+  add("xl/worksheets/s.xml", "<worksheet><sheetData>" + head + rows + "</sheetData></worksheet>");
+  zipClose(zip, nullptr);
+}
+
+TEST_F(DataRemedies, OfAWorkbookTheSheetIsNamedWithThePrintedOption) {
+  writeWorkbook(space.folder() + "/book.xlsx");
+  const ProgramRun refused = fit("book.xlsx");
+  EXPECT_EQ(refused.exitCode, 3);
+  const std::string remedy = after(refused.err, "Name one: ");
+  EXPECT_EQ(fit("book.xlsx", shellWords(remedy.substr(0, remedy.find(" (in")))).exitCode, 0) << refused.err;
+}
+
+TEST_F(DataRemedies, AYearAfterPredictIsAYearWhereTheCasesAreYears) {
+  space.file("years.csv", "year,x,y\n" + series([](int i, double x, double y) {
+                            return std::to_string(1970 + i) + "," + fixed(x, 3) + "," + fixed(y, 4);
+                          }));
+  EXPECT_EQ(fit("years.csv", {"--dates", "year", "--predict", "2011", "--json", "out.json"}).exitCode, 0);
+  EXPECT_THAT(space.read("out.json"), AllOf(HasSubstr("\"2011\""), Not(HasSubstr("\"2012\""))));
+  EXPECT_THAT(fit("years.csv", {"--dates", "year", "--predict", "1990"}).err,
+              HasSubstr("1990 does not lie after the last case (2009). Give a later period, such as 2010."));
+  EXPECT_EQ(fit("years.csv", {"--predict", "1000", "--json", "out.json"}).exitCode, 0);
+  EXPECT_THAT(space.read("out.json"), HasSubstr("\"1040\""));
 }
 
 TEST_F(DataRemedies, DatesOfComponentsAndPredictTakeWhatTheirMessagesSay) {

@@ -94,7 +94,7 @@ TEST_F(Run, TargetBeforeTheLastCaseIsOneWarningAndNoFailure) {
   EXPECT_EQ(run.exitCode, 0);
   EXPECT_EQ(run.err,
             "warning: The forecast table is not created because no forecasts could be calculated. PREDICT THRU date is "
-            "before the last observed date.\n");
+            "before the last observed date.\nhint: Give a target after the last case.\n");
   EXPECT_THAT(run.out, HasSubstr("FORECASTS was requested but produced no output"));
 }
 

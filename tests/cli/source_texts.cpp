@@ -116,7 +116,7 @@ void addMessages(const std::string& source, const std::regex& start, const std::
 std::set<std::string> lookedUpKeys() {
   // What comes before the keys, and what ends them.
   const std::pair<std::regex, std::string> rules[] = {
-      {std::regex(R"re(\b(localize|tr)\(\s*(?="))re"), ",)"},
+      {std::regex(R"re(\b(localize|tr|phrase)\(\s*(?="))re"), ",)"},
       {std::regex(R"re(\b(localizeAll|addTest|addCriterion)\()re"), ")"},
       {std::regex(R"re(\bgenerateAutocorrelationCharts\(\{(?="))re"), ",}"},
       {std::regex(R"re(\bpaintMessage\((?!std::))re"), ","},
@@ -135,6 +135,25 @@ std::set<std::string> lookedUpKeys() {
   return keys;
 }
 
+std::map<std::string, std::set<SourceNotice>> notices() {
+  static const std::regex named(R"re("[a-z]+\.[a-z0-9-]+",\s*(?="))re");
+  std::map<std::string, std::set<SourceNotice>> found;
+  forEachSource({"workbench"}, [&](const std::string& source) {
+    for (std::sregex_iterator it(source.begin(), source.end(), named), end; it != end; ++it) {
+      auto at = static_cast<std::size_t>(it->position());
+      const bool isRow = at > 0 && source[at - 1] == '{';  // of the messages that a procedure is known for
+      const std::string id = readLiteral(source, at);
+      at = static_cast<std::size_t>(it->position() + it->length());
+      SourceNotice notice{readLiteral(source, at), ""};
+      if (notice.text.find_first_of(" ^") == std::string::npos) continue;  // a setting and its value
+      at = source.find_first_not_of(", \n", at);
+      if (isRow && source[at] == '"') notice.remedy = readLiteral(source, at);
+      found[id].insert(notice);
+    }
+  });
+  return found;
+}
+
 std::set<std::string> procedureMessages() {
   static const std::regex message(R"re(\b(fail|GenericError|GenericWarning)\()re");
   static const std::regex warning(R"re((?="Warning: ))re");
@@ -143,7 +162,7 @@ std::set<std::string> procedureMessages() {
                 [&](const std::string& source) { addMessages(source, message, ")", messages); });
   forEachSource({"procedures"}, [&](const std::string& source) { addMessages(source, warning, ";", messages); });
   // There the text comes with its markers, its arguments after it.
-  static const std::regex withMarkers(R"re(\bfail\((?="))re");
+  static const std::regex withMarkers(R"re(\bfail\(\s*(?="))re");
   forEachSource({"procedures/vardynamics"},
                 [&](const std::string& source) { addMessages(source, withMarkers, ",)", messages); });
   return messages;

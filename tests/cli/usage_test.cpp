@@ -114,6 +114,8 @@ TEST_F(Usage, MistakesInAJobFileNameTheirPlace) {
 TEST_F(Usage, IsGermanInGerman) {
   Words words = fit({"--predct", "8", "--lang", "de"});
   EXPECT_THAT(space.run(words).err, HasSubstr("Fehler: fit hat keine Option --predct. Meinten Sie --predict?"));
+  words = fit({"--lang", "de"}, "realgdp,realcons");
+  EXPECT_THAT(space.run(words).err, HasSubstr("Die Wörter einer Liste werden durch Leerzeichen getrennt"));
   for (const Mistake& mistake : mistakes()) {
     if (mistake.words.empty() || mistake.words.size() == 1) continue;
     words = mistake.words;

@@ -153,10 +153,10 @@ TEST_F(Told, ASilentStopIsExplainedByItsCauseOrItsTrace) {
            "The likely cause: the METHOD subcommand is missing: add /METHOD TYPE=[OLS]."},
       {handler("ModelStatistics", ": "), "varmodel_entry: Step3",
        "step 3, checking the subcommands and reading the data" + silent +
-           "The likely cause: MODELSTATISTICS has no MODELFIT list."},
+           "The likely cause: MODELSTATISTICS has no MODELFIT list: add MODELFIT=[PARAMETERS], or leave it out."},
       {handler("Auxiliary", " "), "varmodel_entry: Step3",
        "step 3, checking the subcommands and reading the data" + silent +
-           "The likely cause: AUXILIARY has no CILEVEL."},
+           "The likely cause: AUXILIARY has no CILEVEL: add CILEVEL=95, or leave it out."},
       {"VARSubCommands::get_SubCommand_Method - Completed with status: SUCCESS\nFAILURE", traced + "1\n",
        "step 1, describing the command" + silent +
            "The last lines of its trace:\n  two\n  three\n  four\n  five\n  varmodel_entry: Step1\n"},
@@ -180,10 +180,12 @@ TEST_F(Told, ASilentStopIsExplainedByItsCauseOrItsTrace) {
 TEST_F(Told, MessagesStandOnceEachWithItsHint) {
   using Kind = Message::Kind;
   streams_ = {};
-  record_.saveError = "not saved";
+  record_.saveError = Notice::quoted("save.failed", "not saved");
   for (const char* text :
-       {"Insufficient observations: x", "Regressor matrix is singular: x", "Turn off split file",
-        "Remove Weight Variable", "Endogenous and exogenous variables are missing in different cases.", "other"}) {
+       {"Insufficient observations: x",
+        "Regressor matrix is singular: The model cannot be estimated due to perfect multicollinearity",
+        "Turn off split file", "Remove Weight Variable",
+        "Endogenous and exogenous variables are missing in different cases.", "other"}) {
     says(Kind::error, text);
   }
   says(Kind::warning, "CORRMATRIX is required when EIGEN is specified in MODELFIT.");
@@ -195,20 +197,21 @@ TEST_F(Told, MessagesStandOnceEachWithItsHint) {
       "test. For forecasts give a [predict] target in the job file.";
   EXPECT_THAT(
       messages(),
-      ElementsAre("error: Insufficient observations: x",
-                  "hint: With 30 rows, 2 endogenous and 0 exogenous variables the largest usable MAXLAG is 9.",
-                  "error: Regressor matrix is singular: x",
-                  "hint: Some series is constant, or one is a linear combination of others (a total beside its parts). "
-                  "Drop one of them, or use differences.",
-                  "error: Turn off split file", "hint: Remove 'split' from the job file.",
-                  "error: Remove Weight Variable", "hint: Remove 'weight' from the job file.",
-                  "error: Endogenous and exogenous variables are missing in different cases.",
-                  "hint: To drop the rows that lack a variable of either list, give [data] in the job file this "
-                  "line:\n  complete = true",
-                  "error: other", "warning: CORRMATRIX is required when EIGEN is specified in MODELFIT.",
-                  "hint: The run stops here. Add CORRMATRIX to MODELFIT, or remove EIGEN.",
-                  "warning (not quietly): The forecast table is not created, because.", unasked,
-                  "error (not quietly): The forecast table is not created", unasked, "error: not saved"));
+      ElementsAre(
+          "error: Insufficient observations: x",
+          "hint: With 30 rows, 2 endogenous and 0 exogenous variables the largest usable MAXLAG is 9. Give MAXLAG=9.",
+          "error: Regressor matrix is singular: The model cannot be estimated due to perfect multicollinearity",
+          "hint: Some series is constant, or one is a linear combination of others (a total beside its parts). "
+          "Drop one of them, or use differences.",
+          "error: Turn off split file", "hint: Remove 'split' from the job file.", "error: Remove Weight Variable",
+          "hint: Remove 'weight' from the job file.",
+          "error: Endogenous and exogenous variables are missing in different cases.",
+          "hint: To drop the rows that lack a variable of either list, give [data] in the job file this "
+          "line:\n  complete = true",
+          "error: other", "warning: CORRMATRIX is required when EIGEN is specified in MODELFIT.",
+          "hint: The run stops here. Add CORRMATRIX to MODELFIT, or remove EIGEN.",
+          "warning (not quietly): The forecast table is not created, because.", unasked,
+          "error (not quietly): The forecast table is not created", unasked, "error: not saved"));
 }
 
 TEST_F(Told, EveryKeywordWithoutItsItemIsNamed) {
@@ -382,7 +385,7 @@ TEST(UsableLag, LeavesAsManyRowsAsSeries) {
     run.record.requestedNumbers["MODEL MAXLAG"] = static_cast<double>(lag + 1);
     EXPECT_TRUE(varmodel::exceedsUsableLag(run));
   }
-  EXPECT_EQ(varmodel::usableLagText({.rows = 6, .endogenous = 2, .exogenous = 1, .lag = 0}),
+  EXPECT_EQ(varmodel::usableLagText({.rows = 6, .endogenous = 2, .exogenous = 1, .lag = 0}).text(),
             "With 6 rows, 2 endogenous and 1 exogenous variables no lag can be estimated: use fewer variables or more "
             "data.");
 }

@@ -96,7 +96,7 @@ TEST_F(TextFiles, NumbersReadAsTextAreFoundWithTheFormatThatReadsThem) {
     ASSERT_TRUE(found) << one.text;
     std::string options;
     for (const WrittenSetting& setting : writtenSettings(found->format)) {
-      options += (options.empty() ? "" : " ") + setting.option;
+      options += (options.empty() ? "" : " ") + setting.option();
     }
     EXPECT_EQ(options, one.options) << one.text;
     ASSERT_EQ(found->columns.size(), 1u) << one.text;

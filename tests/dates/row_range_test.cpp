@@ -62,9 +62,10 @@ TEST(DateGuess, FindsColumnsThatDateTheRowsAndSaysWhyOthersDoNot) {
   const std::vector<DateGuess> guesses = guessDates(dataset);
   ASSERT_EQ(guesses.size(), 2u);
   EXPECT_EQ(guesses[0].request.variables.at(Unit::year), "Year");
-  EXPECT_EQ(guesses[0].first + " " + guesses[0].last + " " + guesses[0].unit, "2000Q1 2000Q4 quarter");
+  EXPECT_EQ(guesses[0].first + " " + guesses[0].last + " " + std::string(unitName(guesses[0].unit)),
+            "2000Q1 2000Q4 quarter");
   EXPECT_EQ(guesses[1].request.column, "date");
-  EXPECT_THAT(guesses[1].fault, HasSubstr("2000M04 is missing"));
+  EXPECT_THAT(guesses[1].fault.text(), HasSubstr("2000M04 is missing"));
 }
 
 }  // namespace

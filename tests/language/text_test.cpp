@@ -54,7 +54,7 @@ TEST(Suggest, OffersOnlyWhatIsNear) {
                                                                   {"real", ""},
                                                                   {"completely else", ""}};
   for (const auto& [text, expected] : cases) EXPECT_EQ(expected, nearestName(text, names).value_or("")) << text;
-  EXPECT_EQ(" Known: a, b.", didYouMeanOrList("zzzz", {"a", "b"}, "Known"));
+  EXPECT_EQ("Known: a, b.", didYouMeanOrList("zzzz", {"a", "b"}, "Known").text());
 }
 
 TEST(CommandList, ACommandEndsAtAFullStopThatEndsAWord) {

@@ -52,7 +52,7 @@ class SaveTest : public ProcedureTest {
 
 TEST_F(SaveTest, WritesEveryEquationsVectorsSideBySide) {
   ask("PRE_", "RES_");
-  ASSERT_EQ(save(), 0) << session.saveError;
+  ASSERT_EQ(save(), 0) << session.saveError.text();
   const workbench::Dataset saved = workbench::loadDataset({path, ""});
   EXPECT_THAT(saved.columns,
               ElementsAre(column("PRE_1", {1.25, 1.0 / 3.0, kSystemMissing}), column("RES_1", {-0.5, 0.5, 4.0}),
@@ -62,7 +62,7 @@ TEST_F(SaveTest, WritesEveryEquationsVectorsSideBySide) {
 
 TEST_F(SaveTest, WritesOnlyTheKindAskedForAsLongAsTheLongestResult) {
   ask("p", "");
-  ASSERT_EQ(save(), 0) << session.saveError;
+  ASSERT_EQ(save(), 0) << session.saveError.text();
   EXPECT_THAT(workbench::loadDataset({path, ""}).columns,
               ElementsAre(column("p1", {1.25, 1.0 / 3.0, kSystemMissing}),
                           column("p2", {7.0, kSystemMissing, kSystemMissing})));
@@ -72,7 +72,7 @@ TEST_F(SaveTest, LabelsAndFormatsGoAlong) {
   path.replace_extension(".csv");
   results.resize(1);
   ask("PRE_", "RES_");
-  ASSERT_EQ(save(), 0) << session.saveError;
+  ASSERT_EQ(save(), 0) << session.saveError.text();
   std::string metadata;
   std::getline(std::ifstream(path.string() + ".meta.json"), metadata);
   const std::string format = R"({"type":5,"width":8,"decimals":3})";

@@ -42,7 +42,7 @@ class SavedFile : public RunTest, public testing::WithParamInterface<const char*
     const std::string file = std::string("r.") + GetParam();
     EXPECT_TRUE(run("VARDYNAMICS /MODEL ENDOGENOUS=a b EXOGENOUS=x LAG=2 /FORECAST /SAVE FILE='" + file + "' " +
                     keywords + " /AUXILIARY CILEVEL=80 97.5"))
-        << firstError() << session.saveError;
+        << firstError() << session.saveError.text();
     return workbench::loadDataset({.source = folder / file, .query = ""});
   }
   // A column of the forecast's table after so many periods without a value.
@@ -99,7 +99,7 @@ TEST_F(RunTest, TwoSavedColumnsOfOneNameAreRefused) {
   session.dataset.columns[static_cast<std::size_t>(session.dataset.find("QUARTER_"))].name = "a_residual";
   session.saveRemedies.equalNames = "rename one of the variables";
   EXPECT_FALSE(run("VARDYNAMICS /MODEL ENDOGENOUS=a b LAG=1 /SAVE FILE='r.csv' RESIDUALS"));
-  EXPECT_EQ(session.saveError,
+  EXPECT_EQ(session.saveError.text(),
             "two variables of the saved file would be named \"a_residual\": rename one of the variables.");
   EXPECT_THAT(folder.listing(), testing::IsEmpty());
 }

@@ -16,28 +16,28 @@ namespace fs = std::filesystem;
 
 constexpr std::size_t kLongestNameKept = 200;  // of 255: the folder's own mark must fit beside it
 
-const char* remedyFor(int code) {
+Notice remedyFor(int code) {
   switch (code) {
     case ENOSPC:
     case EFBIG:
 #if defined(EDQUOT)
     case EDQUOT:
 #endif
-      return "Make room or choose another place.";
+      return phrase("Make room or choose another place.");
     case ENOENT:
     case ENOTDIR:
-      return "Create its folder first or choose another.";
+      return phrase("Create its folder first or choose another.");
     case EACCES:
     case EPERM:
     case EROFS:
-      return "Choose a place that you may write to.";
+      return phrase("Choose a place that you may write to.");
     default:
-      return "Choose another place.";
+      return phrase("Choose another place.");
   }
 }
 
 [[noreturn]] void fail(const fs::path& file, int code) {
-  throw OutputError(file.string() + " cannot be written: " + std::strerror(code) + ". " + remedyFor(code));
+  throw OutputError("output.unwritable", "^1 cannot be written: ^2. ^3", file, std::strerror(code), remedyFor(code));
 }
 
 fs::path folderOf(const fs::path& file) {
@@ -72,9 +72,12 @@ void removeEverything(const fs::path& folder) {
 void requireReplaceable(const fs::path& target) {
   const fs::file_status status = fs::status(target);
   if (fs::is_directory(status) || !target.has_filename()) {
-    throw OutputError(target.string() + " cannot be written: it is a folder. Name a file in it.");
+    throw OutputError("output.folder", "^1 cannot be written: it is a folder. Name a file in it.", target);
   }
-  if (isSpecialFile(target)) throw OutputError(target.string() + " cannot be replaced: it is not a regular file.");
+  if (isSpecialFile(target)) {
+    throw OutputError("output.special-file", "^1 cannot be replaced: it is not a regular file. Name another file.",
+                      target);
+  }
   if (!fs::exists(status)) return;
   if (const int code = writingError(target)) fail(target, code);
 }

@@ -22,8 +22,8 @@ class MadeFolders {
     fs::create_directories(folder, error);
     if (error) {
       removeEmpty();
-      throw OutputError("the folder " + folder.string() + " cannot be made: " + error.message() +
-                        ". Choose another place.");
+      throw OutputError("output.no-folder", "the folder ^1 cannot be made: ^2. Choose another place.", folder,
+                        error.message());
     }
   }
   MadeFolders(const MadeFolders&) = delete;
@@ -54,10 +54,10 @@ void writeFileSet(const fs::path& folder, const std::vector<FileText>& files) {
   for (StagedFile& one : staged) one.publish();
 }
 
-std::string unusableFolder(const fs::path& folder) {
+Notice unusableFolder(const fs::path& folder) {
   std::error_code error;
-  if (!fs::exists(folder, error) || fs::is_directory(folder, error)) return "";
-  return folder.string() + " is a file, and a folder is asked for. Choose another name.";
+  if (!fs::exists(folder, error) || fs::is_directory(folder, error)) return {};
+  return Notice("output.file-for-folder", "^1 is a file, and a folder is asked for. Choose another name.", folder);
 }
 
 }  // namespace workbench

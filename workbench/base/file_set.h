@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "workbench/base/notice.h"
+
 namespace workbench {
 
 struct FileText {
@@ -18,7 +20,7 @@ struct FileText {
 // remedy.
 void writeFileSet(const std::filesystem::path& folder, const std::vector<FileText>& files);
 
-// Why there can be no such folder, with the remedy: something else has its name. "" when there can be.
-std::string unusableFolder(const std::filesystem::path& folder);
+// Why there can be no such folder, with the remedy: something else has its name. Nothing when there can be.
+Notice unusableFolder(const std::filesystem::path& folder);
 
 }  // namespace workbench

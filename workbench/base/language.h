@@ -2,21 +2,13 @@
 
 #pragma once
 
-#include <concepts>
 #include <string>
 #include <string_view>
 
 #include "workbench/base/message_catalogue.h"
+#include "workbench/base/notice.h"
 
 namespace workbench {
-
-inline std::string argumentText(std::string_view text) {
-  return std::string(text);
-}
-template <std::integral Number>
-std::string argumentText(Number number) {
-  return std::to_string(number);
-}
 
 class Language {
  public:
@@ -30,8 +22,9 @@ class Language {
   // The text for a key, with its arguments.
   template <class... Arguments>
   std::string tr(std::string_view key, const Arguments&... arguments) const {
-    return fillMarkers(texts_.lookUp(key), {argumentText(arguments)...});
+    return in(phrase(key, arguments...));
   }
+  std::string in(const Notice& notice) const { return notice.in(texts_); }
   // A finished English text, as MessageCatalogue::translate does it.
   std::string translate(std::string_view text) const { return texts_.translate(text); }
 

@@ -40,14 +40,15 @@ std::filesystem::path dictionaryFile(const std::filesystem::path& dictionaryFold
 Language readLanguage(const std::filesystem::path& dictionaryFolder, const std::string& code) {
   const std::vector<std::string> codes = availableLanguages(dictionaryFolder);
   if (std::find(codes.begin(), codes.end(), code) == codes.end()) {
-    throw UsageError("there is no language '" + code + "'. Choose one of: " + listed(codes) + ".");
+    throw UsageError("option.no-language", "there is no language '^1'. Choose one of: ^2.", code, listed(codes));
   }
   const std::filesystem::path file = dictionaryFile(dictionaryFolder, code);
   if (file.empty()) return {};
   try {
     return {code, MessageCatalogue::read(file)};
   } catch (const std::runtime_error& error) {
-    throw UsageError("the dictionary '" + file.string() + "' " + error.what() + ". Repair it, or choose en.");
+    throw UsageError("option.bad-dictionary", "the dictionary '^1' ^2. Repair it, or choose en.", file,
+                     phrase(error.what()));
   }
 }
 

@@ -120,6 +120,10 @@ std::string MessageCatalogue::translateList(std::string_view argument) const {
   }
 }
 
+bool fits(std::string_view pattern, std::string_view text) {
+  return matchPattern(pattern, text).has_value();
+}
+
 std::string fillMarkers(std::string_view text, const std::vector<std::string>& arguments) {
   std::string filled;
   while (true) {

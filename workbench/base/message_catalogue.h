@@ -39,6 +39,9 @@ class MessageCatalogue {
   std::map<std::string, std::string, std::less<>> texts_;
 };
 
+// Whether the text is the pattern with its markers filled in.
+bool fits(std::string_view pattern, std::string_view text);
+
 // The text with its markers replaced, every occurrence; a marker without an argument stays, and so does one inside an
 // argument.
 std::string fillMarkers(std::string_view text, const std::vector<std::string>& arguments);

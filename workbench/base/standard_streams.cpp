@@ -16,8 +16,10 @@ namespace workbench {
 namespace {
 
 [[noreturn]] void failStandardOutput(const std::string& reason) {
-  throw OutputError("standard output cannot be written" + reason +
-                    ". Send it to a place with room, or write files with --html and --json.");
+  throw OutputError("output.standard-output",
+                    "standard output cannot be written^1. Send it to a place with room, or write files with --html "
+                    "and --json.",
+                    reason);
 }
 
 }  // namespace

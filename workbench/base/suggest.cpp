@@ -76,21 +76,26 @@ std::optional<std::string> nearestName(std::string_view text, const std::vector<
   return nearest;
 }
 
-std::string didYouMean(std::string_view text, const std::vector<std::string>& candidates) {
+Notice didYouMean(std::string_view text, const std::vector<std::string>& candidates) {
   const std::optional<std::string> nearest = nearestName(text, candidates);
-  return nearest ? " Did you mean " + inQuotes(*nearest) + "?" : "";
+  return nearest ? phrase("Did you mean ^1?", inQuotes(*nearest)) : Notice();
 }
 
-std::string didYouMeanOrList(std::string_view text, const std::vector<std::string>& candidates, std::string_view what) {
-  std::string nearest = didYouMean(text, candidates);
+Notice didYouMeanWord(std::string_view text, const std::vector<std::string>& candidates) {
+  const std::optional<std::string> nearest = nearestName(text, candidates);
+  return nearest ? phrase("Did you mean ^1?", *nearest) : Notice();
+}
+
+Notice didYouMeanOrList(std::string_view text, const std::vector<std::string>& candidates, const Notice& what) {
+  Notice nearest = didYouMean(text, candidates);
   if (!nearest.empty() || candidates.empty()) return nearest;
-  return " " + std::string(what) + ": " + listed(candidates) + ".";
+  return phrase("^1: ^2.", what, listed(candidates));
 }
 
-std::string listed(const std::vector<std::string>& names) {
+Notice listed(const std::vector<std::string>& names) {
   std::string text;
   for (std::size_t i = 0; i < std::min(names.size(), kListed); ++i) text += (i == 0 ? "" : ", ") + names[i];
-  return names.size() <= kListed ? text : text + " and " + std::to_string(names.size() - kListed) + " more";
+  return names.size() <= kListed ? Notice(text) : phrase("^1 and ^2 more", text, names.size() - kListed);
 }
 
 }  // namespace workbench

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "workbench/base/notice.h"
+
 namespace workbench {
 
 // The first candidate that the text abbreviates, if it abbreviates just one (from two letters on), else the candidate
@@ -14,13 +16,16 @@ namespace workbench {
 // character has no neighbours. Letters count the same in either case.
 std::optional<std::string> nearestName(std::string_view text, const std::vector<std::string>& candidates);
 
-// ` Did you mean "x"?` with its leading blank, or "" when no candidate is near.
-std::string didYouMean(std::string_view text, const std::vector<std::string>& candidates);
+// `Did you mean "x"?`, or nothing when no candidate is near.
+Notice didYouMean(std::string_view text, const std::vector<std::string>& candidates);
 
-// didYouMean, or ` WHAT: a, b, c.` when nothing is near.
-std::string didYouMeanOrList(std::string_view text, const std::vector<std::string>& candidates, std::string_view what);
+// The same without quotes, for a word as it is typed.
+Notice didYouMeanWord(std::string_view text, const std::vector<std::string>& candidates);
+
+// didYouMean, or `WHAT: a, b, c.` when nothing is near.
+Notice didYouMeanOrList(std::string_view text, const std::vector<std::string>& candidates, const Notice& what);
 
 // "a, b, c", after the twentieth "and N more".
-std::string listed(const std::vector<std::string>& names);
+Notice listed(const std::vector<std::string>& names);
 
 }  // namespace workbench

@@ -28,12 +28,12 @@ bool sameFile(const fs::path& left, const fs::path& right) {
 
 }  // namespace
 
-std::optional<std::string> refusedTarget(const fs::path& target, std::span<const TakenFile> taken) {
+std::optional<Notice> refusedTarget(const fs::path& target, std::span<const TakenFile> taken) {
   for (const auto& [path, use] : taken) {
     if (!sameFile(finalTarget(target), finalTarget(path))) continue;
-    const std::string what = target == kStandardStream ? "standard output" : target.string();
-    const std::string alias = target == path ? "" : " (as " + path.string() + ")";
-    return what + " is not written: " + use + alias + ". Choose another name.";
+    const Notice what = target == kStandardStream ? phrase("standard output") : Notice(target);
+    const Notice why = target == path ? use : phrase("^1 (as ^2)", use, path);
+    return Notice("output.taken", "^1 is not written: ^2. Choose another name.", what, why);
   }
   return std::nullopt;
 }

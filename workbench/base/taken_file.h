@@ -5,17 +5,17 @@
 #include <filesystem>
 #include <optional>
 #include <span>
-#include <string>
+#include "workbench/base/notice.h"
 
 namespace workbench {
 
 struct TakenFile {
   std::filesystem::path path;  // "-" for standard output
-  std::string use;             // "this run reads it", "--json writes it too"
+  Notice use;                  // "this run reads it", "--json is written to it"
 };
 
 // Why the target must not be written: it is one of the taken files, under whatever name. Nothing when it may be, and
 // for the null device, which takes everything.
-std::optional<std::string> refusedTarget(const std::filesystem::path& target, std::span<const TakenFile> taken);
+std::optional<Notice> refusedTarget(const std::filesystem::path& target, std::span<const TakenFile> taken);
 
 }  // namespace workbench

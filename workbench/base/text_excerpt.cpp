@@ -69,12 +69,11 @@ std::string excerpt(std::string_view source, Span span) {
   return encodeUtf8(text);
 }
 
-std::string locatedMessage(std::string_view source, Span span, std::string_view text) {
+Notice locatedMessage(std::string_view source, Span span, const Notice& text) {
   const TextPosition position = positionOf(source, span.begin);
-  std::string message = "line " + std::to_string(position.line) + ", column " + std::to_string(position.column) + ": ";
-  message += text;
   const std::string shown = excerpt(source, span);
-  return shown.empty() ? message : message + "\n" + shown;
+  return phrase("line ^1, column ^2: ^3", position.line, position.column, text) +
+         (shown.empty() ? Notice() : Notice("\n" + shown));
 }
 
 std::string inQuotes(std::string_view text) {

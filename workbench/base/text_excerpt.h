@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "workbench/base/notice.h"
+
 namespace workbench {
 
 // A stretch of bytes [begin, end) of a source text.
@@ -29,7 +31,7 @@ TextPosition positionOf(std::string_view source, std::size_t offset);
 std::string excerpt(std::string_view source, Span span);
 
 // "line 2, column 41: TEXT" and the excerpt below it.
-std::string locatedMessage(std::string_view source, Span span, std::string_view text);
+Notice locatedMessage(std::string_view source, Span span, const Notice& text);
 
 // User text within a message: in double quotes, on one line, cut after 60 characters.
 std::string inQuotes(std::string_view text);

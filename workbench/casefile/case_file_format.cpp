@@ -16,12 +16,10 @@ namespace {
 constexpr std::array<CaseFileFormat, 3> kFormats{
     {{".csv", writeCsv, true}, {".parquet", writeParquet, false}, {".duckdb", writeDatabase, false}}};
 
-// "a, b or c".
+// "a, b, c".
 std::string extensions() {
-  std::string text(kFormats.front().extension);
-  for (std::size_t i = 1; i < kFormats.size(); ++i) {
-    text += (i + 1 < kFormats.size() ? ", " : " or ") + std::string(kFormats[i].extension);
-  }
+  std::string text;
+  for (const CaseFileFormat& format : kFormats) text += (text.empty() ? "" : ", ") + std::string(format.extension);
   return text;
 }
 
@@ -34,17 +32,21 @@ const CaseFileFormat* caseFileFormat(const fs::path& path) {
   return found == kFormats.end() ? nullptr : found;
 }
 
-std::string unusableTarget(const std::string& name, const fs::path& file, std::span<const TakenFile> taken) {
-  if (name.empty() || name.find('\0') != std::string::npos) return "SAVE FILE names no file.";
-  if (fs::is_directory(file)) return "SAVE FILE " + name + " is a folder. Name a file in it.";
+Notice unusableTarget(const std::string& name, const fs::path& file, std::span<const TakenFile> taken) {
+  if (name.empty() || name.find('\0') != std::string::npos) {
+    return Notice("save.no-file", "SAVE FILE names no file. Give one, such as 'results.csv'.");
+  }
+  if (fs::is_directory(file)) return Notice("save.folder", "SAVE FILE ^1 is a folder. Name a file in it.", name);
   const CaseFileFormat* format = caseFileFormat(file);
-  if (format == nullptr) return "SAVE FILE " + name + " has no known extension. Use " + extensions() + ".";
+  if (format == nullptr) {
+    return Notice("save.extension", "SAVE FILE ^1 has no known extension. Use one of ^2.", name, extensions());
+  }
   std::vector<fs::path> written = {file};
   if (format->metadataBeside) written.push_back(metadataFile(file));
   for (const fs::path& target : written) {
     if (const auto reason = refusedTarget(target, taken)) return *reason;
   }
-  return "";
+  return {};
 }
 
 }  // namespace workbench

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "workbench/base/notice.h"
 #include "workbench/base/taken_file.h"
 #include "workbench/dataset/dataset.h"
 
@@ -23,7 +24,6 @@ struct CaseFileFormat {
 const CaseFileFormat* caseFileFormat(const std::filesystem::path& path);
 
 // Why no data file can be saved at `file`, which the user named `name`; "" when one can.
-std::string unusableTarget(const std::string& name, const std::filesystem::path& file,
-                           std::span<const TakenFile> taken);
+Notice unusableTarget(const std::string& name, const std::filesystem::path& file, std::span<const TakenFile> taken);
 
 }  // namespace workbench

@@ -95,7 +95,8 @@ void writeCases(const Dataset& dataset, const CaseFileFormat& format, const std:
     if (format.metadataBeside && isSpecialFile(target)) return format.write(dataset, "", target);
     writeStaged(dataset, format, target);
   } catch (const DuckdbError& error) {
-    throw OutputError(target.string() + " cannot be written: " + error.what() + ". Make room or choose another place.");
+    throw OutputError("output.cases", "^1 cannot be written: ^2. Make room or choose another place.", target,
+                      error.what());
   }
 }
 

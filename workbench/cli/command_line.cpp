@@ -95,6 +95,10 @@ void addDateOptions(CLI::App& app, ComposeOptions& options) {
       ->excludes(dates)
       ->group(kGroup);
   app.add_flag("--sort", options.sort, "Put the rows in the order of their dates")->needs(dates)->group(kGroup);
+  app.add_flag("--exchange-day-month", options.exchangesDayAndMonth,
+               "Read dates such as 3/4/2001 in the other order than by themselves")
+      ->needs(dates)
+      ->group(kGroup);
   app.add_option("--holidays", options.holidays,
                  "Business days that are no cases, such as 2024-12-25; gaps: every one that has no row")
       ->type_name("DAY|gaps")
@@ -110,7 +114,8 @@ void addComposer(CLI::App& program, ComposeOptions& options) {
   addFile(*app, "DATA", options.data, "Data file: CSV, Excel, Parquet, JSON, or a DuckDB database")->required();
   app->add_option("--query", options.query, "SQL over the view 'source'")->type_name("SQL");
   options.composer->addOptions(*app);
-  app->add_option("--predict", options.predict, "Forecast N periods after the last case, or through a period (2011Q3)")
+  app->add_option("--predict", options.predict,
+                  "Forecast N periods after the last case, or through a period (2011Q3; of yearly data 2011)")
       ->type_name("N|PERIOD")
       ->check(atLeastOne("Leave it out where no forecast is wanted."));
   app->add_option("--from", options.range.from, "First case used: a period (1984Q1) or a case number")

@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
+#include <cstdint>
 
 #include "workbench/base/errors.h"
+#include "workbench/base/whole_number.h"
 #include "workbench/cli/screen.h"
 #include "workbench/cli/short_form.h"
 #include "workbench/dates/date_text.h"
-#include "workbench/edge/texts.h"
 
 namespace workbench {
 
@@ -26,25 +26,21 @@ std::optional<UnitWord> unitWord(const std::string& word) {
   return unit ? std::optional(UnitWord{*unit, word.substr(equals + 1)}) : std::nullopt;
 }
 
-std::optional<std::int64_t> integerIn(const std::string& text) {
-  std::int64_t value = 0;
-  const char* end = text.data() + text.size();
-  const bool isInteger = !text.empty() && std::from_chars(text.data(), end, value).ptr == end;
-  return isInteger ? std::optional(value) : std::nullopt;
-}
+constexpr std::int64_t kLargestNumber = 4'294'967'295;  // of a case; of periods more would be refused later
 
 DateComponents readStart(const std::vector<std::string>& words) {
   DateComponents components;
   for (const std::string& word : words) {
     const auto component = unitWord(word);
-    const auto value = component ? integerIn(component->value) : std::nullopt;
+    const auto value = component ? wholeNumber(component->value, "--start", kLargestNumber) : std::nullopt;
     if (!value) {
-      throw UsageError(
-          tr("--start: \"^1\" is no part of a date. Write them as UNIT=NUMBER, such as year=1959 quarter=1.", word));
+      throw UsageError("option.start-part",
+                       "--start: \"^1\" is no part of a date. Write them as UNIT=NUMBER, such as year=1959 quarter=1.",
+                       word);
     }
     if (component->unit == Unit::year && *value >= 0 && *value < 100) {
-      throw UsageError(
-          tr("--start: \"^1\" is a year of the first century. Did you mean year=^2?", word, 1900 + *value));
+      throw UsageError("option.start-century", "--start: \"^1\" is a year of the first century. Did you mean year=^2?",
+                       word, 1900 + *value);
     }
     components[component->unit] = *value;
   }
@@ -59,10 +55,10 @@ void readDates(const std::vector<std::string>& words, DatesRequest& dates) {
   for (const std::string& word : words) {
     const auto component = unitWord(word);
     if (!component) {
-      throw UsageError(
-          tr("--dates: \"^1\" is no part of a date. Name one column, or write parts as UNIT=COLUMN, such as "
-             "year=YEAR quarter=Q.",
-             word));
+      throw UsageError("option.dates-part",
+                       "--dates: \"^1\" is no part of a date. Name one column, or write parts as UNIT=COLUMN, such as "
+                       "year=YEAR quarter=Q.",
+                       word);
     }
     dates.variables[component->unit] = component->value;
   }
@@ -76,14 +72,15 @@ std::optional<DatesRequest> datesFrom(const ComposeOptions& options) {
   dates.sort = options.sort;
   dates.fillGaps = options.fillGaps;
   dates.holidays = options.holidays;
+  dates.exchangesDayAndMonth = options.exchangesDayAndMonth;
   return dates;
 }
 
 Transformation readTransformation(const std::string& word) {
   const auto equals = word.find('=');
   if (equals != std::string::npos) return transformationOf(word.substr(0, equals), word.substr(equals + 1));
-  throw UsageError(
-      tr("--transform: \"^1\" names no transformation. Write VARIABLE=HOW, such as realgdp=dlog*100.", word));
+  throw UsageError("option.transform",
+                   "--transform: \"^1\" names no transformation. Write VARIABLE=HOW, such as realgdp=dlog*100.", word);
 }
 
 bool namesPeriod(const std::string& text) {
@@ -91,19 +88,21 @@ bool namesPeriod(const std::string& text) {
   return std::ranges::any_of(kUnits, [&](Unit unit) { return readPeriod(text, unit).has_value(); });
 }
 
-// A number is so many periods, anything else a period.
+// A number is so many periods, but one of four digits is a year where the cases are years. Anything else is a period.
 void readPredict(const std::string& text, Job& job) {
   if (text.empty()) return;
-  const auto number = integerIn(text);
-  if (number) {
+  const auto number = wholeNumber(text, "--predict", kLargestNumber);
+  if (number && text.size() != 4) {
     job.predictPeriods = static_cast<long>(*number);
     return;
   }
-  if (!namesPeriod(text)) {
-    throw UsageError(tr("--predict takes a number of periods, or a period such as 2011Q3; \"^1\" is neither.", text));
+  if (!number && !namesPeriod(text)) {
+    throw UsageError("option.predict",
+                     "--predict takes a number of periods, or a period such as 2011Q3; \"^1\" is neither.", text);
   }
   job.predict = PredictRequest{};
   job.predict->period = text;
+  job.predict->periodsUnlessYear = number;
 }
 
 }  // namespace

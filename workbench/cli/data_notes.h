@@ -5,16 +5,17 @@
 #include <string>
 #include <vector>
 
+#include "workbench/base/notice.h"
 #include "workbench/cli/job.h"
 #include "workbench/edge/session.h"
 
 namespace workbench {
 
 // The options, or the lines of a job file's [data], that say what these settings say.
-std::string remedyText(const Job& job, const std::vector<WrittenSetting>& settings);
+Notice remedyText(const Job& job, const std::vector<WrittenSetting>& settings);
 
 // Text columns that hold numbers, names given twice, and suspicious values of these columns (indexes), each with its
 // rows and its remedy. Rows count from 1 as the data are used.
-std::vector<std::string> dataNotes(const Job& job, const CallInput& input, const std::vector<int>& columns);
+std::vector<Notice> dataNotes(const Job& job, const CallInput& input, const std::vector<int>& columns);
 
 }  // namespace workbench

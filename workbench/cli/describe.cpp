@@ -58,7 +58,7 @@ Extent instantExtent(const Column& column) {
   std::erase(instants, kMissingInstant);
   if (instants.empty()) return {};
   const auto [least, greatest] = std::ranges::minmax(instants);
-  return {instants.size(), instantText(least), instantText(greatest)};
+  return {instants.size(), instantText(least).text(), instantText(greatest).text()};
 }
 
 Extent textExtent(const Column& column) {
@@ -144,8 +144,7 @@ std::string oneRowEvery(std::int64_t step, Unit unit) {
 
 std::string frequencyText(const DateGuess& guess) {
   if (guess.businessDays) return tr("business days");
-  const Unit unit = unitFromName(guess.unit).value_or(Unit::observation);
-  return guess.step == 1 ? oneRowA(unit) : oneRowEvery(guess.step, unit);
+  return guess.step == 1 ? oneRowA(guess.unit) : oneRowEvery(guess.step, guess.unit);
 }
 
 // The columns that date the rows are no series.
@@ -189,7 +188,7 @@ int describeData(const DescribeOptions& options) {
   showSeriesTests(dataset, dateColumns(guesses), runner.input().language);
   std::vector<int> columns(dataset.columns.size());
   std::iota(columns.begin(), columns.end(), 0);
-  for (const std::string& note : dataNotes(job, runner.input(), columns)) showNote(note);
+  for (const Notice& note : dataNotes(job, runner.input(), columns)) showNote(note);
   return 0;
 }
 

@@ -63,7 +63,7 @@ Exports writeExports(const std::vector<ToldRun>& runs, const OutputOptions& opti
       exports.charts = write(options.charts, drawn.files, taken);
     }
   } catch (const OutputError& error) {
-    exports.failure = error.what();
+    exports.failure = error.notice();
   }
   return exports;
 }

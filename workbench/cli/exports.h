@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "workbench/base/notice.h"
 #include "workbench/base/taken_file.h"
 #include "workbench/cli/job_runs.h"
 #include "workbench/cli/options.h"
@@ -16,7 +17,7 @@ struct Exports {
   std::vector<std::string> tables;  // paths
   std::vector<std::string> charts;
   std::string problem;  // why charts are not drawn, with the remedy
-  std::string failure;  // the text of an OutputError; empty where all went well
+  Notice failure;       // what an OutputError tells; empty where all went well
 };
 
 // Writes what the options ask for, all of a kind or nothing; never over a taken file.

@@ -14,7 +14,6 @@
 #include "workbench/cli/open_quote.h"
 #include "workbench/cli/options.h"
 #include "workbench/cli/toml_reader.h"
-#include "workbench/edge/texts.h"
 #include "workbench/export/chart_files.h"
 #include "workbench/export/table_files.h"
 
@@ -34,30 +33,30 @@ constexpr std::size_t kMostMebibytes = 4;
 constexpr std::size_t kMostKeyParts = 16;
 
 // Not more than a job file may have, whatever comes.
-std::string textOf(std::istream& stream, const std::string& name) {
+std::string textOf(std::istream& stream, const Notice& name) {
   std::string text((kMostMebibytes << 20U) + 1, '\0');
   stream.read(text.data(), static_cast<std::streamsize>(text.size()));
   if (stream.gcount() == static_cast<std::streamsize>(text.size())) {
-    throw UsageError(tr("^1 has more than ^2 MiB, which no job file has. For data: varmodel fit FILE --endogenous A B.",
-                        name, kMostMebibytes));
+    throw UsageError("job.too-large",
+                     "^1 has more than ^2 MiB, which no job file has. For data: varmodel fit FILE --endogenous A B.",
+                     name, kMostMebibytes);
   }
   text.resize(static_cast<std::size_t>(stream.gcount()));
   return text;
 }
 
 std::string readText(const std::filesystem::path& file) {
-  if (file == kStandardStream) return textOf(std::cin, tr("standard input"));
+  if (file == kStandardStream) return textOf(std::cin, phrase("standard input"));
   std::ifstream stream(file, std::ios::binary);
   if (!stream) {
-    throw UsageError(
-        tr("there is no job file ^1. Give the path of a TOML file, such as examples/us_macro.toml.", file.string()));
+    throw UsageError("job.no-file", "there is no job file ^1. Give the path of a TOML file, such as job.toml.", file);
   }
-  return textOf(stream, file.string());
+  return textOf(stream, file);
 }
 
 // How messages call the job file.
-std::string nameOf(const std::filesystem::path& file) {
-  return file == kStandardStream ? tr("standard input") : file.string();
+Notice nameOf(const std::filesystem::path& file) {
+  return file == kStandardStream ? phrase("standard input") : Notice(file);
 }
 
 // Files that data come in; a job file may have any other name.
@@ -65,30 +64,31 @@ void requireNoData(const std::filesystem::path& file) {
   constexpr std::array<std::string_view, 8> endings = {".csv",    ".tsv", ".parquet", ".json",
                                                        ".duckdb", ".db",  ".xlsx",    ".gz"};
   if (std::ranges::count(endings, file.extension().string()) == 0) return;
-  throw UsageError(
-      tr("^1 is a data file, and run takes a job file. For data: varmodel fit ^1 --endogenous A B.", file.string()));
+  throw UsageError("job.data-file",
+                   "^1 is a data file, and run takes a job file. For data: varmodel fit ^1 --endogenous A B.", file);
 }
 
-std::string faultOf(const toml::parse_error& error, const std::string& text, const std::string& file) {
+Notice faultOf(const toml::parse_error& error, const std::string& text, const Notice& file) {
   if (const auto open = findOpenQuote(text)) {
-    return tr("^1, line ^2, column ^3: the quote ^4 is opened here and never closed.", file, open->line, open->column,
-              open->quote);
+    return Notice("job.open-quote", "^1, line ^2, column ^3: the quote ^4 is opened here and never closed. Close it.",
+                  file, open->line, open->column, open->quote);
   }
   const auto place = error.source().begin;
-  return tr("^1, line ^2, column ^3: ^4", file, place.line, place.column, std::string(error.description()));
+  return Notice("job.toml", "^1, line ^2, column ^3: ^4", file, place.line, place.column,
+                std::string(error.description()));
 }
 
 toml::table parseToml(const std::filesystem::path& file) {
   requireNoData(file);
   const std::string text = readText(file);
   if (const auto line = findDeepKey(text, kMostKeyParts)) {
-    throw UsageError(
-        tr("^1, line ^2: this key has more than ^3 parts. Those of a job file have at most three, such as "
-           "variables.infl.label.",
-           nameOf(file), *line, kMostKeyParts));
+    throw UsageError("job.deep-key",
+                     "^1, line ^2: this key has more than ^3 parts. Those of a job file have at most three, such as "
+                     "variables.infl.label.",
+                     nameOf(file), *line, kMostKeyParts);
   }
   try {
-    return toml::parse(text, nameOf(file));
+    return toml::parse(text, file.string());
   } catch (const toml::parse_error& error) {
     throw UsageError(faultOf(error, text, nameOf(file)));
   }
@@ -98,7 +98,7 @@ MeasurementLevel levelOf(const TomlSection& section, const std::string& word) {
   if (word == "scale") return MeasurementLevel::scale;
   if (word == "ordinal") return MeasurementLevel::ordinal;
   if (word == "nominal") return MeasurementLevel::nominal;
-  section.fail("level", tr("must be \"scale\", \"ordinal\" or \"nominal\"."));
+  section.fail("level", Notice("job.level", "must be \"scale\", \"ordinal\" or \"nominal\"."));
 }
 
 void readDictionary(const TomlSection& top, Job& job) {
@@ -123,10 +123,11 @@ DateComponents readComponents(const TomlSection& section) {
 }
 
 void readDates(const TomlSection& top, Job& job) {
-  const auto section = top.section("dates", {"start", "column", "variables", "sort", "fill_gaps", "holidays"});
+  const auto section =
+      top.section("dates", {"start", "column", "variables", "sort", "fill_gaps", "exchange_day_month", "holidays"});
   if (!section) return;
   if (int{section->has("start")} + int{section->has("column")} + int{section->has("variables")} != 1) {
-    top.fail("dates", tr("must hold exactly one of start, column and variables."));
+    top.fail("dates", Notice("job.dates", "must hold exactly one of start, column and variables."));
   }
   DatesRequest request;
   if (const auto start = section->section("start", unitWords())) request.start = readComponents(*start);
@@ -136,6 +137,7 @@ void readDates(const TomlSection& top, Job& job) {
   }
   request.sort = section->flag("sort").value_or(false);
   request.fillGaps = section->flag("fill_gaps").value_or(false);
+  request.exchangesDayAndMonth = section->flag("exchange_day_month").value_or(false);
   request.holidays = section->texts("holidays").value_or(std::vector<std::string>{});
   job.dates = std::move(request);
 }
@@ -145,8 +147,10 @@ void readPredict(const TomlSection& top, Job& job) {
   if (!section) return;
   const toml::node* thru = section->node("thru");
   if (thru == nullptr)
-    top.fail("predict", tr("needs thru: a period such as \"2011Q4\" or { year = 2011, quarter = 4 }, a case number, or "
-                           "\"end\"."));
+    top.fail("predict",
+             Notice("job.predict",
+                    "needs thru: a period such as \"2011Q4\" or { year = 2011, quarter = 4 }, a case number, or "
+                    "\"end\"."));
   PredictRequest request;
   if (thru->is_table()) {
     request.date = readComponents(*section->section("thru", unitWords()));
@@ -157,8 +161,10 @@ void readPredict(const TomlSection& top, Job& job) {
   } else if (thru->is_string() && !section->text("thru")->empty()) {
     request.period = *section->text("thru");
   } else {
-    section->fail("thru", tr("must be a period such as \"2011Q4\" or { year = 2011, quarter = 4 }, a case number, or "
-                             "\"end\"."));
+    section->fail("thru",
+                  Notice("job.predict-thru",
+                         "must be a period such as \"2011Q4\" or { year = 2011, quarter = 4 }, a case number, or "
+                         "\"end\"."));
   }
   job.predict = std::move(request);
 }
@@ -171,14 +177,18 @@ FileFormat readFormat(const TomlSection& section) {
   options.skip = section.integer("skip");
   options.encoding = section.text("encoding").value_or("");
   options.sheet = section.text("sheet").value_or("");
-  if (options.skip && *options.skip < 0) section.fail("skip", tr("must be a number of lines, such as 3."));
+  if (options.skip && *options.skip < 0)
+    section.fail("skip", Notice("job.skip", "must be a number of lines, such as 3."));
   return formatFrom(options);
 }
 
 void readData(const TomlSection& top, Job& job) {
   const auto section = top.section("data", {"source", "query", "scale", "complete", "decimal", "thousands", "na",
                                             "skip", "encoding", "sheet", "from", "to"});
-  if (!section) throw UsageError(nameOf(job.file) + ": " + tr("there is no [data] section with a source."));
+  if (!section) {
+    throw UsageError("job.no-data", "^1: there is no [data] section with a source. Add [data] and source = \"FILE\".",
+                     nameOf(job.file));
+  }
   if (const auto source = section->text("source")) {
     job.data.source =
         *source == kStandardStream ? std::filesystem::path(*source) : job.baseFolder / pathFromUtf8(*source);
@@ -186,17 +196,19 @@ void readData(const TomlSection& top, Job& job) {
   job.data.jobFolder = job.baseFolder.empty() ? "." : job.baseFolder;
   if (const auto query = section->text("query")) job.data.query = *query;
   if (job.data.source.empty() && job.data.query.empty()) {
-    top.fail("data", tr("needs a source (a data file) or a query."));
+    top.fail("data", Notice("job.no-source", "needs a source (a data file) or a query."));
   }
   job.data.format = readFormat(*section);
   job.range = {section->text("from").value_or(""), section->text("to").value_or("")};
   if (const auto scale = section->number("scale")) {
-    if (!(*scale > 0.0) || std::isinf(*scale)) section->fail("scale", tr("must be a positive number, such as 100."));
+    if (!(*scale > 0.0) || std::isinf(*scale))
+      section->fail("scale", Notice("job.scale", "must be a positive number, such as 100."));
     job.scale = *scale;
   }
   job.complete = section->flag("complete").value_or(false);
   if (job.file == kStandardStream && job.data.source == kStandardStream) {
-    section->fail("source", tr("cannot be standard input, which the job is read from. Name a data file."));
+    section->fail("source", Notice("job.source-twice",
+                                   "cannot be standard input, which the job is read from. Name a data file."));
   }
 }
 
@@ -204,7 +216,7 @@ void readJobs(const TomlSection& top, Job& job) {
   const auto jobs = top.integer("jobs");
   if (!jobs) return;
   if (*jobs < 1 || *jobs > kMostJobs) {
-    top.fail("jobs", tr("must be a number of threads from 1 to ^1, such as 2.", kMostJobs));
+    top.fail("jobs", Notice("job.jobs", "must be a number of threads from 1 to ^1, such as 2.", kMostJobs));
   }
   job.jobs = static_cast<int>(*jobs);
 }
@@ -213,7 +225,8 @@ std::vector<std::string> readFormats(const TomlSection& section, const char* key
                                      const std::vector<std::string>& known) {
   const std::vector<std::string> formats = section.textOrTexts(key).value_or(std::vector<std::string>{});
   for (const std::string& format : formats) {
-    if (std::ranges::count(known, format) == 0) section.fail(key, tr("must be of: ^1.", listed(known)));
+    if (std::ranges::count(known, format) == 0)
+      section.fail(key, Notice("job.format", "must be of: ^1.", listed(known)));
   }
   return formats;
 }
@@ -238,7 +251,9 @@ void readOutputs(const TomlSection& top, Job& job) {
              .author = section->text("author").value_or(""),
              .note = section->text("note").value_or("")};
   for (const auto& [formats, folder] : {std::pair{"table_format", "tables"}, {"chart_format", "charts"}}) {
-    if (section->has(formats) && !section->has(folder)) section->fail(formats, tr("needs ^1, a folder.", folder));
+    if (section->has(formats) && !section->has(folder)) {
+      section->fail(formats, Notice("job.no-folder", "needs ^1, a folder.", folder));
+    }
   }
 }
 
@@ -253,7 +268,11 @@ Job readJobFile(const std::filesystem::path& file) {
   job.file = file;
   job.baseFolder = file.parent_path();
   const auto command = top.text("command");
-  if (!command) throw UsageError(nameOf(file) + ": " + tr("there is no 'command' with the text of the command."));
+  if (!command) {
+    throw UsageError("job.no-command",
+                     "^1: there is no 'command' with the text of the command. Add command = '''VARMODEL ...'''.",
+                     nameOf(file));
+  }
   job.command = *command;
   readData(top, job);
   readDictionary(top, job);

@@ -1,7 +1,5 @@
 #include "workbench/cli/job_input.h"
 
-#include <fmt/core.h>
-
 #include "workbench/base/errors.h"
 #include "workbench/base/languages.h"
 #include "workbench/base/process.h"
@@ -20,14 +18,15 @@ void spareInputs(const Job& job, CallInput& input) {
   for (const std::filesystem::path& file : {job.data.source, job.file}) {
     const std::filesystem::path named = file == kStandardStream ? standardInputFile() : file;
     if (named == file ? !file.empty() : std::filesystem::is_regular_file(named)) {
-      input.takenFiles.push_back({named, "this run reads it"});
+      input.takenFiles.push_back({named, phrase("this run reads it")});
     }
   }
 }
 
 int columnOf(const Dataset& dataset, const std::string& name, const char* setting) {
   const int column = dataset.find(name);
-  if (column < 0) throw UsageError(fmt::format("'{}': there is no variable {} in the data.", setting, name));
+  if (column < 0)
+    throw UsageError(Notice("job.unknown-variable", "'^1': there is no variable ^2 in the data.", setting, name));
   return column;
 }
 

@@ -3,7 +3,6 @@
 #include "workbench/base/errors.h"
 #include "workbench/base/standard_streams.h"
 #include "workbench/dataset/load.h"
-#include "workbench/edge/texts.h"
 
 namespace workbench {
 
@@ -20,30 +19,32 @@ std::size_t rowsOfSource(const DataRequest& request) {
   }
 }
 
-std::vector<std::string> startNotes(const Job& job, const Dataset& dataset) {
+std::vector<Notice> startNotes(const Job& job, const Dataset& dataset) {
   const bool partly = !job.range.from.empty() || !job.range.to.empty();
   if (partly || job.data.query.empty() || !job.dates || job.dates->start.empty()) return {};
   const std::size_t rows = rowsOfSource(job.data);
   if (rows == 0 || rows == dataset.rowCount) return {};
-  return {
-      tr("The query returns ^1 rows where the data file has ^2, and the start date counts from the first row that it "
-         "returns: see that it is the date of that row.",
-         dataset.rowCount, rows)};
+  return {Notice(
+      "job.start-beside-query",
+      "The query returns ^1 rows where the data file has ^2, and the start date counts from the first row that it "
+      "returns: see that it is the date of that row.",
+      dataset.rowCount, rows)};
 }
 
 }  // namespace
 
-std::vector<std::string> jobNotes(const Job& job, const Dataset& dataset) {
-  std::vector<std::string> notes = startNotes(job, dataset);
+std::vector<Notice> jobNotes(const Job& job, const Dataset& dataset) {
+  std::vector<Notice> notes = startNotes(job, dataset);
   std::string list;
   for (const Transformation& one : job.transformations) {
     list += (list.empty() ? "" : ", ") + one.variable + " (" + one.text() + ")";
   }
   if (!list.empty()) {
-    notes.push_back(
-        tr("Transformed: ^1. Tables, charts, forecasts and saved values are those of the transformed series, "
-           "but for what is marked as in levels.",
-           list));
+    notes.emplace_back(
+        "transform.done",
+        "Transformed: ^1. Tables, charts, forecasts and saved values are those of the transformed series, "
+        "but for what is marked as in levels.",
+        list);
   }
   return notes;
 }

@@ -5,11 +5,12 @@
 #include <string>
 #include <vector>
 
+#include "workbench/base/notice.h"
 #include "workbench/cli/job.h"
 #include "workbench/dataset/dataset.h"
 
 namespace workbench {
 
-std::vector<std::string> jobNotes(const Job& job, const Dataset& dataset);
+std::vector<Notice> jobNotes(const Job& job, const Dataset& dataset);
 
 }  // namespace workbench

@@ -22,18 +22,19 @@ namespace {
 
 // "a,b" on a command line is one word, and no variable.
 bool namesJoinedVariables(const RunMessage& message) {
-  static const std::regex unknown("there is no variable \"[^\"]+,[^\"]+\" in the data");
-  return message.kind == RunMessage::Kind::error && std::regex_search(message.text, unknown);
+  static const std::regex joined("\"[^\"]+,[^\"]+\"");
+  return message.id == "syntax.no-variable" && std::regex_search(message.text, joined);
 }
 
 void addWhatIsKnown(const Composer& composer, ToldRun& told) {
   if (told.hasOutput()) composer.present(told.run, told.view);
   if (std::ranges::any_of(told.messages, namesJoinedVariables)) {
-    told.messages.push_back(
-        {RunMessage::Kind::hint, tr("The words of a list are parted by blanks: --endogenous a b c.")});
+    told.messages.emplace_back(
+        RunMessage::Kind::hint,
+        Notice("option.blanks", "The words of a list are parted by blanks: --endogenous a b c."));
   }
-  const std::string hint = told.run.outcome.succeeded ? "" : composer.hint(told.run);
-  if (!hint.empty()) told.messages.push_back({RunMessage::Kind::hint, hint});
+  const Notice hint = told.run.outcome.succeeded ? Notice() : composer.hint(told.run);
+  if (!hint.empty()) told.messages.emplace_back(RunMessage::Kind::hint, hint);
 }
 
 ToldRun tell(FinishedRun run, CommandRunner& runner, const Composer* composer = nullptr) {
@@ -52,9 +53,9 @@ void requireOwnFiles(const FinishedRun& parsed, std::size_t number, std::vector<
   std::vector<std::filesystem::path> own;
   for (const std::string& file : parsed.record.namedFiles) own.push_back(parsed.input.baseFolder / pathFromUtf8(file));
   for (const auto& file : own) {
-    if (const auto reason = refusedTarget(file, taken)) throw UsageError(tr("command ^1: ^2", number, *reason));
+    if (const auto reason = refusedTarget(file, taken)) throw UsageError(phrase("command ^1: ^2", number, *reason));
   }
-  for (const auto& file : own) taken.push_back({file, tr("command ^1 saves to it", number)});
+  for (const auto& file : own) taken.push_back({file, phrase("command ^1 saves to it", number)});
 }
 
 std::vector<ToldRun> runAll(const std::vector<std::string>& texts, CommandRunner& runner) {
@@ -94,14 +95,13 @@ void shareTestLevel(std::vector<ToldRun>& runs) {
 
 // Notes on the data; where the command failed, they may tell why and stand with its errors.
 void addJobNotes(const Job& job, const Dataset& dataset, ToldRun& first) {
-  std::vector<std::string> texts = jobNotes(job, dataset);
+  std::vector<Notice> said = jobNotes(job, dataset);
+  if (!first.run.input.trends.reading.empty()) said.push_back(first.run.input.trends.reading);
   const std::vector<int> columns = columnsOf(dataset, first.run.record, first.run.command.caseLists());
-  std::ranges::move(dataNotes(job, first.run.input, columns), std::back_inserter(texts));
+  std::ranges::move(dataNotes(job, first.run.input, columns), std::back_inserter(said));
   const bool failed = !first.run.outcome.succeeded;
   std::vector<RunMessage> notes;
-  for (std::string& text : texts) {
-    notes.push_back({failed ? RunMessage::Kind::hint : RunMessage::Kind::note, std::move(text)});
-  }
+  for (const Notice& one : said) notes.emplace_back(failed ? RunMessage::Kind::hint : RunMessage::Kind::note, one);
   first.messages.insert(failed ? first.messages.end() : first.messages.begin(), notes.begin(), notes.end());
 }
 

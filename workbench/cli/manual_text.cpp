@@ -11,7 +11,6 @@
 #include "workbench/base/standard_streams.h"
 #include "workbench/base/suggest.h"
 #include "workbench/cli/version.h"
-#include "workbench/edge/texts.h"
 #include "workbench/manual/completion.h"
 #include "workbench/manual/man_page.h"
 
@@ -26,12 +25,12 @@ const Named& oneNamed(const std::vector<Named>& list, const std::string& name) {
     if (one.name == name) return one;
     names.emplace_back(one.name);
   }
-  throw UsageError(tr("there is no \"^1\". Give one of: ^2.", name, listed(names)));
+  throw UsageError("option.no-text", "there is no \"^1\". Give one of: ^2.", name, listed(names));
 }
 
 std::string textOf(const std::filesystem::path& file) {
   std::ifstream stream(file, std::ios::binary);
-  if (!stream) throw UsageError(tr("^1 is missing. Install varmodel again.", file.string()));
+  if (!stream) throw UsageError("program.missing-file", "^1 is missing. Install varmodel again.", file);
   std::ostringstream text;
   text << stream.rdbuf();
   return text.str();

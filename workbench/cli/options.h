@@ -67,6 +67,7 @@ struct ComposeOptions {
   bool sort = false;
   bool fillGaps = false;
   std::vector<std::string> holidays;  // days, and the word "gaps"
+  bool exchangesDayAndMonth = false;
   RowRange range;
   std::vector<std::string> transformations;  // "realgdp=dlog*100"
   std::shared_ptr<Composer> composer;

@@ -3,7 +3,6 @@
 #include "workbench/base/errors.h"
 #include "workbench/base/file_set.h"
 #include "workbench/base/standard_streams.h"
-#include "workbench/edge/texts.h"
 
 namespace workbench {
 
@@ -15,10 +14,10 @@ void claimFolders(const OutputOptions& options, CallInput& input) {
   for (const auto& [option, folder] : {std::pair{"--tables", &options.tables}, {"--charts", &options.charts}}) {
     if (folder->empty()) continue;
     if (*folder == kStandardStream)
-      throw UsageError(tr("^1 takes a folder, and - is standard output. Name a folder.", option));
+      throw UsageError("option.folder", "^1 takes a folder, and - is standard output. Name a folder.", option);
     if (const auto reason = refusedTarget(*folder, input.takenFiles)) throw UsageError(*reason);
-    if (const std::string reason = unusableFolder(*folder); !reason.empty()) throw UsageError(reason);
-    folders.push_back({*folder, std::string(option) + " writes into it"});
+    if (const Notice reason = unusableFolder(*folder); !reason.empty()) throw UsageError(reason);
+    folders.push_back({*folder, phrase("^1 writes into it", option)});
   }
   input.takenFiles.insert(input.takenFiles.end(), folders.begin(), folders.end());
 }
@@ -32,7 +31,8 @@ OutputOptions withOutputsOf(const Job& job, OutputOptions options) {
 
 void claimOutputFiles(const OutputOptions& options, CallInput& input) {
   if (options.summary && options.takesStandardOutput()) {
-    throw UsageError("--summary is shown on standard output, which a file of this run takes. Leave one of them out.");
+    throw UsageError("option.summary",
+                     "--summary is shown on standard output, which a file of this run takes. Leave one of them out.");
   }
   const std::pair<const char*, const std::filesystem::path&> outputs[] = {{"--html", options.html},
                                                                           {"--json", options.json},
@@ -41,7 +41,7 @@ void claimOutputFiles(const OutputOptions& options, CallInput& input) {
   for (const auto& [option, file] : outputs) {
     if (file.empty()) continue;
     if (const auto reason = refusedTarget(file, input.takenFiles)) throw UsageError(*reason);
-    input.takenFiles.push_back({file, std::string(option) + " is written to it"});
+    input.takenFiles.push_back({file, phrase("^1 is written to it", option)});
   }
   claimFolders(options, input);
 }

@@ -47,6 +47,7 @@ void addDates(const Job& job, Settings& settings) {
   if (job.dates->sort) settings.emplace_back("dates.sort", "true");
   if (job.dates->fillGaps) settings.emplace_back("dates.fill_gaps", "true");
   if (!job.dates->holidays.empty()) settings.emplace_back("dates.holidays", tomlTexts(job.dates->holidays));
+  if (job.dates->exchangesDayAndMonth) settings.emplace_back("dates.exchange_day_month", "true");
   if (!job.dates->variables.empty()) settings.emplace_back("dates.variables", tomlColumns(job.dates->variables));
 }
 
@@ -69,8 +70,7 @@ Settings settingsOf(const Job& job, std::size_t rows) {
   Settings settings;
   if (job.scale != 1.0) settings.emplace_back("data.scale", tomlNumber(job.scale));
   for (const WrittenSetting& setting : writtenSettings(job.data.format)) {
-    const std::size_t equals = setting.key.find(" = ");
-    settings.emplace_back("data." + setting.key.substr(0, equals), setting.key.substr(equals + 3));
+    settings.emplace_back("data." + setting.name, setting.value());
   }
   if (job.complete) settings.emplace_back("data.complete", "true");
   if (!job.range.from.empty()) settings.emplace_back("data.from", tomlText(job.range.from));

@@ -141,6 +141,7 @@ class Record {
     writer_.StartObject();
     member("kind", std::string(labelOf(message.kind)));
     count("command", static_cast<std::size_t>(numberOf(message.command)));
+    member("id", message.id);
     member("text", message.text);
     writer_.EndObject();
   }

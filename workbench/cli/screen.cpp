@@ -75,8 +75,8 @@ void showOutput(const ToldRun& told, const OutputOptions& options) {
 
 void showSummary(const FinishedRun& run) {
   putText(stdout, run.command.summary(run));
-  const std::string note = run.command.summaryNote(run);
-  if (!note.empty()) putText(stdout, paintMessage("note", note, styleOf(kStandardOutput), currentLanguage()));
+  const Notice note = run.command.summaryNote(run);
+  if (!note.empty()) showNote(note);
 }
 
 // Errors, warnings and hints are for standard error. Notes stand with the output, in the report and in the record: what
@@ -104,17 +104,17 @@ void showTable(const PivotTable& table) {
   putText(stdout, paintTerminal(table, styleOf(kStandardOutput)) + "\n");
 }
 
-void showNote(const std::string& text) {
-  putText(stdout, paintMessage("note", text, styleOf(kStandardOutput), currentLanguage()));
+void showNote(const Notice& text) {
+  putText(stdout, paintMessage("note", currentLanguage().in(text), styleOf(kStandardOutput), currentLanguage()));
 }
 
-void showWarning(const std::string& text) {
+void showWarning(const Notice& text) {
   std::fflush(stdout);
-  putText(stderr, paintMessage("warning", text, messageStyle(kStandardError), currentLanguage()));
+  putText(stderr, paintMessage("warning", currentLanguage().in(text), messageStyle(kStandardError), currentLanguage()));
 }
 
-void showError(const std::string& text) {
-  putText(stderr, paintMessage("error", text, messageStyle(kStandardError), currentLanguage()));
+void showError(const Notice& text) {
+  putText(stderr, paintMessage("error", currentLanguage().in(text), messageStyle(kStandardError), currentLanguage()));
 }
 
 void showRun(const ToldRun& told, const OutputOptions& options) {

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "workbench/base/notice.h"
 #include "workbench/cli/job_runs.h"
 #include "workbench/cli/options.h"
 #include "workbench/render/pivot_table.h"
@@ -23,10 +24,10 @@ void showLine(const std::string& text);
 
 // A table, and "note: TEXT", on standard output.
 void showTable(const PivotTable& table);
-void showNote(const std::string& text);
+void showNote(const Notice& text);
 
 // "warning: TEXT" and "error: TEXT" on standard error.
-void showWarning(const std::string& text);
-void showError(const std::string& text);
+void showWarning(const Notice& text);
+void showError(const Notice& text);
 
 }  // namespace workbench

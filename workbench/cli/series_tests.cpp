@@ -173,7 +173,8 @@ void showSeriesTests(const Dataset& dataset, const std::set<std::string>& leftOu
     if (one.partial) partial += (partial.empty() ? "" : ", ") + one.name;
   }
   if (!partial.empty()) {
-    showNote(tr("Values are missing inside of ^1: tested is the longest part without a gap.", partial));
+    showNote(
+        Notice("describe.gap", "Values are missing inside of ^1: tested is the longest part without a gap.", partial));
   }
 }
 

@@ -5,21 +5,19 @@
 
 #include "workbench/base/errors.h"
 #include "workbench/base/suggest.h"
-#include "workbench/edge/texts.h"
 
 namespace workbench {
 
-TomlSection::TomlSection(const toml::table& table, std::string file, std::string section,
+TomlSection::TomlSection(const toml::table& table, Notice file, std::string section,
                          std::vector<std::string_view> known)
     : table_(table), file_(std::move(file)), section_(std::move(section)) {
   if (known.empty()) return;
   for (const std::string& key : keys()) {
     if (std::find(known.begin(), known.end(), key) != known.end()) continue;
     const std::vector<std::string> candidates(known.begin(), known.end());
-    const auto nearest = nearestName(key, candidates);
-    const std::string meant = nearest ? " " + tr("Did you mean ^1?", *nearest) : "";
-    fail(key, tr("is no key of ^1.", section_.empty() ? tr("a job file") : "[" + section_ + "]") + meant + " " +
-                  tr("Its keys: ^1.", listed(candidates)));
+    const Notice where = section_.empty() ? phrase("a job file") : Notice("[" + section_ + "]");
+    fail(key, Notice("job.unknown-key", "is no key of ^1.", where) + didYouMeanWord(key, candidates) +
+                  phrase("Its keys: ^1.", listed(candidates)));
   }
 }
 
@@ -36,65 +34,65 @@ std::string TomlSection::fullName(std::string_view key) const {
   return "'" + (section_.empty() ? std::string(key) : section_ + "." + std::string(key)) + "'";
 }
 
-void TomlSection::fail(std::string_view key, const std::string& text) const {
+void TomlSection::fail(std::string_view key, const Notice& text) const {
   std::uint32_t line = table_.source().begin.line;
   for (const auto& [name, node] : table_) {
     if (name.str() == key) line = name.source().begin.line;
   }
-  throw UsageError(tr("^1, line ^2: ^3 ^4", file_, line, fullName(key), text));
+  throw UsageError(phrase("^1, line ^2: ^3 ^4", file_, line, fullName(key), text));
 }
 
 template <typename T>
-std::optional<T> TomlSection::value(std::string_view key, const std::string& expected) const {
+std::optional<T> TomlSection::value(std::string_view key, const Notice& expected) const {
   const toml::node* found = table_.get(key);
   if (found == nullptr) return std::nullopt;
   std::optional<T> value = found->value_exact<T>();
-  if (!value) fail(key, tr("must be ^1.", expected));
+  if (!value) fail(key, Notice("job.kind", "must be ^1.", expected));
   return value;
 }
 
 template <typename T>
-std::optional<std::vector<T>> TomlSection::list(std::string_view key, const std::string& expected) const {
+std::optional<std::vector<T>> TomlSection::list(std::string_view key, const Notice& expected) const {
   const toml::node* found = table_.get(key);
   if (found == nullptr) return std::nullopt;
   std::vector<T> values;
   const toml::array* items = found->as_array();
-  if (items == nullptr) fail(key, tr("must be ^1.", expected));
+  if (items == nullptr) fail(key, Notice("job.kind", "must be ^1.", expected));
   for (const toml::node& item : *items) {
     std::optional<T> value = item.value_exact<T>();
     if constexpr (std::is_same_v<T, double>) {
       if (!value && item.is_integer()) value = item.value<double>();
     }
-    if (!value) fail(key, tr("must be ^1.", expected));
+    if (!value) fail(key, Notice("job.kind", "must be ^1.", expected));
     values.push_back(*value);
   }
   return values;
 }
 
 std::optional<std::string> TomlSection::text(std::string_view key) const {
-  return value<std::string>(key, tr("a text in quotes"));
+  return value<std::string>(key, phrase("a text in quotes"));
 }
 
 std::optional<double> TomlSection::number(std::string_view key) const {
   const toml::node* found = table_.get(key);
   if (found != nullptr && found->is_integer()) return found->value<double>();
-  return value<double>(key, tr("a number"));
+  return value<double>(key, phrase("a number"));
 }
 
 std::optional<std::int64_t> TomlSection::integer(std::string_view key) const {
-  return value<std::int64_t>(key, tr("a whole number"));
+  return value<std::int64_t>(key, phrase("a whole number"));
 }
 
 std::optional<bool> TomlSection::flag(std::string_view key) const {
-  return value<bool>(key, tr("true or false"));
+  return value<bool>(key, phrase("true or false"));
 }
 
 std::optional<std::vector<double>> TomlSection::numbers(std::string_view key) const {
-  return list<double>(key, tr("a list of numbers, such as [-9.0, -8.0]"));
+  return list<double>(key, phrase("a list of numbers, such as [-9.0, -8.0]"));
 }
 
 std::optional<std::vector<std::string>> TomlSection::texts(std::string_view key) const {
-  return list<std::string>(key, tr("a list of texts, such as [\"region\"]"));
+  return list<std::string>(key, phrase("a list of texts, such as [\"region\"]"));
 }
 
 std::optional<std::vector<std::string>> TomlSection::textOrTexts(std::string_view key) const {
@@ -107,7 +105,7 @@ std::optional<TomlSection> TomlSection::section(std::string_view key, std::vecto
   const toml::node* found = table_.get(key);
   if (found == nullptr) return std::nullopt;
   const toml::table* table = found->as_table();
-  if (table == nullptr) fail(key, tr("must be a table, such as [^1].", key));
+  if (table == nullptr) fail(key, Notice("job.table", "must be a table, such as [^1].", key));
   return TomlSection(*table, file_, section_.empty() ? std::string(key) : section_ + "." + std::string(key),
                      std::move(known));
 }

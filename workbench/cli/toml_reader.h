@@ -13,6 +13,8 @@
 #pragma GCC diagnostic ignored "-Wshadow"
 #endif
 #include <toml++/toml.h>
+
+#include "workbench/base/notice.h"
 #if defined(__GNUC__)
 #pragma GCC diagnostic pop
 #endif
@@ -23,7 +25,7 @@ namespace workbench {
 class TomlSection {
  public:
   // Throws when the table holds a key that is not in `known`; an empty `known` allows every key.
-  TomlSection(const toml::table& table, std::string file, std::string section, std::vector<std::string_view> known);
+  TomlSection(const toml::table& table, Notice file, std::string section, std::vector<std::string_view> known);
 
   bool has(std::string_view key) const { return table_.contains(key); }
   // The value under a key; nothing when the key is absent.
@@ -40,17 +42,17 @@ class TomlSection {
 
   const toml::node* node(std::string_view key) const { return table_.get(key); }
   // Throws the UsageError for a key of this section: "FILE, line N: KEY TEXT".
-  [[noreturn]] void fail(std::string_view key, const std::string& text) const;
+  [[noreturn]] void fail(std::string_view key, const Notice& text) const;
 
  private:
   template <typename T>
-  std::optional<T> value(std::string_view key, const std::string& expected) const;
+  std::optional<T> value(std::string_view key, const Notice& expected) const;
   template <typename T>
-  std::optional<std::vector<T>> list(std::string_view key, const std::string& expected) const;
+  std::optional<std::vector<T>> list(std::string_view key, const Notice& expected) const;
   std::string fullName(std::string_view key) const;
 
   const toml::table& table_;
-  std::string file_;
+  Notice file_;
   std::string section_;
 };
 

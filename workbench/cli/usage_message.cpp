@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "workbench/base/suggest.h"
-#include "workbench/edge/texts.h"
 
 namespace workbench {
 
@@ -18,40 +17,48 @@ class UsageMessage {
     if (!used.empty()) subcommand_ = used.front();
   }
 
-  std::string of(const CLI::ParseError& error) const {
+  Notice of(const CLI::ParseError& error) const {
     if (subcommand_ == nullptr) return noSubcommand();
     std::smatch found;
     const std::string text = error.what();
     const auto says = [&](const char* pattern) { return std::regex_match(text, found, std::regex(pattern)); };
     if (says("The following arguments? (?:was|were) not expected: (.*)")) return unexpected(found[1]);
-    if (says("(\\S+) is required")) return tr("^1 is missing.", found[1].str()) + seeHelp();
+    if (says("(\\S+) is required")) return Notice("option.missing", "^1 is missing.", found[1].str()) + seeHelp();
     if (says("Could not convert: (\\S+) = (.*)"))
-      return tr("^1 takes a number; \"^2\" is none.", found[1].str(), found[2].str());
-    if (says("(\\S+): .* required .* missing")) return tr("^1 needs a value behind it.", found[1].str()) + seeHelp();
+      return Notice("option.no-number", "^1 takes a number; \"^2\" is none.", found[1].str(), found[2].str());
+    if (says("(\\S+): .* required .* missing"))
+      return Notice("option.no-value", "^1 needs a value behind it.", found[1].str()) + seeHelp();
     if (says("(\\S+) excludes (\\S+)"))
-      return tr("^1 and ^2 exclude each other. Leave out one of the two.", found[1].str(), found[2].str());
-    if (says("(\\S+) requires (\\S+)")) return tr("^1 needs ^2 beside it.", found[1].str(), found[2].str());
-    return text;
+      return Notice("option.exclude", "^1 and ^2 exclude each other. Leave out one of the two.", found[1].str(),
+                    found[2].str());
+    if (says("(\\S+) requires (\\S+)"))
+      return Notice("option.needs", "^1 needs ^2 beside it.", found[1].str(), found[2].str());
+    return Notice("option.value", "^1", text);
   }
 
  private:
-  std::string noSubcommand() const {
+  Notice noSubcommand() const {
     std::vector<std::string> names;
     for (const CLI::App* one : program_.get_subcommands({})) names.push_back(one->get_name());
-    if (words_.empty()) return tr("Give a subcommand: ^1.", listed(names)) + seeHelp();
+    if (words_.empty()) return Notice("option.no-subcommand", "Give a subcommand: ^1.", listed(names)) + seeHelp();
     const std::string& word = words_.front();
     if (std::filesystem::is_regular_file(word)) {
-      return tr("\"^1\" is a file; a subcommand goes first, as in varmodel fit ^1 --endogenous A B.", word);
+      return Notice("option.file-first",
+                    "\"^1\" is a file; a subcommand goes first, as in varmodel fit ^1 --endogenous A B.", word);
     }
-    return tr("there is no subcommand \"^1\".", word) + meant(word, names, tr("Subcommands"));
+    const Notice nearest = didYouMeanWord(word, names);
+    return Notice("option.unknown-subcommand", "there is no subcommand \"^1\".", word) +
+           (nearest.empty() ? phrase("Subcommands: ^1.", listed(names)) : nearest);
   }
 
   // An option that there is not comes with the value behind it.
-  std::string unexpected(const std::string& list) const {
+  Notice unexpected(const std::string& list) const {
     const std::size_t begin = list.starts_with('-') ? 0 : list.find(" -") + 1;  // npos + 1 is the beginning
     const std::string word = list.substr(begin, list.find(' ', begin) - begin);
     if (!word.starts_with('-')) {
-      return tr("\"^1\" belongs to no option. The words of a list stand behind their option, parted by blanks.", word) +
+      return Notice("option.stray-word",
+                    "\"^1\" belongs to no option. The words of a list stand behind their option, parted by blanks.",
+                    word) +
              seeHelp();
     }
     std::vector<std::string> names;
@@ -59,19 +66,14 @@ class UsageMessage {
       for (const std::string& name : option->get_lnames()) names.push_back("--" + name);
     }
     const std::string name = word.substr(0, word.find('='));
-    const std::string nearest = meant(name, names, "");
-    return tr("^1 has no option ^2.", subcommand_->get_name(), name) + (nearest.empty() ? seeHelp() : nearest);
+    const Notice nearest = didYouMeanWord(name, names);
+    return Notice("option.unknown", "^1 has no option ^2.", subcommand_->get_name(), name) +
+           (nearest.empty() ? seeHelp() : nearest);
   }
 
-  // With its leading blank; the list of names where none is near and the list has a name.
-  static std::string meant(const std::string& word, const std::vector<std::string>& names, const std::string& list) {
-    if (const auto nearest = nearestName(word, names)) return " " + tr("Did you mean ^1?", *nearest);
-    return list.empty() ? "" : " " + list + ": " + listed(names) + ".";
-  }
-
-  std::string seeHelp() const {
-    return " " + tr("^1 --help lists what there is.",
-                    subcommand_ == nullptr ? std::string("varmodel") : "varmodel " + subcommand_->get_name());
+  Notice seeHelp() const {
+    return phrase("^1 --help lists what there is.",
+                  subcommand_ == nullptr ? std::string("varmodel") : "varmodel " + subcommand_->get_name());
   }
 
   const CLI::App& program_;
@@ -81,7 +83,7 @@ class UsageMessage {
 
 }  // namespace
 
-std::string usageMessage(const CLI::App& program, const CLI::ParseError& error, std::span<const std::string> words) {
+Notice usageMessage(const CLI::App& program, const CLI::ParseError& error, std::span<const std::string> words) {
   return UsageMessage(program, words).of(error);
 }
 

@@ -6,9 +6,11 @@
 #include <span>
 #include <string>
 
+#include "workbench/base/notice.h"
+
 namespace workbench {
 
 // In the language of the program; `words` are those behind its name.
-std::string usageMessage(const CLI::App& program, const CLI::ParseError& error, std::span<const std::string> words);
+Notice usageMessage(const CLI::App& program, const CLI::ParseError& error, std::span<const std::string> words);
 
 }  // namespace workbench

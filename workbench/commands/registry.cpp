@@ -55,12 +55,12 @@ const Command& commandOf(std::string_view text) {
     if (first.kind == TokenKind::word && sameName(first.text, command->name())) return *command;
   }
   if (first.kind != TokenKind::word) {
-    throw UsageError(locatedMessage(text, first.span, "a command begins with its name: " + listed(names()) + "."));
+    throw UsageError(locatedMessage(
+        text, first.span, Notice("syntax.no-command-name", "a command begins with its name: ^1.", listed(names()))));
   }
-  throw UsageError(
-      locatedMessage(text, first.span,
-                     "there is no command " + inQuotes(first.text) + "." +
-                         didYouMeanOrList(first.text, names(), names().size() == 1 ? "The command here" : "Commands")));
+  throw UsageError(locatedMessage(text, first.span,
+                                  Notice("syntax.no-command", "there is no command ^1.", inQuotes(first.text)) +
+                                      didYouMeanOrList(first.text, names(), phrase("Commands"))));
 }
 
 }  // namespace workbench

@@ -194,9 +194,10 @@ ColumnReader::ColumnReader(duckdb_logical_type type, const std::string& name) {
   const duckdb_type id = duckdb_get_type_id(type);
   const auto* rule = std::find_if(std::begin(kRules), std::end(kRules), [id](const Rule& r) { return r.type == id; });
   if (rule == std::end(kRules)) {
-    throw DataError("column \"" + name +
-                    "\" holds neither numbers, text, dates nor timestamps. Leave it out or cast it " +
-                    "in a query, for instance SELECT * EXCLUDE (\"" + name + "\") FROM source.");
+    throw DataError("data.column-type",
+                    "column \"^1\" holds neither numbers, text, dates nor timestamps. Leave it out or cast it in a "
+                    "query, for instance SELECT * EXCLUDE (\"^1\") FROM source.",
+                    name);
   }
   kind_ = rule->kind;
   append_ = rule->append;

@@ -2,19 +2,13 @@
 
 #include <algorithm>
 
+#include "workbench/base/letter_case.h"
+
 namespace workbench {
-
-namespace {
-
-char lower(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-}  // namespace
 
 bool sameName(std::string_view left, std::string_view right) {
   return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                    [](char a, char b) { return lower(a) == lower(b); });
+                    [](char a, char b) { return lowerCase(a) == lowerCase(b); });
 }
 
 int Dataset::find(std::string_view name) const {

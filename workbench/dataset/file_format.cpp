@@ -4,6 +4,7 @@
 #include <array>
 
 #include "workbench/base/errors.h"
+#include "workbench/base/letter_case.h"
 #include "workbench/base/shell_word.h"
 #include "workbench/base/toml_text.h"
 
@@ -12,12 +13,15 @@ namespace workbench {
 char separatorOf(const std::string& text, const std::string& setting) {
   constexpr std::string_view kSeparators = ".,' _";
   if (text.size() == 1 && kSeparators.find(text[0]) != std::string_view::npos) return text[0];
-  throw UsageError("'" + setting + "' must be one of the characters . , ' _ and blank, not \"" + text + "\".");
+  throw UsageError("data.separator", "'^1' must be one of the characters . , ' _ and blank, not \"^2\".", setting,
+                   text);
 }
 
 void requirePossible(const FileFormat& format) {
   if (format.numbers.decimal == format.numbers.thousands) {
-    throw UsageError(std::string("'decimal' and 'thousands' cannot both be \"") + format.numbers.decimal + "\".");
+    throw UsageError("data.equal-separators",
+                     "'decimal' and 'thousands' cannot both be \"^1\". Give two different ones.",
+                     std::string(1, format.numbers.decimal));
   }
   encodingName(format.encoding);
 }
@@ -35,42 +39,37 @@ std::string encodingName(const std::string& encoding) {
                                                {"utf-16", "utf-16"},
                                                {"utf16", "utf-16"},
                                                {"", "utf-8"}}};
-  std::string lower = encoding;
-  std::ranges::transform(lower, lower.begin(),
-                         [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-  const auto* name = std::ranges::find(kNames, lower, &Name::given);
+  const auto* name = std::ranges::find(kNames, lowerCase(encoding), &Name::given);
   if (name != kNames.end()) return name->duckdb;
-  throw UsageError("'encoding': \"" + encoding +
-                   "\" is not known. There are utf-8, latin1 (also for letters of windows-1252) and utf-16.");
+  throw UsageError("data.encoding",
+                   "'encoding': \"^1\" is not known. There are utf-8, latin1 (also for letters of windows-1252) and "
+                   "utf-16.",
+                   encoding);
 }
 
-WrittenSetting written(const std::string& name, const std::string& text) {
-  return {"--" + name + "=" + shellWord(text), name + " = " + tomlText(text)};
+std::string WrittenSetting::option() const {
+  std::string list;
+  for (const std::string& text : values) list += (list.empty() ? "" : ",") + text;
+  return "--" + name + "=" + shellWord(list);
 }
 
-WrittenSetting written(const std::string& name, const std::vector<std::string>& texts) {
-  std::string option;
-  for (const std::string& text : texts) option += (option.empty() ? "" : ",") + text;
-  return {"--" + name + "=" + shellWord(option), name + " = " + tomlTexts(texts)};
+std::string WrittenSetting::value() const {
+  if (kind == Kind::number) return values.front();
+  return kind == Kind::texts ? tomlTexts(values) : tomlText(values.front());
 }
 
-std::string inWords(const WrittenSetting& setting) {
-  return setting.option + " (in a job file, under [data]: " + setting.key + ")";
+Notice inWords(const WrittenSetting& setting) {
+  return phrase("^1 (in a job file, under [data]: ^2)", setting.option(), setting.key());
 }
 
 std::vector<WrittenSetting> writtenSettings(const FileFormat& format) {
   std::vector<WrittenSetting> settings;
-  if (format.numbers.decimal != '.') settings.push_back(written("decimal", std::string(1, format.numbers.decimal)));
-  if (format.numbers.thousands != '\0') {
-    settings.push_back(written("thousands", std::string(1, format.numbers.thousands)));
-  }
-  if (!format.missing.empty()) settings.push_back(written("na", format.missing));
-  if (format.skip) {
-    const std::string lines = std::to_string(*format.skip);
-    settings.push_back({"--skip=" + lines, "skip = " + lines});
-  }
-  if (!format.encoding.empty()) settings.push_back(written("encoding", format.encoding));
-  if (!format.sheet.empty()) settings.push_back(written("sheet", format.sheet));
+  if (format.numbers.decimal != '.') settings.push_back({"decimal", {std::string(1, format.numbers.decimal)}});
+  if (format.numbers.thousands != '\0') settings.push_back({"thousands", {std::string(1, format.numbers.thousands)}});
+  if (!format.missing.empty()) settings.push_back({"na", format.missing, WrittenSetting::Kind::texts});
+  if (format.skip) settings.push_back({"skip", {std::to_string(*format.skip)}, WrittenSetting::Kind::number});
+  if (!format.encoding.empty()) settings.push_back({"encoding", {format.encoding}});
+  if (!format.sheet.empty()) settings.push_back({"sheet", {format.sheet}});
   return settings;
 }
 

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "workbench/base/notice.h"
 #include "workbench/dataset/number_text.h"
 
 namespace workbench {
@@ -31,17 +32,21 @@ void requirePossible(const FileFormat& format);
 // DuckDB's name of an encoding. Throws UsageError, naming those there are, for any other.
 std::string encodingName(const std::string& encoding);
 
-// How a setting is written: as an option ("--na='-,n/a'") and as a key of a job file ('na = ["-", "n/a"]').
+// A setting to be written down.
 struct WrittenSetting {
-  std::string option;
-  std::string key;
+  enum class Kind { text, texts, number };
+
+  std::string name;
+  std::vector<std::string> values;  // one, unless the kind is texts
+  Kind kind = Kind::text;
+
+  std::string option() const;  // --na='-,n/a'
+  std::string value() const;   // as a job file has it: ["-", "n/a"]
+  std::string key() const { return name + " = " + value(); }
 };
 
-WrittenSetting written(const std::string& name, const std::string& text);
-WrittenSetting written(const std::string& name, const std::vector<std::string>& texts);
-
 // "--decimal=, (in a job file, under [data]: decimal = \",\")"
-std::string inWords(const WrittenSetting& setting);
+Notice inWords(const WrittenSetting& setting);
 
 // The settings in which a format differs from the usual one.
 std::vector<WrittenSetting> writtenSettings(const FileFormat& format);

@@ -7,6 +7,7 @@
 #include "workbench/base/errors.h"
 #include "workbench/base/standard_streams.h"
 #include "workbench/base/suggest.h"
+#include "workbench/dataset/data_file.h"
 #include "workbench/dataset/duckdb_connection.h"
 #include "workbench/dataset/query_guard.h"
 #include "workbench/dataset/result_reader.h"
@@ -24,17 +25,19 @@ namespace fs = std::filesystem;
 
 [[noreturn]] void refuseDatabase(DuckdbConnection& connection, const fs::path& source) {
   const std::vector<std::string> tables = attachedTables(connection);
-  const std::string what = "data file " + source.string() + ": this database holds ";
-  if (tables.empty()) throw DataError(what + "no table.");
-  throw DataError(what + "several tables (" + listed(tables) + "). Name one in a query, such as SELECT * FROM " +
-                  sqlIdentifier(tables.front()) + ".");
+  if (tables.empty()) {
+    throw DataError("data.no-table", "^1: this database holds no table. Name another file.", dataFile(source));
+  }
+  throw DataError("data.several-tables",
+                  "^1: this database holds several tables (^2). Name one in a query, such as SELECT * FROM ^3.",
+                  dataFile(source), listed(tables), sqlIdentifier(tables.front()));
 }
 
-Dataset readAll(DuckdbResult result, const std::string& what) {
+Dataset readAll(DuckdbResult result, const Notice& what) {
   try {
     return readResult(std::move(result));
   } catch (const DataError& error) {
-    throw DataError(what + ": " + error.what());
+    throw DataError(phrase("^1: ^2", what, error.notice()));
   }
 }
 
@@ -42,7 +45,7 @@ Dataset loadWholeFile(DuckdbConnection& connection, const fs::path& source, cons
   try {
     const std::string relation = sourceRelation(connection, source, format);
     if (relation.empty()) refuseDatabase(connection, source);
-    Dataset dataset = readAll(connection.query("SELECT * FROM " + relation), "data file " + source.string());
+    Dataset dataset = readAll(connection.query("SELECT * FROM " + relation), dataFile(source));
     refuseWholeLines(connection, source, dataset);
     refuseLostHeader(source, dataset);
     return dataset;
@@ -74,11 +77,12 @@ void addFolder(const fs::path& folder, std::vector<fs::path>& folders) {
   }
 }
 
-std::string readableFolders(const DuckdbError& error, const std::vector<fs::path>& folders) {
-  if (!std::string_view(error.what()).starts_with("Permission Error")) return "";
+Notice readableFolders(const DuckdbError& error, const std::vector<fs::path>& folders) {
+  if (!std::string_view(error.what()).starts_with("Permission Error")) return {};
   std::vector<std::string> names;
   for (const fs::path& folder : folders) names.push_back(folder.string());
-  return folders.empty() ? "\nThis query reads no files." : "\nA query reads files only in " + listed(names) + ".";
+  return folders.empty() ? phrase("\nThis query reads no files.")
+                         : phrase("\nA query reads files only in ^1.", listed(names));
 }
 
 Dataset runQuery(DuckdbConnection& connection, const std::string& query, const std::vector<fs::path>& folders) {
@@ -86,7 +90,7 @@ Dataset runQuery(DuckdbConnection& connection, const std::string& query, const s
   try {
     return readResult(connection.select(checkedQuery(connection, query, folders)));
   } catch (const DuckdbError& error) {
-    throw DataError(error.what() + readableFolders(error, folders));
+    throw DataError(Notice("query.refused", "^1", error.what()) + readableFolders(error, folders));
   }
 }
 
@@ -100,8 +104,8 @@ Dataset loadQuery(DuckdbConnection& connection, const DataRequest& request, bool
   try {
     return runQuery(connection, request.query, folders);
   } catch (const DataError& error) {
-    const std::string over = request.source.empty() ? "" : " over data file " + request.source.string();
-    throw DataError("query" + over + ": " + error.what());
+    throw DataError(request.source.empty() ? phrase("query: ^1", error.notice())
+                                           : phrase("query over ^1: ^2", dataFile(request.source), error.notice()));
   }
 }
 
@@ -113,36 +117,28 @@ Dataset loadFile(const DataRequest& request, bool spooled) {
                                : loadQuery(connection, request, spooled || !fs::is_regular_file(source));
 }
 
-// The message with what stands for the spooled file: the user never named it.
-DataError aboutOrigin(std::string message, const std::string& spooled, const std::string& origin) {
-  for (const std::string& name : {"data file " + spooled, spooled}) {
-    for (auto at = message.find(name); at != std::string::npos; at = message.find(name, at)) {
-      message.replace(at, name.size(), origin);
-    }
-  }
-  return DataError(message);
-}
-
-Dataset loadSpooled(DataRequest request, const SpooledInput& input, const std::string& origin) {
+// The user never named the file that it was spooled to.
+Dataset loadSpooled(DataRequest request, const SpooledInput& input, const Notice& origin) {
   request.source = input.path();
   try {
     return loadFile(request, true);
   } catch (const DataError& error) {
-    throw aboutOrigin(error.what(), input.path().string(), origin);
+    const Notice own = error.notice().renamed(dataFile(input.path()).text(), origin);
+    throw DataError(own.renamed(input.path().string(), origin));
   }
 }
 
 Dataset loadWorkbook(DataRequest request) {
   requireReadableFile(request.source);
   const SpooledInput input(sheetAsCsv(request.source, request.format.sheet, request.format.skip));
-  const std::string origin = "data file " + request.source.string();
+  const Notice origin = dataFile(request.source);
   request.format.skip = std::nullopt;
   request.format.encoding.clear();
   return loadSpooled(std::move(request), input, origin);
 }
 
 Dataset loadAny(const DataRequest& request) {
-  if (request.source == kStandardStream) return loadSpooled(request, SpooledInput(), "standard input");
+  if (request.source == kStandardStream) return loadSpooled(request, SpooledInput(), phrase("standard input"));
   return isWorkbook(request.source) ? loadWorkbook(request) : loadFile(request, false);
 }
 
@@ -150,7 +146,7 @@ Dataset loadAny(const DataRequest& request) {
 
 Dataset loadDataset(const DataRequest& request) {
   if (request.source.empty() && request.query.empty()) {
-    throw DataError("no data: name a data file (source) or give a query.");
+    throw DataError("data.none", "no data: name a data file (source) or give a query.");
   }
   const bool piped = request.source == kStandardStream;
   Dataset dataset = loadAny(request);

@@ -7,6 +7,7 @@
 
 #include "workbench/base/errors.h"
 #include "workbench/base/json.h"
+#include "workbench/base/letter_case.h"
 #include "workbench/base/utf8_path.h"
 
 namespace workbench {
@@ -61,11 +62,12 @@ std::string_view textOf(const Value& object, const char* key) {
 }
 
 void requireReading(std::string_view function) {
-  std::string name(function);
-  std::transform(name.begin(), name.end(), name.begin(), [](char c) { return c >= 'A' && c <= 'Z' ? c + 32 : c; });
+  const std::string name = lowerCase(std::string(function));
   if (std::find(kReadingFunctions.begin(), kReadingFunctions.end(), name) != kReadingFunctions.end()) return;
-  throw DataError("it calls " + name + "(), which does more than read. Write one SELECT over source, over tables, or " +
-                  "over files by read_csv(...), read_parquet(...) and the like.");
+  throw DataError("query.function",
+                  "it calls ^1(), which does more than read. Write one SELECT over source, over tables, or over files "
+                  "by read_csv(...), read_parquet(...) and the like.",
+                  name);
 }
 
 // Places of the file names in a query: their offsets in its text.
@@ -157,7 +159,8 @@ rapidjson::Document syntaxTree(DuckdbConnection& connection, const std::string& 
   rapidjson::Document tree;
   tree.Parse<rapidjson::kParseIterativeFlag>(json.data(), json.size());
   if (tree.HasParseError() || !tree.HasMember("error") || tree["error"].GetBool()) {
-    throw DataError("it is not a SELECT. A query only reads: write one SELECT, such as SELECT * FROM source.");
+    throw DataError("query.no-select",
+                    "it is not a SELECT. A query only reads: write one SELECT, such as SELECT * FROM source.");
   }
   return tree;
 }
@@ -166,10 +169,12 @@ rapidjson::Document syntaxTree(DuckdbConnection& connection, const std::string& 
 
 std::string checkedQuery(DuckdbConnection& connection, const std::string& query, const std::vector<fs::path>& folders) {
   const std::size_t statements = connection.countStatements(query);
-  if (statements != 1) {
-    throw DataError(
-        (statements == 0 ? "it holds no statement." : "it holds " + std::to_string(statements) + " statements.") +
-        " Write one SELECT, such as SELECT * FROM source.");
+  if (statements == 0) {
+    throw DataError("query.empty", "it holds no statement. Write one SELECT, such as SELECT * FROM source.");
+  }
+  if (statements > 1) {
+    throw DataError("query.statements", "it holds ^1 statements. Write one SELECT, such as SELECT * FROM source.",
+                    statements);
   }
   return withFullPaths(query, FileNames(syntaxTree(connection, query)), folders);
 }

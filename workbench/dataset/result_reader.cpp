@@ -18,9 +18,10 @@ std::vector<ColumnReader> makeColumns(duckdb_result* result, Dataset& dataset) {
     Column column;
     column.name = duckdb_column_name(result, i);
     if (dataset.find(column.name) >= 0) {
-      throw DataError("two columns are named \"" + column.name +
-                      "\" (letters of either case are the same). Rename one " +
-                      "in a query: SELECT ... AS other_name.");
+      throw DataError("data.equal-names",
+                      "two columns are named \"^1\" (letters of either case are the same). Rename one in a query: "
+                      "SELECT ... AS other_name.",
+                      column.name);
     }
     duckdb_logical_type type = duckdb_column_logical_type(result, i);
     const auto destroy = [](duckdb_logical_type* t) { duckdb_destroy_logical_type(t); };
@@ -54,7 +55,8 @@ Dataset readResult(DuckdbResult result) {
     }
     dataset.rowCount += count;
   }
-  if (dataset.rowCount == 0) throw DataError("there are no cases in it.");
+  if (dataset.rowCount == 0)
+    throw DataError("data.no-cases", "there are no cases in it. Give a file or a query with rows.");
   for (Column& column : dataset.columns) finishColumn(column);
   return dataset;
 }

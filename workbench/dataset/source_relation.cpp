@@ -8,7 +8,9 @@
 #include <vector>
 
 #include "workbench/base/errors.h"
+#include "workbench/base/letter_case.h"
 #include "workbench/base/suggest.h"
+#include "workbench/dataset/data_file.h"
 
 namespace workbench {
 
@@ -30,9 +32,7 @@ enum class FileKind { csv, parquet, json, database };
 std::string lowerExtension(fs::path path) {
   std::string extension = path.extension().string();
   if (extension == ".gz" || extension == ".zst") extension = path.replace_extension().extension().string();
-  std::transform(extension.begin(), extension.end(), extension.begin(),
-                 [](unsigned char c) { return static_cast<char>(c >= 'A' && c <= 'Z' ? c + 32 : c); });
-  return extension;
+  return lowerCase(extension);
 }
 
 std::optional<FileKind> kindByExtension(const fs::path& source) {
@@ -73,8 +73,8 @@ FileKind kindByContent(const fs::path& source) {
   if (head.starts_with("PAR1")) return FileKind::parquet;
   if (head.size() > 12 && head.substr(8, 4) == "DUCK") return FileKind::database;
   if (head.find('\0') != std::string::npos) {
-    throw DataError("data file " + source.string() +
-                    ": this is a binary file of unknown kind. Save it as CSV, Parquet or JSON.");
+    throw DataError("data.binary", "^1: this is a binary file of unknown kind. Save it as CSV, Parquet or JSON.",
+                    dataFile(source));
   }
   return FileKind::csv;
 }
@@ -142,7 +142,7 @@ std::string databaseRelation(DuckdbConnection& connection, const fs::path& sourc
   return tables.size() == 1 ? tables.front() : "";
 }
 
-std::string nearestNeighbour(const fs::path& source) {
+Notice nearestNeighbour(const fs::path& source) {
   const fs::path folder = source.has_parent_path() ? source.parent_path() : fs::path(".");
   std::vector<std::string> names;
   std::error_code error;
@@ -155,16 +155,18 @@ std::string nearestNeighbour(const fs::path& source) {
 }  // namespace
 
 void requireReadableFile(const fs::path& source) {
-  const std::string what = "data file " + source.string() + ": ";
+  const Notice what = dataFile(source);
   std::error_code error;
   const fs::file_status status = fs::status(source, error);
   if (status.type() == fs::file_type::not_found) {
-    throw DataError(what + "there is no such file." + nearestNeighbour(source));
+    throw DataError(Notice("data.no-file", "^1: there is no such file.", what) + nearestNeighbour(source));
   }
-  if (error) throw DataError(what + "it cannot be read: " + error.message() + ".");
-  if (fs::is_directory(status)) throw DataError(what + "this is a folder. Name one file in it.");
+  if (error) {
+    throw DataError("data.unreachable", "^1: it cannot be read: ^2. Check the path.", what, error.message());
+  }
+  if (fs::is_directory(status)) throw DataError("data.folder", "^1: this is a folder. Name one file in it.", what);
   if (fs::is_regular_file(status) && !std::ifstream(source)) {
-    throw DataError(what + "it cannot be read. Check its permissions.");
+    throw DataError("data.permission", "^1: it cannot be read. Check its permissions.", what);
   }
 }
 

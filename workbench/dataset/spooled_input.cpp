@@ -22,8 +22,9 @@ fs::path newTemporaryFile() {
   const fs::path folder = fs::temp_directory_path();
   const auto file = makeUniqueFile(folder, "varmodel-input-");
   if (file) return *file;
-  throw OutputError("cannot make a temporary file in " + folder.string() + ": " + std::strerror(errno) +
-                    ". Set TMPDIR to a folder that can be written.");
+  throw OutputError("output.temporary-file",
+                    "cannot make a temporary file in ^1: ^2. Set TMPDIR to a folder that can be written.", folder,
+                    std::strerror(errno));
 }
 
 void copyStandardInput(const fs::path& target) {
@@ -31,8 +32,8 @@ void copyStandardInput(const fs::path& target) {
   std::array<char, kBlock> block{};
   while (const std::ptrdiff_t got = readSome(kStandardInput, block)) {
     if (got < 0) {
-      throw DataError("standard input cannot be read: " + std::string(std::strerror(errno)) +
-                      ". Send data to it, or name a data file.");
+      throw DataError("data.standard-input", "standard input cannot be read: ^1. Send data to it, or name a data file.",
+                      std::strerror(errno));
     }
     sink.write({block.data(), static_cast<std::size_t>(got)});
   }

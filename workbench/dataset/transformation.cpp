@@ -27,8 +27,10 @@ std::string_view nameOf(Kind kind) {
 }
 
 [[noreturn]] void refuse(const std::string& variable, const std::string& text) {
-  throw UsageError("transform: \"" + text + "\" is no transformation of " + variable +
-                   ". There are log, diff, dlog, sdiff and pct, each with a factor if you like: dlog*100.");
+  throw UsageError("transform.unknown",
+                   "transform: \"^1\" is no transformation of ^2. There are log, diff, dlog, sdiff and pct, each with "
+                   "a factor if you like: dlog*100.",
+                   text, variable);
 }
 
 bool takesLogarithm(Kind kind) {
@@ -41,10 +43,10 @@ std::size_t lagOf(Kind kind, int season) {
 }
 
 // What keeps a value from being transformed; empty when nothing does.
-std::string faultOf(Kind kind, double value) {
-  if (takesLogarithm(kind) && !(value > 0.0)) return "a logarithm needs positive values";
-  if (kind == Kind::pct && value == 0.0) return "growth from zero is not defined";
-  return "";
+Notice faultOf(Kind kind, double value) {
+  if (takesLogarithm(kind) && !(value > 0.0)) return phrase("a logarithm needs positive values");
+  if (kind == Kind::pct && value == 0.0) return phrase("growth from zero is not defined");
+  return {};
 }
 
 double transformed(const Transformation& how, double before, double value) {
@@ -68,10 +70,12 @@ std::vector<double> transformedValues(const Column& column, std::size_t rows, co
   for (std::size_t row = 0; row < rows; ++row) {
     const double value = caseValue(column, row, true);
     const double before = row >= lag ? caseValue(column, row - lag, true) : kSystemMissing;
-    const std::string fault = value == kSystemMissing ? "" : faultOf(how.kind, value);
+    const Notice fault = value == kSystemMissing ? Notice() : faultOf(how.kind, value);
     if (!fault.empty()) {
-      throw DataError("transform: " + column.name + " is " + numberText(value) + " in row " + std::to_string(row + 1) +
-                      ", and " + fault + ". Leave such rows out, or choose another transformation, such as diff.");
+      throw DataError("transform.value",
+                      "transform: ^1 is ^2 in row ^3, and ^4. Leave such rows out, or choose another transformation, "
+                      "such as diff.",
+                      column.name, numberText(value), row + 1, fault);
     }
     const bool known = value != kSystemMissing && before != kSystemMissing;
     values.push_back(known ? transformed(how, before, value) : kSystemMissing);
@@ -90,10 +94,11 @@ int columnOf(const Dataset& dataset, const std::string& variable) {
   for (const Column& column : dataset.columns) names.push_back(column.name);
   const int index = dataset.find(variable);
   if (index < 0) {
-    throw UsageError("transform: there is no variable " + variable + " in the data." + didYouMean(variable, names));
+    throw UsageError(Notice("transform.no-variable", "transform: there is no variable ^1 in the data.", variable) +
+                     didYouMean(variable, names));
   }
   if (dataset.columns[static_cast<std::size_t>(index)].kind != ColumnKind::number) {
-    throw UsageError("transform: " + variable + " is not numeric.");
+    throw UsageError("transform.text", "transform: ^1 is not numeric. Name a variable of numbers.", variable);
   }
   return index;
 }
@@ -120,11 +125,13 @@ std::vector<OriginalSeries> transformVariables(Dataset& dataset, std::span<const
   for (const Transformation& how : transformations) {
     const int index = columnOf(dataset, how.variable);
     if (std::ranges::find(results, index, &std::pair<int, std::vector<double>>::first) != results.end()) {
-      throw UsageError("transform: " + how.variable + " is transformed twice. Name it once.");
+      throw UsageError("transform.twice", "transform: ^1 is transformed twice. Name it once.", how.variable);
     }
     if (how.kind == Kind::sdiff && season < 2) {
-      throw UsageError("transform: sdiff of " + how.variable +
-                       " needs cases whose dates have seasons, such as quarters or months. Date them.");
+      throw UsageError("transform.season",
+                       "transform: sdiff of ^1 needs cases whose dates have seasons, such as quarters or months. Date "
+                       "them, for instance with --start year=1959 quarter=1.",
+                       how.variable);
     }
     results.emplace_back(
         index, transformedValues(dataset.columns[static_cast<std::size_t>(index)], dataset.rowCount, how, season));

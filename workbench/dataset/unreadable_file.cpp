@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "workbench/base/visible_text.h"
+#include "workbench/dataset/data_file.h"
 #include "workbench/dataset/file_format.h"
 #include "workbench/dataset/source_relation.h"
 #include "workbench/dataset/text_lines.h"
@@ -13,10 +14,6 @@ namespace workbench {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string named(const fs::path& source) {
-  return "data file " + source.string() + ": ";
-}
 
 // DuckDB's message without the place in SQL that is not the user's, and without the list of its reader's settings.
 std::string withoutSql(std::string message) {
@@ -46,8 +43,11 @@ std::string firstUnequalLine(DuckdbConnection& connection, const fs::path& sourc
 }
 
 DataError unequalLines(const fs::path& source, const std::string& header, const std::string& detail) {
-  return DataError(named(source) + "its lines do not all have as many values as its header (" + header +
-                   "). Correct the file, or describe it in a query with read_csv(...)." + detail);
+  return DataError(Notice("data.unequal-lines",
+                          "^1: its lines do not all have as many values as its header (^2). Correct the file, or "
+                          "describe it in a query with read_csv(...).",
+                          dataFile(source), header) +
+                   detail);
 }
 
 std::string quoted(const std::string& text) {
@@ -57,12 +57,13 @@ std::string quoted(const std::string& text) {
 DataError textBeforeTable(const fs::path& source, const TableStart& start, const std::vector<std::string>& lines) {
   FileFormat format;
   format.skip = static_cast<long>(start.before);
-  return DataError(named(source) + "its table begins in line " + std::to_string(start.before + 1) + " (" +
-                   quoted(start.line) + "), after other text. Give " + inWords(writtenSettings(format).front()) +
-                   (start.end == lines.size()
-                        ? "."
-                        : ", and delete what follows the table from line " + std::to_string(start.end + 1) + " (" +
-                              quoted(lines[start.end]) + ") on."));
+  const Notice rest = start.end == lines.size() ? Notice()
+                                                : phrase("Delete what follows the table, from line ^1 (^2) on.",
+                                                         start.end + 1, quoted(lines[start.end]));
+  return DataError(Notice("data.text-before-table", "^1: its table begins in line ^2 (^3), after other text. Give ^4.",
+                          dataFile(source), start.before + 1, quoted(start.line),
+                          inWords(writtenSettings(format).front())) +
+                   rest);
 }
 
 // UTF-16 as its first two bytes tell.
@@ -74,10 +75,9 @@ bool isWide(const std::vector<std::string>& lines) {
 DataError otherEncoding(const fs::path& source, const std::vector<std::string>& lines) {
   const std::size_t line = firstLineOutsideUtf8(lines);
   const bool wide = isWide(lines);
-  const std::string place =
-      line == 0 || wide ? "" : " in line " + std::to_string(line) + " (" + quoted(lines[line - 1]) + ")";
-  return DataError(named(source) + "its characters are not UTF-8" + place + ". Give " +
-                   inWords(written("encoding", wide ? "utf-16" : "latin1")) + ".");
+  const Notice place = line == 0 || wide ? Notice() : phrase(" in line ^1 (^2)", line, quoted(lines[line - 1]));
+  return DataError("data.not-utf-8", "^1: its characters are not UTF-8^2. Give ^3.", dataFile(source), place,
+                   inWords({"encoding", {wide ? "utf-16" : "latin1"}}));
 }
 
 // The value that DuckDB quotes in its message about one that has not the type of those before it; "" for other
@@ -102,10 +102,11 @@ DataError unconverted(const fs::path& source, const std::string& value, const st
   } else {
     format.missing = {value};
   }
-  std::string remedy = format.missing.empty() ? "Give " : "If it stands for a missing value, give ";
-  for (const WrittenSetting& setting : writtenSettings(format)) remedy += inWords(setting) + " ";
-  remedy.back() = '.';
-  return DataError(named(source) + message + "\n" + remedy);
+  Notice settings;
+  for (const WrittenSetting& setting : writtenSettings(format)) settings += inWords(setting);
+  return DataError("data.unconverted", "^1: ^2\n^3", dataFile(source), message,
+                   format.missing.empty() ? phrase("Give ^1.", settings)
+                                          : phrase("If it stands for a missing value, give ^1.", settings));
 }
 
 }  // namespace
@@ -127,8 +128,9 @@ void refuseLostHeader(const fs::path& source, const Dataset& dataset) {
   const std::vector<std::string> lines = unnamed ? firstLines(source) : std::vector<std::string>{};
   const auto start = tableStart(lines);
   if (!start || start->before != 1 || start->isHeader) return;
-  throw DataError(named(source) + "its header (" + quoted(lines[0]) + ") has another number of values than line 2 (" +
-                  quoted(lines[1]) + "). Give every column one name.");
+  throw DataError("data.lost-header",
+                  "^1: its header (^2) has another number of values than line 2 (^3). Give every column one name.",
+                  dataFile(source), quoted(lines[0]), quoted(lines[1]));
 }
 
 DataError unreadableFile(DuckdbConnection& connection, const fs::path& source, const DuckdbError& error) {
@@ -142,7 +144,7 @@ DataError unreadableFile(DuckdbConnection& connection, const fs::path& source, c
   const std::string header = plainCommaHeader(source);
   const std::string unequal = header.empty() ? "" : firstUnequalLine(connection, source, header, ',');
   if (unequal.find("Expected Number of Columns") != std::string::npos) return unequalLines(source, header, unequal);
-  return DataError(named(source) + withoutSql(message));
+  return DataError("data.unreadable", "^1: ^2", dataFile(source), withoutSql(message));
 }
 
 }  // namespace workbench

@@ -5,7 +5,9 @@
 #include <vector>
 
 #include "workbench/base/errors.h"
+#include "workbench/base/letter_case.h"
 #include "workbench/base/suggest.h"
+#include "workbench/dataset/data_file.h"
 #include "workbench/dataset/file_format.h"
 #include "workbench/dataset/sheet_cells.h"
 #include "workbench/dataset/zip_archive.h"
@@ -50,17 +52,18 @@ std::vector<std::string> namesOf(const std::vector<Sheet>& sheets) {
   return names;
 }
 
-const Sheet& chosenSheet(const std::vector<Sheet>& sheets, const std::string& name, const std::string& what) {
-  if (sheets.empty()) throw DataError(what + "it has no sheet. Save it as .xlsx again, or as CSV.");
+const Sheet& chosenSheet(const std::vector<Sheet>& sheets, const std::string& name, const Notice& what) {
+  if (sheets.empty()) throw DataError("data.no-sheet", "^1: it has no sheet. Save it as .xlsx again, or as CSV.", what);
   if (name.empty() && sheets.size() == 1) return sheets.front();
   const std::vector<std::string> names = namesOf(sheets);
   if (name.empty()) {
-    throw DataError(what + "it has several sheets (" + listed(names) +
-                    "). Name one: " + inWords(written("sheet", names.front())) + ".");
+    throw DataError("data.several-sheets", "^1: it has several sheets (^2). Name one: ^3.", what, listed(names),
+                    inWords({"sheet", {names.front()}}));
   }
   const auto found = std::ranges::find(sheets, name, &Sheet::name);
   if (found != sheets.end()) return *found;
-  throw DataError(what + "there is no sheet \"" + name + "\"." + didYouMeanOrList(name, names, "Its sheets"));
+  throw DataError(Notice("data.unknown-sheet", "^1: there is no sheet \"^2\".", what, name) +
+                  didYouMeanOrList(name, names, phrase("Its sheets")));
 }
 
 std::vector<std::string> sharedTexts(const pugi::xml_document& document) {
@@ -120,14 +123,12 @@ std::string csvOf(std::vector<Row> rows, std::optional<long> skip) {
 }  // namespace
 
 bool isWorkbook(const fs::path& source) {
-  std::string extension = source.extension().string();
-  std::ranges::transform(extension, extension.begin(),
-                         [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+  const std::string extension = lowerCase(source.extension().string());
   return extension == ".xlsx" || extension == ".xlsm";
 }
 
 std::string sheetAsCsv(const fs::path& workbook, const std::string& sheet, std::optional<long> skip) {
-  const std::string what = "data file " + workbook.string() + ": ";
+  const Notice what = dataFile(workbook);
   const ZipArchive archive(workbook);
   const pugi::xml_document book = xmlOf(archive, "xl/workbook.xml");
   const std::vector<Sheet> sheets = sheetsOf(archive, book);
@@ -135,9 +136,17 @@ std::string sheetAsCsv(const fs::path& workbook, const std::string& sheet, std::
   const CellReader reader(sharedTexts(xmlOf(archive, "xl/sharedStrings.xml")), xmlOf(archive, "xl/styles.xml"),
                           book.child("workbook").child("workbookPr").attribute("date1904").as_bool());
   const pugi::xml_document cells = xmlOf(archive, chosen.member);
-  if (!cells.child("worksheet")) throw DataError(what + "its sheet \"" + chosen.name + "\" cannot be read.");
+  if (!cells.child("worksheet")) {
+    throw DataError("data.damaged-sheet",
+                    "^1: its sheet \"^2\" cannot be read. Save the workbook again, or the sheet as CSV.", what,
+                    chosen.name);
+  }
   std::string csv = csvOf(rowsOf(cells, reader), skip);
-  if (csv.empty()) throw DataError(what + "there are no cases in its sheet \"" + chosen.name + "\".");
+  if (csv.empty()) {
+    throw DataError("data.empty-sheet",
+                    "^1: there are no cases in its sheet \"^2\". Name another with --sheet, or fill it.", what,
+                    chosen.name);
+  }
   return csv;
 }
 

@@ -5,12 +5,14 @@
 #include <array>
 
 #include "workbench/base/errors.h"
+#include "workbench/dataset/data_file.h"
 
 namespace workbench {
 
 ZipArchive::ZipArchive(const std::filesystem::path& file) : file_(file), archive_(unzOpen64(file.string().c_str())) {
   if (archive_ == nullptr) {
-    throw DataError("data file " + file.string() + ": this is no workbook, or it is damaged. Save it as .xlsx or CSV.");
+    throw DataError("data.no-workbook", "^1: this is no workbook, or it is damaged. Save it as .xlsx or CSV.",
+                    dataFile(file));
   }
 }
 
@@ -31,8 +33,10 @@ std::optional<std::string> ZipArchive::member(const std::string& name) const {
   }
   // Closing compares the checksum.
   if (unzCloseCurrentFile(archive_) != UNZ_OK || got != 0) {
-    throw DataError("data file " + file_.string() + ": its part " + name +
-                    " cannot be read. Open it in a spreadsheet program and save it again, or save it as CSV.");
+    throw DataError("data.damaged-workbook",
+                    "^1: its part ^2 cannot be read. Open it in a spreadsheet program and save it again, or save it as "
+                    "CSV.",
+                    dataFile(file_), name);
   }
   return bytes;
 }

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "workbench/base/errors.h"
+#include "workbench/dates/labels.h"
 
 namespace workbench {
 
@@ -26,30 +27,34 @@ bool isWholeNumber(double value) {
 
 }  // namespace
 
-void requireUnits(const std::vector<Unit>& given, Unit finest, const std::string& place) {
+void requireUnits(const std::vector<Unit>& given, Unit finest, const Notice& place) {
   const std::span<const Unit> needed = unitsOf(finest);
-  const std::string rule =
-      " (a date by " + std::string(unitName(finest)) + " is made of " + unitList(needed) + " and nothing else).";
+  const Notice rule = phrase("A date by ^1 is made of ^2 and nothing else.", unitPhrase(finest), unitList(needed));
   for (const Unit unit : needed) {
-    if (!contains(given, unit)) throw UsageError(place + " is incomplete: add " + std::string(unitName(unit)) + rule);
+    if (!contains(given, unit)) {
+      throw UsageError(Notice("dates.incomplete", "^1 is incomplete: add ^2.", place, unitName(unit)) + rule);
+    }
   }
   for (const Unit unit : given) {
-    if (!contains(needed, unit)) throw UsageError(place + ": remove " + std::string(unitName(unit)) + rule);
+    if (!contains(needed, unit)) {
+      throw UsageError(Notice("dates.superfluous", "^1: remove ^2.", place, unitName(unit)) + rule);
+    }
   }
 }
 
-std::string componentFault(Unit finest, std::span<const std::int64_t> components) {
+Notice componentFault(Unit finest, std::span<const std::int64_t> components) {
   const std::span<const Unit> units = unitsOf(finest);
   for (std::size_t i = 0; i < units.size(); ++i) {
     const ComponentRange range = componentRange(units[i], components.first(i));
     if (components[i] >= range.first && components[i] <= range.last) continue;
-    return std::string(unitName(units[i])) + " must be " + std::to_string(range.first) + " to " +
-           std::to_string(range.last) + (i > 0 ? " here" : "") + ", not " + std::to_string(components[i]);
+    return i > 0
+               ? phrase("^1 must be ^2 to ^3 here, not ^4", unitName(units[i]), range.first, range.last, components[i])
+               : phrase("^1 must be ^2 to ^3, not ^4", unitName(units[i]), range.first, range.last, components[i]);
   }
-  return "";
+  return {};
 }
 
-Period periodFromRequest(const DateComponents& components, Unit finest, const std::string& place) {
+Period periodFromRequest(const DateComponents& components, Unit finest, const Notice& place) {
   std::vector<Unit> given;
   std::vector<std::int64_t> values;
   for (const auto& [unit, value] : components) {
@@ -58,7 +63,7 @@ Period periodFromRequest(const DateComponents& components, Unit finest, const st
   }
   requireUnits(given, finest, place);
   const std::optional<Period> period = Period::of(finest, values);
-  if (!period) throw UsageError(place + " is no date: " + componentFault(finest, values) + ".");
+  if (!period) throw UsageError("dates.impossible", "^1 is no date: ^2.", place, componentFault(finest, values));
   return *period;
 }
 
@@ -72,13 +77,13 @@ std::optional<Period> DateColumns::period(const Dataset& dataset, std::size_t ro
   return Period::of(finest, components);
 }
 
-std::string DateColumns::fault(const Dataset& dataset, std::size_t row) const {
+Notice DateColumns::fault(const Dataset& dataset, std::size_t row) const {
   std::vector<std::int64_t> components;
   for (const int index : columns) {
     const Column& column = dataset.columns[static_cast<std::size_t>(index)];
     const double value = column.numbers[row];
-    if (value == kSystemMissing) return "\"" + column.name + "\" is missing";
-    if (!isWholeNumber(value)) return "\"" + column.name + "\" is not a whole number";
+    if (value == kSystemMissing) return phrase("\"^1\" is missing", column.name);
+    if (!isWholeNumber(value)) return phrase("\"^1\" is not a whole number", column.name);
     components.push_back(static_cast<std::int64_t>(value));
   }
   return componentFault(finest, components);

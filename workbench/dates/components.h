@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "workbench/base/notice.h"
 #include "workbench/dataset/dataset.h"
 #include "workbench/dates/period.h"
 #include "workbench/dates/requests.h"
@@ -17,13 +18,13 @@ namespace workbench {
 
 // Throws UsageError unless exactly the units that a date of the finest unit is made of are given, coarsest first.
 // `place` is where they were written, for the message: "[dates] start".
-void requireUnits(const std::vector<Unit>& given, Unit finest, const std::string& place);
+void requireUnits(const std::vector<Unit>& given, Unit finest, const Notice& place);
 
 // The period that the components name. Throws UsageError as above, and when there is no such period.
-Period periodFromRequest(const DateComponents& components, Unit finest, const std::string& place);
+Period periodFromRequest(const DateComponents& components, Unit finest, const Notice& place);
 
-// "month must be 1 to 12, not 13"; empty when the components (one for each of unitsOf(finest)) name a period.
-std::string componentFault(Unit finest, std::span<const std::int64_t> components);
+// "month must be 1 to 12, not 13"; nothing when the components (one for each of unitsOf(finest)) name a period.
+Notice componentFault(Unit finest, std::span<const std::int64_t> components);
 
 // The columns of one dataset that hold the components of its cases' dates.
 struct DateColumns {
@@ -31,8 +32,8 @@ struct DateColumns {
   std::vector<int> columns;  // one for each of unitsOf(finest)
 
   std::optional<Period> period(const Dataset& dataset, std::size_t row) const;
-  // Why the row holds no date; empty when it holds one.
-  std::string fault(const Dataset& dataset, std::size_t row) const;
+  // Why the row holds no date; nothing when it holds one.
+  Notice fault(const Dataset& dataset, std::size_t row) const;
 };
 
 }  // namespace workbench

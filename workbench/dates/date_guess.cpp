@@ -36,10 +36,11 @@ DatedRows datesOf(const Dataset& dataset, const DatesRequest& request) {
 
 // Nothing when the column holds no dates at all.
 std::optional<DateGuess> guess(const Dataset& dataset, DatesRequest request) {
-  DateGuess guess{std::move(request), "", "", 1, false, "", ""};
+  DateGuess guess;
+  guess.request = std::move(request);
   try {
     const DatedRows dated = datesOf(dataset, guess.request);
-    guess.unit = unitName(dated.frequency.unit);
+    guess.unit = dated.frequency.unit;
     guess.step = dated.frequency.step;
     guess.businessDays = dated.frequency.businessDays;
     guess.first = periodLabel(dated.periods.front());
@@ -48,7 +49,7 @@ std::optional<DateGuess> guess(const Dataset& dataset, DatesRequest request) {
   } catch (const UsageError&) {
     return std::nullopt;
   } catch (const DataError& error) {
-    guess.fault = error.what();
+    guess.fault = error.notice();
   }
   return guess;
 }

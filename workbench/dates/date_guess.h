@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "workbench/base/notice.h"
 #include "workbench/dataset/dataset.h"
 #include "workbench/dates/requests.h"
 
@@ -12,8 +13,8 @@ namespace workbench {
 
 struct DateGuess {
   DatesRequest request;
-  std::string fault;  // why the rows are refused as they stand; empty when they are not
-  std::string unit;   // the rest only without a fault: "quarter"
+  Notice fault;            // why the rows are refused as they stand; empty when they are not
+  Unit unit = Unit::year;  // the rest only without a fault
   std::int64_t step = 1;
   bool businessDays = false;
   std::string first;  // labels of the first and the last case

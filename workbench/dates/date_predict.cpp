@@ -13,16 +13,18 @@ namespace {
 
 constexpr const char* kPlace = "PREDICT THRU";
 
-void requireHorizonInLimit(std::int64_t horizon, const std::string& target) {
+void requireHorizonInLimit(std::int64_t horizon, const Notice& target) {
   if (horizon <= kMaximumHorizon) return;
-  throw UsageError(std::string(kPlace) + ": " + target + " lies " + std::to_string(horizon) +
-                   " periods after the last case; at most " + std::to_string(kMaximumHorizon) + " are forecast.");
+  throw UsageError("predict.too-far",
+                   "PREDICT THRU: ^1 lies ^2 periods after the last case; at most ^3 are forecast. Give fewer.", target,
+                   horizon, kMaximumHorizon);
 }
 
 Period periodOfCase(const CaseCalendar& calendar, std::int64_t caseNumber) {
   if (const std::optional<Period> period = calendar.period(caseNumber - 1)) return *period;
-  throw UsageError(std::string(kPlace) + ": the date of case " + std::to_string(caseNumber) +
-                   " lies after the calendar's end (year 9999).");
+  throw UsageError("predict.beyond-calendar",
+                   "PREDICT THRU: the date of case ^1 lies after the calendar's end (year 9999). Give fewer periods.",
+                   caseNumber);
 }
 
 TrendsSettings withPredictDate(TrendsSettings settings, const Period& target) {
@@ -38,9 +40,9 @@ TrendsSettings withPredictDate(TrendsSettings settings, const Period& target) {
 
 TrendsSettings withPredictCase(const Dataset& dataset, std::int64_t caseNumber, TrendsSettings settings) {
   if (caseNumber < 1) {
-    throw UsageError(std::string(kPlace) + ": case numbers count from 1, not " + std::to_string(caseNumber) + ".");
+    throw UsageError("predict.case-number", "PREDICT THRU: case numbers count from 1, not ^1.", caseNumber);
   }
-  requireHorizonInLimit(caseNumber - static_cast<std::int64_t>(dataset.rowCount), "case " + std::to_string(caseNumber));
+  requireHorizonInLimit(caseNumber - static_cast<std::int64_t>(dataset.rowCount), phrase("case ^1", caseNumber));
   if (const auto calendar = caseCalendar(dataset, settings)) {
     return withPredictDate(std::move(settings), periodOfCase(*calendar, caseNumber));
   }
@@ -50,18 +52,21 @@ TrendsSettings withPredictCase(const Dataset& dataset, std::int64_t caseNumber, 
 
 CaseCalendar requireCalendar(const Dataset& dataset, const TrendsSettings& settings) {
   if (const std::optional<CaseCalendar> calendar = caseCalendar(dataset, settings)) return *calendar;
-  throw UsageError(std::string(kPlace) +
-                   " is a date, but the cases have no dates. Date them, for instance with --start year=1959 quarter=1 "
-                   "or, in the job file, a table [dates] that holds start = { year = 1959, quarter = 1 }, or give a "
-                   "number of periods (in a job file: a case number).");
+  throw UsageError(
+      "predict.no-dates",
+      "PREDICT THRU is a date, but the cases have no dates. Date them, for instance with --start year=1959 "
+      "quarter=1 "
+      "or, in the job file, a table [dates] that holds start = { year = 1959, quarter = 1 }, or give a "
+      "number of periods (in a job file: a case number).");
 }
 
 Period periodFromText(const std::string& text, const Dataset& dataset, const CaseCalendar& calendar) {
   const Unit unit = calendar.first.unit();
   if (const std::optional<Period> period = readPeriod(text, unit)) return *period;
   const Period next = periodOfCase(calendar, static_cast<std::int64_t>(dataset.rowCount) + 1);
-  throw UsageError(std::string(kPlace) + ": \"" + text + "\" is no " + std::string(unitName(unit)) +
-                   ", and those are the periods of the cases. Write it as " + periodLabel(next) + ".");
+  throw UsageError("predict.other-unit",
+                   "PREDICT THRU: \"^1\" is no ^2, and those are the periods of the cases. Write it as ^3.", text,
+                   unitPhrase(unit), periodLabel(next));
 }
 
 TrendsSettings withPredictThru(const Dataset& dataset, const PredictRequest& request, TrendsSettings settings) {
@@ -72,20 +77,32 @@ TrendsSettings withPredictThru(const Dataset& dataset, const PredictRequest& req
   const std::int64_t ahead = calendar.caseOffset(target) - lastOffset;
   requireHorizonInLimit(ahead, periodLabel(target));
   if (ahead < 1 && !request.period.empty()) {
-    throw UsageError(std::string(kPlace) + ": " + periodLabel(target) + " does not lie after the last case (" +
-                     periodLabel(*calendar.period(lastOffset)) + "). Give a later period, such as " +
-                     periodLabel(periodOfCase(calendar, lastOffset + 2)) + ".");
+    throw UsageError("predict.past",
+                     "PREDICT THRU: ^1 does not lie after the last case (^2). Give a later period, such as ^3.",
+                     periodLabel(target), periodLabel(*calendar.period(lastOffset)),
+                     periodLabel(periodOfCase(calendar, lastOffset + 2)));
   }
   return withPredictDate(std::move(settings), target);
 }
 
+// "2011" is a year of yearly cases, and so many periods of others.
+PredictRequest settled(const Dataset& dataset, const TrendsSettings& settings, PredictRequest request) {
+  const std::optional<CaseCalendar> calendar = caseCalendar(dataset, settings);
+  if (!request.periodsUnlessYear || (calendar && calendar->first.unit() == Unit::year)) return request;
+  return {.date = {},
+          .caseNumber = static_cast<std::int64_t>(dataset.rowCount) + *request.periodsUnlessYear,
+          .end = false,
+          .period = {}};
+}
+
 }  // namespace
 
-void definePredict(const Dataset& dataset, const PredictRequest& request, TrendsSettings& settings) {
+void definePredict(const Dataset& dataset, const PredictRequest& asked, TrendsSettings& settings) {
+  const PredictRequest request = settled(dataset, settings, asked);
   if (int{!request.date.empty()} + int{request.caseNumber.has_value()} + int{request.end} +
           int{!request.period.empty()} !=
       1) {
-    throw UsageError(std::string(kPlace) + ": give a date, a case number or \"end\".");
+    throw UsageError("predict.one-way", "PREDICT THRU: give a date, a case number or \"end\".");
   }
   TrendsSettings base = settings;
   base.predictSet = true;

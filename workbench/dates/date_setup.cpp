@@ -19,19 +19,25 @@ namespace {
 CaseCalendar calendarFromStart(const Dataset& dataset, const DateComponents& start) {
   const Period first = periodFromRequest(start, start.rbegin()->first, "start");
   if (!first.shifted(static_cast<std::int64_t>(dataset.rowCount) - 1)) {
-    throw UsageError("start: counted from " + periodLabel(first) + ", the last of " + std::to_string(dataset.rowCount) +
-                     " cases would lie after the calendar's end (year 9999).");
+    throw UsageError(
+        "dates.beyond-calendar",
+        "start: counted from ^1, the last of ^2 cases would lie after the calendar's end (year 9999). Give "
+        "an earlier start, or a finer unit.",
+        periodLabel(first), dataset.rowCount);
   }
   return {first, 1, false};
 }
 
 DatedRows datesOf(const Dataset& dataset, const DatesRequest& request) {
-  DatedRows dated = request.variables.empty() ? datedByColumn(dataset, request.column)
+  DatedRows dated = request.variables.empty() ? datedByColumn(dataset, request.column, request.exchangesDayAndMonth)
                                               : datedByComponents(dataset, request.variables);
   if (request.holidays.empty()) return dated;
   if (!dated.frequency.businessDays) {
-    throw UsageError("holidays: the rows are no business days (" + dated.source.name +
-                     "), so that no day can be a holiday. Leave the holidays out.");
+    throw UsageError(
+        "dates.no-business-days",
+        "holidays: the rows are no business days (^1), so that no day can be a holiday. Leave the holidays "
+        "out.",
+        dated.source.name);
   }
   dated.holidays = holidaysFrom(request.holidays, dated.periods);
   return dated;
@@ -51,9 +57,11 @@ std::vector<std::size_t> rowsWithGaps(const DatedRows& dated) {
   for (std::size_t row = 1; row < dated.periods.size(); ++row) {
     const std::int64_t distance = casesBetween(calendar, dated.periods[row - 1], dated.periods[row]).value_or(1);
     if (distance > static_cast<std::int64_t>(dated.periods.size())) {
-      throw DataError(dated.source.name + ": between row " + std::to_string(row) + " (" + dated.source.dateOf(row - 1) +
-                      ") and row " + std::to_string(row + 1) + " (" + dated.source.dateOf(row) +
-                      ") more periods are missing than there are rows. Correct the dates.");
+      throw DataError(
+          "dates.wide-gap",
+          "^1: between row ^2 (^3) and row ^4 (^5) more periods are missing than there are rows. Correct the "
+          "dates.",
+          dated.source.name, row, dated.source.dateOf(row - 1), row + 1, dated.source.dateOf(row));
     }
     for (std::int64_t missing = 1; missing < distance; ++missing) rows.push_back(kEmptyRow);
     rows.push_back(row);
@@ -90,10 +98,11 @@ void fillGaps(Dataset& dataset, const DatesRequest& request, const DatedRows& da
 }
 
 // The calendar of dated rows, which are put in order and completed first, as far as that was asked for.
-CaseCalendar calendarOfRows(Dataset& dataset, const DatesRequest& request) {
+CaseCalendar calendarOfRows(Dataset& dataset, const DatesRequest& request, TrendsSettings& settings) {
   if (request.sort) sortRows(dataset, datesOf(dataset, request).periods);
   const DatedRows dated = datesOf(dataset, request);
   const CaseCalendar calendar = dated.calendar();
+  settings.reading = dated.reading;
   if (request.fillGaps) {
     fillGaps(dataset, request, dated);
   } else {
@@ -104,7 +113,7 @@ CaseCalendar calendarOfRows(Dataset& dataset, const DatesRequest& request) {
 
 void dateRows(Dataset& dataset, const DatesRequest& request, TrendsSettings& settings) {
   const CaseCalendar calendar =
-      request.start.empty() ? calendarOfRows(dataset, request) : calendarFromStart(dataset, request.start);
+      request.start.empty() ? calendarOfRows(dataset, request, settings) : calendarFromStart(dataset, request.start);
   if (request.variables.empty()) {
     settings.dateVariables = makeDateVariables(dataset, calendar);
   } else {
@@ -120,14 +129,16 @@ void dateRows(Dataset& dataset, const DatesRequest& request, TrendsSettings& set
 
 void defineDates(Dataset& dataset, const DatesRequest& request, TrendsSettings& settings) {
   if (int{!request.start.empty()} + int{!request.column.empty()} + int{!request.variables.empty()} != 1) {
-    throw UsageError("dates: give exactly one of start, column and variables.");
+    throw UsageError("dates.one-way", "dates: give exactly one of start, column and variables.");
   }
   if (!request.start.empty() && (request.sort || request.fillGaps || !request.holidays.empty())) {
-    throw UsageError(
-        "dates: 'start' counts the rows as they stand; sort, fill_gaps and holidays need dates to go by. Name the "
-        "column that holds them.");
+    throw UsageError("dates.start-sorts-nothing",
+                     "dates: 'start' counts the rows as they stand; sort, fill_gaps and holidays need dates to go by. "
+                     "Name the column that holds them.");
   }
-  if (dataset.rowCount == 0) throw DataError("dates: " + dataset.origin + " has no rows to date.");
+  if (dataset.rowCount == 0)
+    throw DataError("dates.no-rows", "dates: ^1 has no rows to date. Give a file or a query with rows.",
+                    dataset.origin);
   if (!request.sort && !request.fillGaps) return dateRows(dataset, request, settings);
   Dataset changed = dataset;
   dateRows(changed, request, settings);

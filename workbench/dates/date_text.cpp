@@ -4,6 +4,8 @@
 #include <array>
 #include <cmath>
 
+#include "workbench/base/letter_case.h"
+
 namespace workbench {
 
 namespace {
@@ -41,10 +43,6 @@ bool isSeparator(char c) {
   return std::string_view(" -/.,:").find(c) != std::string_view::npos;
 }
 
-char lower(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 Tokens tokensOf(std::string_view text) {
   constexpr std::size_t kMostDigits = 8;
   Tokens result;
@@ -60,7 +58,7 @@ Tokens tokensOf(std::string_view text) {
         token.number = token.number * 10 + (text[i] - '0');
       }
     } else {
-      for (; i < text.size() && !isDigit(text[i]) && !isSeparator(text[i]); ++i) token.word += lower(text[i]);
+      for (; i < text.size() && !isDigit(text[i]) && !isSeparator(text[i]); ++i) token.word += lowerCase(text[i]);
     }
     result.tokens.push_back(std::move(token));
   }

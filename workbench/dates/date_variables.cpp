@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "workbench/base/errors.h"
+#include "workbench/base/letter_case.h"
 #include "workbench/dates/labels.h"
 
 namespace workbench {
@@ -22,14 +23,19 @@ std::vector<std::vector<double>> componentValues(const Dataset& dataset, const C
 }
 
 void requireSameValues(const Column& column, const std::vector<double>& values) {
-  const std::string remedy =
-      " Rename or drop it in the query, or name the columns that hold the dates: variables = { year = \"...\", ... }.";
-  const std::string place = "column \"" + column.name + "\" has the name of a date variable but ";
-  if (column.kind != ColumnKind::number) throw UsageError(place + "is not numeric." + remedy);
+  const Notice remedy = phrase(
+      "Rename or drop it in the query, or name the columns that hold the dates: variables = { year = \"...\", ... }.");
+  if (column.kind != ColumnKind::number) {
+    throw UsageError(Notice("dates.variable-text", "column \"^1\" has the name of a date variable but is not numeric.",
+                            column.name) +
+                     remedy);
+  }
   const auto [stored, expected] = std::ranges::mismatch(column.numbers, values);
   if (expected == values.end()) return;
-  throw UsageError(place + "another value than " + std::to_string(static_cast<std::int64_t>(*expected)) + " in row " +
-                   std::to_string(expected - values.begin() + 1) + "." + remedy);
+  throw UsageError(Notice("dates.variable-differs",
+                          "column \"^1\" has the name of a date variable but another value than ^2 in row ^3.",
+                          column.name, static_cast<std::int64_t>(*expected), expected - values.begin() + 1) +
+                   remedy);
 }
 
 Column componentColumn(Unit unit, std::vector<double> values) {
@@ -47,9 +53,7 @@ Column componentColumn(Unit unit, std::vector<double> values) {
 
 std::string dateVariableName(Unit unit) {
   if (unit == Unit::observation) return "OBS_";
-  std::string name(unitName(unit));
-  std::ranges::transform(name, name.begin(), [](char letter) { return static_cast<char>(letter - 'a' + 'A'); });
-  return name + "_";
+  return upperCase(std::string(unitName(unit))) + "_";
 }
 
 std::vector<DateVariable> dateVariablesOf(Unit finest, const std::vector<int>& columns) {

@@ -22,21 +22,23 @@ int columnNamed(const Dataset& dataset, const std::string& name) {
   if (index >= 0) return index;
   std::vector<std::string> names;
   for (const Column& column : dataset.columns) names.push_back(column.name);
-  throw UsageError("dates: there is no column \"" + name + "\" in " + dataset.origin + "." + didYouMean(name, names));
+  throw UsageError(Notice("dates.no-column", "dates: there is no column \"^1\" in ^2.", name, dataset.origin) +
+                   didYouMeanOrList(name, names, phrase("Its columns")));
 }
 
-std::string rowName(const DateSource& source, std::size_t row) {
-  const std::string before = row > 0 ? " after row " + std::to_string(row) + " (" + source.dateOf(row - 1) + ")" : "";
-  return source.name + ": row " + std::to_string(row + 1) + before;
+Notice rowName(const DateSource& source, std::size_t row) {
+  if (row == 0) return phrase("^1: row 1", source.name);
+  return phrase("^1: row ^2 after row ^3 (^4)", source.name, row + 1, row, source.dateOf(row - 1));
 }
 
 DataError noDate(const DateSource& source, std::size_t row) {
-  return DataError(rowName(source, row) + " has no date. Fill it in, or leave such rows out in the query: WHERE " +
-                   source.order + " IS NOT NULL.");
+  return DataError("dates.missing",
+                   "^1 has no date. Fill it in, or leave such rows out in the query: WHERE ^2 IS NOT NULL.",
+                   rowName(source, row), source.order);
 }
 
-std::string rowDate(std::int64_t instant) {
-  return instant == kMissingInstant ? "no date" : instantText(instant);
+Notice rowDate(std::int64_t instant) {
+  return instant == kMissingInstant ? phrase("no date") : instantText(instant);
 }
 
 // Every row must hold an instant within the calendar's range.
@@ -44,13 +46,15 @@ void requireInstants(const std::vector<std::int64_t>& instants, const DateSource
   for (std::size_t row = 0; row < instants.size(); ++row) {
     if (instants[row] == kMissingInstant) throw noDate(source, row);
     if (Period::containing(Unit::day, Instant{std::chrono::microseconds{instants[row]}})) continue;
-    throw DataError(rowName(source, row) + " has a date outside the years 1 to 9999. Correct it in the query.");
+    throw DataError("dates.outside-calendar", "^1 has a date outside the years 1 to 9999. Correct it in the query.",
+                    rowName(source, row));
   }
 }
 
 struct Dated {
   std::vector<Period> periods;
   Frequency frequency;
+  Notice reading = {};
 
   // As the rows stand, or once they are sorted.
   bool isEven() const {
@@ -65,7 +69,7 @@ struct Dated {
 };
 
 Dated datedInstants(const std::vector<std::int64_t>& instants) {
-  Dated dated{{}, inferFrequency(instants)};
+  Dated dated{{}, inferFrequency(instants), {}};
   for (const std::int64_t instant : instants) {
     dated.periods.push_back(*Period::containing(dated.frequency.unit, Instant{std::chrono::microseconds{instant}}));
   }
@@ -80,7 +84,7 @@ Dated spacedPeriods(std::vector<Period> periods) {
   ordinals.erase(std::unique(ordinals.begin(), ordinals.end()), ordinals.end());
   const std::int64_t step = ordinals.size() > 1 ? commonSpacing(ordinals).step : 1;
   const Unit unit = periods.front().unit();
-  return {std::move(periods), {unit, step, false}};
+  return {std::move(periods), {unit, step, false}, {}};
 }
 
 // Days tell their frequency as instants do.
@@ -106,34 +110,67 @@ std::optional<std::vector<std::int64_t>> exchangedDaysAndMonths(const std::vecto
   return exchanged;
 }
 
-Dated byInstants(const Column& column, const DateSource& source) {
-  requireInstants(column.instants, source);
-  Dated dated = datedInstants(column.instants);
-  if (dated.isEven()) return dated;
-  if (const auto exchanged = exchangedDaysAndMonths(column.instants)) {
-    Dated other = datedInstants(*exchanged);
-    if (other.isEven()) return other;
+// Told by the first row that the two orders of day and month read as different days.
+Notice readingNote(const DateSource& source, const std::vector<std::int64_t>& taken,
+                   const std::vector<std::int64_t>& other) {
+  const auto [one, exchanged] = std::ranges::mismatch(taken, other);
+  return Notice("dates.order",
+                "^1: row ^2 is read as ^3; with day and month exchanged it would be ^4. To read it so, give "
+                "--exchange-day-month (in a job file, under [dates]: exchange_day_month = true).",
+                source.name, one - taken.begin() + 1, instantText(*one), instantText(*exchanged));
+}
+
+// `first` is the order that is taken unless only the other one gives evenly spaced dates.
+Dated inOneOrder(const std::vector<std::int64_t>& first, const std::vector<std::int64_t>& second,
+                 const DateSource& source, bool exchange) {
+  Dated asFirst = datedInstants(first);
+  if (first == second) return asFirst;
+  Dated asSecond = datedInstants(second);
+  const bool secondIsEven = asSecond.isEven();
+  const bool takesSecond = (secondIsEven && !asFirst.isEven()) != exchange;
+  Dated taken = takesSecond ? std::move(asSecond) : std::move(asFirst);
+  if (secondIsEven || exchange) {
+    taken.reading = takesSecond ? readingNote(source, second, first) : readingNote(source, first, second);
   }
-  return dated;
+  return taken;
 }
 
-UsageError holdsNoDates(const DateSource& source, const std::string& example) {
-  return UsageError("dates: " + source.name + " holds no dates (" + example +
-                    "). Name the first case's date instead, such as --start year=1959 quarter=1 (in a job file, under "
-                    "[dates]: start = { year = 1959, quarter = 1 }).");
+Dated byInstants(const Column& column, const DateSource& source, bool exchange) {
+  requireInstants(column.instants, source);
+  const auto exchanged = exchangedDaysAndMonths(column.instants);
+  return exchanged ? inOneOrder(column.instants, *exchanged, source, exchange) : datedInstants(column.instants);
 }
 
-Dated byTexts(const Column& column, const DateSource& source) {
+UsageError holdsNoDates(const DateSource& source, const Notice& example) {
+  return UsageError(
+      "dates.none",
+      "dates: ^1 holds no dates (row 1: ^2). Name the first case's date instead, such as --start year=1959 "
+      "quarter=1 (in a job file, under [dates]: start = { year = 1959, quarter = 1 }).",
+      source.name, example);
+}
+
+std::vector<std::int64_t> daysOf(const std::vector<std::string>& texts, DateForm form) {
+  std::vector<std::int64_t> instants;
+  for (const std::string& text : texts) instants.push_back(readPeriod(text, form)->ordinal() * kDay);
+  return instants;
+}
+
+Dated byTexts(const Column& column, const DateSource& source, bool exchange) {
   const std::vector<std::string>& texts = column.texts;
   const std::vector<DateForm> forms = formsOf(texts);
   if (forms.empty()) {
     const std::optional<OddText> odd = oddText(texts);
-    if (!odd) throw holdsNoDates(source, "row 1: \"" + texts.front() + "\"");
-    throw DataError(rowName(source, odd->row) + " holds \"" + texts[odd->row] + "\", which is no date like \"" +
-                    texts[odd->like] + "\". Correct it, or leave the row out in the query.");
+    if (!odd) throw holdsNoDates(source, "\"" + texts.front() + "\"");
+    throw DataError("dates.odd",
+                    "^1 holds \"^2\", which is no date like \"^3\". Correct it, or leave the row out in the query.",
+                    rowName(source, odd->row), texts[odd->row], texts[odd->like]);
   }
   const auto empty = std::ranges::find(texts, "");
   if (empty != texts.end()) throw noDate(source, static_cast<std::size_t>(empty - texts.begin()));
+  const auto isForm = [&](DateForm form) { return std::ranges::count(forms, form) > 0; };
+  if (isForm(DateForm::dayMonthYear) && isForm(DateForm::monthDayYear)) {
+    return inOneOrder(daysOf(texts, DateForm::dayMonthYear), daysOf(texts, DateForm::monthDayYear), source, exchange);
+  }
   std::optional<Dated> first;
   for (const DateForm form : forms) {
     std::vector<Period> periods;
@@ -151,32 +188,34 @@ Dated byNumbers(const Column& column, const DateSource& source) {
     throw noDate(source, static_cast<std::size_t>(missing - column.numbers.begin()));
   }
   std::vector<Period> periods = periodsOfNumbers(column.numbers);
-  if (periods.empty()) throw holdsNoDates(source, "row 1: " + source.dateOf(0));
+  if (periods.empty()) throw holdsNoDates(source, source.dateOf(0));
   return datedPeriods(std::move(periods));
 }
 
-std::string dateText(const Column& column, std::size_t row) {
+Notice dateText(const Column& column, std::size_t row) {
   if (column.kind == ColumnKind::instant) return rowDate(column.instants[row]);
   if (column.kind == ColumnKind::number) {
-    return column.numbers[row] == kSystemMissing ? "no date" : numberText(column.numbers[row]);
+    return column.numbers[row] == kSystemMissing ? phrase("no date") : Notice(numberText(column.numbers[row]));
   }
-  return column.texts[row].empty() ? "no date" : column.texts[row];
+  return column.texts[row].empty() ? phrase("no date") : Notice(column.texts[row]);
 }
 
 }  // namespace
 
-DatedRows datedByColumn(const Dataset& dataset, const std::string& name) {
+DatedRows datedByColumn(const Dataset& dataset, const std::string& name, bool exchange) {
   const Column& column = dataset.columns[static_cast<std::size_t>(columnNamed(dataset, name))];
-  const DateSource source{"column \"" + column.name + "\"", "\"" + column.name + "\"",
+  const DateSource source{phrase("column ^1", "\"" + column.name + "\""), "\"" + column.name + "\"",
                           [&column](std::size_t row) { return dateText(column, row); }};
-  Dated dated = column.kind == ColumnKind::instant ? byInstants(column, source)
-                : column.kind == ColumnKind::text  ? byTexts(column, source)
+  Dated dated = column.kind == ColumnKind::instant ? byInstants(column, source, exchange)
+                : column.kind == ColumnKind::text  ? byTexts(column, source, exchange)
                                                    : byNumbers(column, source);
   if (dataset.rowCount < 2) {
-    throw DataError(source.name + ": one row does not tell the frequency. Name the first case's date instead: " +
-                    "start = { year = ..., quarter = ... }.");
+    throw DataError("dates.one-row",
+                    "^1: one row does not tell the frequency. Name the first case's date instead, such as --start "
+                    "year=1959 quarter=1 (in a job file, under [dates]: start = { year = 1959, quarter = 1 }).",
+                    source.name);
   }
-  return {std::move(dated.periods), dated.frequency, source};
+  return {std::move(dated.periods), dated.frequency, source, std::move(dated.reading)};
 }
 
 std::vector<int> componentColumns(const Dataset& dataset, const std::map<Unit, std::string>& variables) {
@@ -186,8 +225,9 @@ std::vector<int> componentColumns(const Dataset& dataset, const std::map<Unit, s
     given.push_back(unit);
     columns.push_back(columnNamed(dataset, name));
     if (dataset.columns[static_cast<std::size_t>(columns.back())].kind == ColumnKind::number) continue;
-    throw UsageError("dates: column \"" + name + "\" is not numeric. Convert it in the query, for instance CAST(" +
-                     name + " AS INTEGER).");
+    throw UsageError("dates.text-component",
+                     "dates: column \"^1\" is not numeric. Convert it in the query, for instance CAST(^1 AS INTEGER).",
+                     name);
   }
   requireUnits(given, variables.rbegin()->first, "variables");
   return columns;
@@ -199,17 +239,17 @@ DatedRows datedByComponents(const Dataset& dataset, const std::map<Unit, std::st
   for (const int index : columns.columns) {
     names += (names.empty() ? "\"" : ", \"") + dataset.columns[static_cast<std::size_t>(index)].name + "\"";
   }
-  const DateSource source{(columns.columns.size() == 1 ? "column " : "columns ") + names, names,
+  const DateSource source{columns.columns.size() == 1 ? phrase("column ^1", names) : phrase("columns ^1", names), names,
                           [&dataset, columns](std::size_t row) {
                             const std::optional<Period> period = columns.period(dataset, row);
-                            return period ? periodLabel(*period) : "no date";
+                            return period ? Notice(periodLabel(*period)) : phrase("no date");
                           }};
   std::vector<Period> periods;
   for (std::size_t row = 0; row < dataset.rowCount; ++row) {
     const std::optional<Period> period = columns.period(dataset, row);
     if (!period) {
-      throw DataError(rowName(source, row) + " holds no date: " + columns.fault(dataset, row) +
-                      ". Correct it, or leave such rows out in the query.");
+      throw DataError("dates.bad-components", "^1 holds no date: ^2. Correct it, or leave such rows out in the query.",
+                      rowName(source, row), columns.fault(dataset, row));
     }
     periods.push_back(*period);
   }

@@ -28,15 +28,20 @@ void addGaps(const Holidays& worked, Holidays& holidays) {
 void addDay(const std::string& word, const Holidays& worked, Holidays& holidays) {
   const std::optional<Period> day = readPeriod(word, Unit::day);
   if (!day) {
-    throw UsageError("holidays: \"" + word + "\" is no day. Write days as 2024-12-25, or the word gaps, which makes " +
-                     "every missing day from Monday to Friday a holiday.");
+    throw UsageError(
+        "dates.no-holiday",
+        "holidays: \"^1\" is no day. Write days as 2024-12-25, or the word gaps, which makes every missing "
+        "day from Monday to Friday a holiday.",
+        word);
   }
   const std::int64_t businessDay = businessDayOrdinal(day->ordinal());
   if (dayOfBusinessDay(businessDay) != day->ordinal()) return;
   if (std::ranges::binary_search(worked, businessDay)) {
-    throw DataError("holidays: " + periodLabel(*day) +
-                    " is declared a holiday, but there is a row for it. Leave it "
-                    "out of the holidays, or the row out of the data.");
+    throw DataError(
+        "dates.holiday-with-row",
+        "holidays: ^1 is declared a holiday, but there is a row for it. Leave it out of the holidays, or the "
+        "row out of the data.",
+        periodLabel(*day));
   }
   holidays.push_back(businessDay);
 }

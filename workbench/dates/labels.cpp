@@ -42,18 +42,22 @@ std::string periodLabel(const Period& period) {
   return std::to_string(parts[0]);
 }
 
-std::string instantText(std::int64_t microseconds) {
+Notice instantText(std::int64_t microseconds) {
   const Instant instant{std::chrono::microseconds{microseconds}};
   constexpr std::int64_t kDay = std::int64_t{24} * 60 * 60 * 1'000'000;
   const std::int64_t timeOfDay = (microseconds % kDay + kDay) % kDay;
   const std::optional<Period> period = Period::containing(timeOfDay == 0 ? Unit::day : Unit::second, instant);
-  if (!period) return "outside the years 1 to 9999";
+  if (!period) return phrase("outside the years 1 to 9999");
   const std::int64_t fraction = timeOfDay % 1'000'000;
   return periodLabel(*period) + (fraction == 0 ? "" : "." + padded(fraction, 6));
 }
 
-std::string countOf(std::int64_t count, Unit unit) {
-  return std::to_string(count) + " " + std::string(unitName(unit)) + (count == 1 ? "" : "s");
+Notice unitPhrase(Unit unit) {
+  return phrase(unitName(unit));
+}
+
+Notice countOf(std::int64_t count, Unit unit) {
+  return phrase("^1 ^2", count, count == 1 ? unitPhrase(unit) : phrase(std::string(unitName(unit)) + "s"));
 }
 
 }  // namespace workbench

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 
+#include "workbench/base/notice.h"
 #include "workbench/dates/period.h"
 
 namespace workbench {
@@ -15,9 +16,12 @@ std::string periodLabel(const Period& period);
 
 // The instant of an error message: date, and the time of day when it is not midnight. Any 64-bit value of
 // microseconds since 1970-01-01 will do; outside years 1 to 9999 the text says only that.
-std::string instantText(std::int64_t microseconds);
+Notice instantText(std::int64_t microseconds);
+
+// The unit as a word of a sentence, in the language of the rest.
+Notice unitPhrase(Unit unit);
 
 // "3 quarters", "1 day".
-std::string countOf(std::int64_t count, Unit unit);
+Notice countOf(std::int64_t count, Unit unit);
 
 }  // namespace workbench

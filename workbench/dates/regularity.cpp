@@ -11,49 +11,52 @@ namespace workbench {
 
 namespace {
 
-const char* const kSort = "Give --sort (in a job file, under [dates]: sort = true).";
-const char* const kFill =
-    "Give --fill-gaps (in a job file, under [dates]: fill_gaps = true) to keep what is missing as rows without values";
-
-const char* const kHolidays =
-    "If such days are holidays, give --holidays gaps (in a job file, under [dates]: holidays = [\"gaps\"]); the rows "
-    "then simply follow one another.";
-
-std::string missingPeriods(const CaseCalendar& calendar, const Period& before, const Period& after) {
+Notice missingPeriods(const CaseCalendar& calendar, const Period& before, const Period& after) {
   const std::string first = periodLabel(*calendar.from(before).period(1));
   const std::string last = periodLabel(*calendar.from(after).period(-1));
-  return first == last ? first + " is missing" : first + " to " + last + " are missing";
-}
-
-std::string remedyForMissing(const CaseCalendar& calendar, std::int64_t distance) {
-  if (!calendar.businessDays || distance - 1 > kLongestHoliday) return kFill;
-  return std::string(kHolidays) + " " + kFill;
+  return first == last ? phrase("^1 is missing", first) : phrase("^1 to ^2 are missing", first, last);
 }
 
 bool descends(const std::vector<Period>& periods) {
   return std::ranges::is_sorted(periods, std::ranges::greater_equal{}, &Period::ordinal);
 }
 
+Notice unsorted(const std::vector<Period>& periods) {
+  const Notice remedy = phrase("Give --sort (in a job file, under [dates]: sort = true).");
+  if (descends(periods)) return Notice("dates.descending", "the rows run from the last date to the first.") + remedy;
+  return Notice("dates.unsorted", "it is earlier, the rows are not sorted.") + remedy;
+}
+
+Notice gap(const Period& before, const Period& after, const CaseCalendar& calendar, std::int64_t distance) {
+  const bool canBeHolidays = calendar.businessDays && distance - 1 <= kLongestHoliday;
+  return Notice(
+      "dates.gap",
+      "^1.^2 Give --fill-gaps (in a job file, under [dates]: fill_gaps = true) to keep what is missing as rows "
+      "without values, or number the cases instead: --start observation=1 (start = { observation = 1 }).",
+      missingPeriods(calendar, before, after),
+      canBeHolidays ? phrase(" If such days are holidays, give --holidays gaps (in a job file, under [dates]: "
+                             "holidays = [\"gaps\"]); the rows then simply follow one another.")
+                    : Notice());
+}
+
 // What is wrong between a row and its predecessor, and what the user can do about it.
-std::string describeFault(const std::vector<Period>& periods, std::size_t row, const CaseCalendar& calendar) {
+Notice describeFault(const std::vector<Period>& periods, std::size_t row, const CaseCalendar& calendar) {
   const Period& before = periods[row - 1];
   const std::int64_t distance = periods[row].ordinal() - before.ordinal();
-  const std::string unit(unitName(before.unit()));
-  if (distance < 0) {
-    return (descends(periods) ? std::string("the rows run from the last date to the first. ")
-                              : std::string("it is earlier, the rows are not sorted. ")) +
-           kSort;
-  }
+  if (distance < 0) return unsorted(periods);
   if (distance == 0) {
-    return "it is the same " + unit + ". Keep one row for each " + unit +
-           ": aggregate in the query with GROUP BY, or select one series with WHERE.";
+    return Notice("dates.twice",
+                  "it is the same ^1. Keep one row for each ^1: aggregate in the query with GROUP BY, or select one "
+                  "series with WHERE.",
+                  unitPhrase(before.unit()));
   }
-  const std::string otherwise = ", or number the cases instead: --start observation=1 (start = { observation = 1 }).";
   if (const auto missing = casesBetween(calendar, before, periods[row])) {
-    return missingPeriods(calendar, before, periods[row]) + ". " + remedyForMissing(calendar, *missing) + otherwise;
+    return gap(before, periods[row], calendar, *missing);
   }
-  return "it comes " + countOf(distance, before.unit()) + " later, where " + countOf(calendar.step, before.unit()) +
-         " is the most common distance. Aggregate to a coarser frequency in the query" + otherwise;
+  return Notice("dates.uneven",
+                "it comes ^1 later, where ^2 is the most common distance. Aggregate to a coarser frequency in the "
+                "query, or number the cases instead: --start observation=1 (start = { observation = 1 }).",
+                countOf(distance, before.unit()), countOf(calendar.step, before.unit()));
 }
 
 }  // namespace
@@ -83,9 +86,8 @@ std::optional<std::int64_t> casesBetween(const CaseCalendar& calendar, const Per
 void requireEvenlySpaced(const std::vector<Period>& periods, const CaseCalendar& calendar, const DateSource& source) {
   for (std::size_t row = 1; row < periods.size(); ++row) {
     if (casesBetween(calendar, periods[row - 1], periods[row]) == 1) continue;
-    throw DataError(source.name + ": row " + std::to_string(row + 1) + " (" + source.dateOf(row) +
-                    ") does not follow row " + std::to_string(row) + " (" + source.dateOf(row - 1) +
-                    "): " + describeFault(periods, row, calendar));
+    throw DataError(phrase("^1: row ^2 (^3) does not follow row ^4 (^5): ^6", source.name, row + 1, source.dateOf(row),
+                           row, source.dateOf(row - 1), describeFault(periods, row, calendar)));
   }
 }
 

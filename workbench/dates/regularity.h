@@ -10,15 +10,16 @@
 #include <string>
 #include <vector>
 
+#include "workbench/base/notice.h"
 #include "workbench/dates/case_calendar.h"
 
 namespace workbench {
 
 // How messages call the rows' dates. Rows count from 0 here and from 1 in texts.
 struct DateSource {
-  std::string name;                                // 'column "date"'
-  std::string order;                               // SQL that sorts by it: "date"
-  std::function<std::string(std::size_t)> dateOf;  // text of a row's date
+  Notice name;                                // 'column "date"'
+  std::string order;                          // SQL that sorts by it: "date"
+  std::function<Notice(std::size_t)> dateOf;  // text of a row's date
 };
 
 // The most common distance between neighbours, and the share of neighbours that have it (0 to 1).

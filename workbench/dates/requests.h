@@ -22,6 +22,7 @@ struct DatesRequest {
   std::map<Unit, std::string> variables;   // numeric columns that hold the components already
   bool sort = false;                       // rows are put into the order of their dates
   bool fillGaps = false;                   // periods without a row become rows without values
+  bool exchangesDayAndMonth = false;       // of a column that can be read in both orders: the one not taken by itself
   std::vector<std::string> holidays = {};  // days, and "gaps": business days that are no cases
 };
 
@@ -31,6 +32,8 @@ struct PredictRequest {
   std::optional<std::int64_t> caseNumber;  // from 1
   bool end = false;                        // through the last case: no forecasts
   std::string period = {};                 // as people write it: "2011Q3"
+  // Beside a period of four digits: the number of periods that it is where the cases are no years.
+  std::optional<std::int64_t> periodsUnlessYear = {};
 };
 
 }  // namespace workbench

@@ -5,6 +5,7 @@
 #include <memory>
 #include <vector>
 
+#include "workbench/base/notice.h"
 #include "workbench/dataset/dataset.h"
 #include "workbench/dates/case_calendar.h"
 
@@ -21,6 +22,7 @@ struct TrendsSettings {
   std::vector<DateVariable> dateVariables;
   bool businessDays = false;                           // the cases are days without Saturdays and Sundays
   std::shared_ptr<const Holidays> holidays = nullptr;  // business days that are no cases either; null: none
+  Notice reading = {};                                 // what is to be told of how the dates were read
   bool predictSet = false;
   bool predictIsDate = false;
   long predictCase = 0;  // from 1; 0 with predictSet and no date means "through the end"

@@ -32,8 +32,9 @@ UserCaseFileSpec::~UserCaseFileSpec() = default;
 bool UserCaseFileSpec::Init(const std::string& path, bool, bool forWriting) {
   workbench::Session& session = currentSession();
   const std::filesystem::path full = session.baseFolder / workbench::pathFromUtf8(path);
-  const std::string reason =
-      forWriting ? workbench::unusableTarget(path, full, session.takenFiles) : "Saved files can only be written here.";
+  const workbench::Notice reason = forWriting
+                                       ? workbench::unusableTarget(path, full, session.takenFiles)
+                                       : workbench::Notice("save.reading", "Saved files can only be written here.");
   if (!reason.empty()) {
     session.saveError = reason;
     return false;
@@ -106,10 +107,13 @@ void scaleBack(workbench::Dataset& dataset, double scale) {
 }
 
 void save(const StateOf<UserCaseFileSpec>& specification, const StateOf<VEXA_DataSource>& source) {
-  if (specification.path.empty()) throw workbench::OutputError("SAVE names no file.");
+  if (specification.path.empty()) {
+    throw workbench::OutputError("save.no-file", "SAVE FILE names no file. Give one, such as 'results.csv'.");
+  }
   if (source.spoiled) throw workbench::OutputError(currentSession().saveError);
   if (source.dataset->columns.empty()) {
-    throw workbench::OutputError("SAVE FILE has nothing to save. " + currentSession().saveRemedies.nothing);
+    throw workbench::OutputError(workbench::Notice("save.nothing", "SAVE FILE has nothing to save.") +
+                                 currentSession().saveRemedies.nothing);
   }
   scaleBack(*source.dataset, currentSession().savedScale);
   workbench::addCaseColumns(*source.dataset, currentSession());
@@ -131,8 +135,11 @@ bool UserOutputCaseFile::Close() {
   if (std::exchange(state_->target().closed, true)) return false;
   try {
     save(state_->specification, state_->target());
+  } catch (const workbench::UserError& error) {
+    currentSession().saveError = error.notice();
+    return false;
   } catch (const std::exception& error) {
-    currentSession().saveError = error.what();
+    currentSession().saveError = workbench::Notice("save.failed", "SAVE FILE cannot be written: ^1", error.what());
     return false;
   }
   currentSession().savedFiles.push_back(state_->specification.path);

@@ -4,6 +4,7 @@
 #include <limits>
 #include <utility>
 
+#include "workbench/base/letter_case.h"
 #include "workbench/base/text_excerpt.h"
 #include "workbench/edge/command_state.h"
 #include "workbench/edge/session.h"
@@ -16,13 +17,6 @@ using workbench::stateOf;
 using workbench::StateOf;
 
 namespace {
-
-std::string upperCase(std::string text) {
-  for (char& c : text) {
-    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-  }
-  return text;
-}
 
 StateOf<CommandSpec> parseResult(workbench::ParsedCommand&& command) {
   StateOf<CommandSpec> result;
@@ -40,16 +34,18 @@ bool isNumeric(const Dataset& dataset, int index) {
   return index >= 0 && dataset.columns[static_cast<std::size_t>(index)].kind == ColumnKind::number;
 }
 
-void refuse(const std::string& list, const std::string& name, const Dataset& dataset, int index) {
-  std::string text = list + ": the variable " + workbench::inQuotes(name);
-  if (index < 0) {
-    text += " is not in the data.";
-  } else {
+void refuse(const workbench::Notice& list, const std::string& name, const Dataset& dataset, int index) {
+  using workbench::Notice;
+  const std::string quoted = workbench::inQuotes(name);
+  Notice text("variable.unknown", "^1: the variable ^2 is not in the data.", list, quoted);
+  if (index >= 0) {
     const bool isText = dataset.columns[static_cast<std::size_t>(index)].kind == ColumnKind::text;
-    text += std::string(" holds ") + (isText ? "text" : "dates") +
-            " and cannot be analysed. Cast it to a number in the query, or choose a numeric variable.";
+    text = Notice("variable.not-numeric",
+                  "^1: the variable ^2 holds ^3 and cannot be analysed. Cast it to a number in the query, or choose a "
+                  "numeric variable.",
+                  list, quoted, isText ? workbench::phrase("text") : workbench::phrase("dates"));
   }
-  currentSession().messages.push_back({workbench::Message::Kind::error, std::move(text)});
+  currentSession().messages.push_back({workbench::Message::Kind::error, text});
 }
 
 }  // namespace
@@ -106,7 +102,7 @@ bool ParamObj::getNumberList(std::vector<double>& values) const {
 
 bool ParamObj::getUpStringGeneric(std::string& text) const {
   if (state_->parsed.texts.empty()) return false;
-  text = upperCase(state_->parsed.texts.front());
+  text = workbench::upperCase(state_->parsed.texts.front());
   return true;
 }
 
@@ -154,7 +150,7 @@ int UniversalParser::getCommandSpecifications() {
       workbench::parseCommand(source, state_->tokens.tokens, stateOf(state_->description), session.dataset);
   for (const workbench::SyntaxError& error : parsed.errors) {
     session.messages.push_back(
-        {workbench::Message::Kind::error, workbench::locatedMessage(source, error.span, error.what())});
+        {workbench::Message::Kind::error, workbench::locatedMessage(source, error.span, error.notice)});
   }
   const bool valid = parsed.errors.empty();
   if (valid) {
@@ -172,14 +168,15 @@ int UniversalParser::getCommandSpecifications() {
 // VarSpecObj
 
 struct VarSpecObj::State {
-  std::string list;  // "ENDOGENOUS of the subcommand MODEL", for messages
+  workbench::Notice list;  // "ENDOGENOUS of the subcommand MODEL", for messages
   std::vector<int> valid;
 };
 
 // The variables are those of the session's dataset, which is the one that every procedure is given.
 VarSpecObj::VarSpecObj(const std::string& parameterName, const std::string& subcommandName, const CommandDescriptor&,
                        VEXA_DataSource*, bool)
-    : state_(std::make_unique<State>(State{parameterName + " of the subcommand " + subcommandName, {}})) {}
+    : state_(std::make_unique<State>(
+          State{workbench::phrase("^1 of the subcommand ^2", parameterName, subcommandName), {}})) {}
 
 VarSpecObj::~VarSpecObj() = default;
 

@@ -22,21 +22,22 @@ static_assert(static_cast<int>(MeasurementLevel::nominal) == codes::kNominalLeve
 namespace {
 
 // Why a saved dataset's column (an index, or -1 for a new one) must not have this name; "" when it may.
-std::string refusal(const Dataset& dataset, const std::string& name, int column) {
-  if (name.empty()) return "a variable of the saved file has no name";
+workbench::Notice refusal(const Dataset& dataset, const std::string& name, int column) {
+  if (name.empty()) return workbench::Notice("save.no-name", "a variable of the saved file has no name.");
   const auto isControl = [](unsigned char c) { return c < 0x20 || c == 0x7f; };
   if (std::any_of(name.begin(), name.end(), isControl))
-    return "a variable name of the saved file holds a control character";
+    return workbench::Notice("save.control-character", "a variable name of the saved file holds a control character.");
   const int holder = dataset.find(name);
-  if (holder < 0 || holder == column) return "";
-  return "two variables of the saved file would be named \"" + name + "\": " + currentSession().saveRemedies.equalNames;
+  if (holder < 0 || holder == column) return {};
+  return workbench::Notice("save.equal-names", "two variables of the saved file would be named \"^1\": ^2.", name,
+                           currentSession().saveRemedies.equalNames);
 }
 
 bool acceptName(StateOf<VEXA_DataSource>& source, const std::string& name, int column) {
-  const std::string reason = refusal(*source.dataset, name, column);
+  const workbench::Notice reason = refusal(*source.dataset, name, column);
   if (reason.empty()) return true;
   source.spoiled = true;
-  currentSession().saveError = reason + ".";
+  currentSession().saveError = reason;
   return false;
 }
 

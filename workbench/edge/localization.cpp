@@ -16,7 +16,9 @@ workbench::MessageCatalogue readTexts(const std::string& path) {
   } catch (const std::runtime_error& error) {
     workbench::currentSession().messages.push_back(
         {workbench::Message::Kind::warning,
-         "The dictionary '" + path + "' " + error.what() + ". The output texts that it lacks are in English."});
+         workbench::Notice("option.bad-dictionary-here",
+                           "The dictionary '^1' ^2. The output texts that it lacks are in English.", path,
+                           workbench::phrase(error.what()))});
     return {};
   }
 }

@@ -12,9 +12,10 @@ SharedLibrary load(const std::filesystem::path& library) {
     return SharedLibrary(library);
   } catch (const UsageError& error) {
     throw UsageError(
-        std::string("the procedure could not be loaded: ") + error.what() +
-        "\nIt belongs in lib/varmodel beside the program's folder, in a build tree in lib: install varmodel "
-        "again, or build it with 'make build'.");
+        "program.no-procedure",
+        "the procedure could not be loaded: ^1\nIt belongs in lib/varmodel beside the program's folder, in a "
+        "build tree in lib: install varmodel again, or build it with 'make build'.",
+        error.what());
   }
 }
 
@@ -22,7 +23,9 @@ SharedLibrary load(const std::filesystem::path& library) {
 
 ProcedureModule::ProcedureModule(const std::filesystem::path& library, const std::string& entry)
     : library_(load(library)), entry_(library_.function(entry)) {
-  if (entry_ == nullptr) throw UsageError(library.string() + " has no procedure " + entry + ".");
+  if (entry_ == nullptr) {
+    throw UsageError("program.wrong-procedure", "^1 has no procedure ^2. Build it with 'make build'.", library, entry);
+  }
 }
 
 CapturedStreams ProcedureModule::call(Session& session) const {

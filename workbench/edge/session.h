@@ -12,10 +12,12 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "workbench/base/json.h"
 #include "workbench/base/language.h"
+#include "workbench/base/notice.h"
 #include "workbench/base/taken_file.h"
 #include "workbench/base/text_excerpt.h"
 #include "workbench/dataset/dataset.h"
@@ -26,8 +28,11 @@ namespace workbench {
 
 struct Message {
   enum class Kind { error, warning };
+  Message(Kind which, Notice what) : kind(which), text(what.text()), notice(std::move(what)) {}
+
   Kind kind;
-  std::string text;  // may have several lines (a syntax error shows the line and a caret)
+  std::string text;  // in English; may have several lines (a syntax error shows the line and a caret)
+  Notice notice;     // without an id where the procedure speaks
 };
 
 // One pass over the cases that the procedure made: which columns, and whether user-missing values were excluded.
@@ -51,8 +56,8 @@ class StageClock {
 
 // What to do when a saved file is refused, in the words of the running command.
 struct SaveRemedies {
-  std::string nothing = "Ask for something to save.";  // a sentence: no column was asked for
-  std::string equalNames = "rename one of them";       // two columns would have the same name
+  Notice nothing = phrase("Ask for something to save.");  // a sentence: no column was asked for
+  Notice equalNames = phrase("rename one of them");       // two columns would have the same name
 };
 
 // What a call of a procedure is given.
@@ -90,7 +95,7 @@ struct CallRecord {
   std::vector<Message> messages;
   std::vector<CasePass> passes;
   std::vector<std::filesystem::path> savedFiles;
-  std::string saveError;         // why a saved file could not be written
+  Notice saveError;              // why a saved file could not be written
   int begunItems = 0;            // tables and charts that the procedure began to make
   rapidjson::Document document;  // what the converter received; null when it received nothing
   StageClock clock;

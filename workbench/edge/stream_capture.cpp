@@ -18,8 +18,9 @@ int openUnnamedFile() {
   const std::filesystem::path folder = temporaryFolder();
   const int file = createUnnamedFile(folder);
   if (file < 0) {
-    throw OutputError("cannot make a temporary file in " + folder.string() + ": " + std::strerror(errno) +
-                      ". Set TMPDIR to a folder that can be written.");
+    throw OutputError("output.temporary-file",
+                      "cannot make a temporary file in ^1: ^2. Set TMPDIR to a folder that can be written.", folder,
+                      std::strerror(errno));
   }
   return file;
 }

@@ -77,11 +77,11 @@ void CommandReader::skipToSubcommand() {
 void CommandReader::readHead() {
   const Token& name = cursor_.peek();
   if (!cursor_.at(TokenKind::word)) {
-    throw SyntaxError(name.span, "the command begins with its name, " + description_.name + ".");
+    throw SyntaxError(name.span, "syntax.no-name", "the command begins with its name, ^1.", description_.name);
   }
   if (!sameName(name.text, description_.name)) {
-    throw SyntaxError(name.span, "there is no command " + inQuotes(name.text) + "." +
-                                     didYouMeanOrList(name.text, {description_.name}, "The command here"));
+    throw SyntaxError(name.span, Notice("syntax.no-command", "there is no command ^1.", inQuotes(name.text)) +
+                                     didYouMeanOrList(name.text, {description_.name}, phrase("The command here")));
   }
   cursor_.take();
   const SubcommandDescription* global = findSubcommand(description_, "");
@@ -104,18 +104,21 @@ const SubcommandDescription& CommandReader::readSubcommandName() {
   const Token& slash = cursor_.take();
   const std::vector<std::string> known = subcommandNames(description_);
   if (!cursor_.at(TokenKind::word)) {
-    throw SyntaxError(slash.span,
-                      "a slash begins a subcommand, but no name follows. Subcommands: " + listed(known) + ".");
+    throw SyntaxError(slash.span, "syntax.slash", "a slash begins a subcommand, but no name follows. Subcommands: ^1.",
+                      listed(known));
   }
   const Token& name = cursor_.take();
   const SubcommandDescription* subcommand = findSubcommand(description_, name.text);
   if (subcommand == nullptr) {
-    const std::string remedy = glued ? " A name or path that holds a slash stands in quotes."
-                                     : didYouMeanOrList(name.text, known, "Subcommands");
-    throw SyntaxError(name.span, description_.name + " has no subcommand " + inQuotes(name.text) + "." + remedy);
+    const Notice remedy = glued ? phrase("A name or path that holds a slash stands in quotes.")
+                                : didYouMeanOrList(name.text, known, phrase("Subcommands"));
+    throw SyntaxError(
+        name.span,
+        Notice("syntax.no-subcommand", "^1 has no subcommand ^2.", description_.name, inQuotes(name.text)) + remedy);
   }
   if (std::find(seen_.begin(), seen_.end(), subcommand->name) != seen_.end()) {
-    throw SyntaxError(name.span, "the subcommand " + subcommand->name + " is given twice. Put all in one.");
+    throw SyntaxError(name.span, "syntax.subcommand-twice", "the subcommand ^1 is given twice. Put all in one.",
+                      subcommand->name);
   }
   seen_.push_back(subcommand->name);
   return *subcommand;
@@ -129,7 +132,7 @@ void CommandReader::readParameters(const SubcommandDescription& subcommand, Pars
     const Token& name = cursor_.take();
     for (const ParsedParameter& given : parsed.parameters) {
       if (sameName(given.name, name.text)) {
-        throw SyntaxError(name.span, given.name + " is given twice. Keep one of the two.");
+        throw SyntaxError(name.span, "syntax.parameter-twice", "^1 is given twice. Keep one of the two.", given.name);
       }
     }
     parsed.parameters.push_back(readParameter(subcommand, name, variables));
@@ -141,7 +144,9 @@ ParsedParameter CommandReader::readParameter(const SubcommandDescription& subcom
   const bool equals = cursor_.at(TokenKind::equals);
   for (const std::string_view keyword : kGlobalKeywords) {
     if (!subcommand.name.empty() || !sameName(name.text, keyword)) continue;
-    if (equals) throw SyntaxError(cursor_.peek().span, std::string(keyword) + " takes no value.");
+    if (equals) {
+      throw SyntaxError(cursor_.peek().span, "syntax.needless-value", "^1 takes no value. Leave it out.", keyword);
+    }
     return {.name = std::string(keyword)};
   }
   const ParameterDescription& parameter = described(subcommand, name);
@@ -153,7 +158,7 @@ ParsedParameter CommandReader::readParameter(const SubcommandDescription& subcom
     return given;
   }
   if (parameter.kind == ParameterKind::optionalName) return {.name = parameter.name};
-  throw SyntaxError(name.span, parameter.name + " lacks its equals sign and value: " + parameter.name + "=...");
+  throw SyntaxError(name.span, "syntax.no-equals", "^1 lacks its equals sign and value: ^1=...", parameter.name);
 }
 
 const ParameterDescription& CommandReader::described(const SubcommandDescription& subcommand, const Token& name) const {
@@ -161,18 +166,23 @@ const ParameterDescription& CommandReader::described(const SubcommandDescription
   const bool global = subcommand.name.empty();
   const std::string quoted = inQuotes(name.text);
   if (findSubcommand(description_, name.text) != nullptr) {
-    throw SyntaxError(name.span, quoted + " is a subcommand; it begins with a slash: /" + name.text + ".");
+    throw SyntaxError(name.span, "syntax.no-slash", "^1 is a subcommand; it begins with a slash: /^2.", quoted,
+                      name.text);
   }
   for (const SubcommandDescription& other : description_.subcommands) {
     if (findParameter(other, name.text) != nullptr) {
-      throw SyntaxError(name.span, quoted + " is a parameter of the subcommand " + other.name + ".");
+      throw SyntaxError(name.span, "syntax.elsewhere", "^1 is a parameter of the subcommand ^2. Write it there.",
+                        quoted, other.name);
     }
   }
   std::vector<std::string> known = parameterNames(subcommand);
   if (global) known.insert(known.end(), kGlobalKeywords.begin(), kGlobalKeywords.end());
-  throw SyntaxError(name.span, (global ? description_.name : subcommand.name) + " has no " +
-                                   (global ? "global keyword " : "parameter ") + quoted + "." +
-                                   didYouMeanOrList(name.text, known, global ? "Global keywords" : "Its parameters"));
+  if (global) {
+    throw SyntaxError(name.span, Notice("syntax.no-global", "^1 has no global keyword ^2.", description_.name, quoted) +
+                                     didYouMeanOrList(name.text, known, phrase("Global keywords")));
+  }
+  throw SyntaxError(name.span, Notice("syntax.no-parameter", "^1 has no parameter ^2.", subcommand.name, quoted) +
+                                   didYouMeanOrList(name.text, known, phrase("Its parameters")));
 }
 
 // Where a parameter starts, only a word makes sense.
@@ -180,9 +190,9 @@ void CommandReader::refuseOtherTokens(const SubcommandDescription& subcommand) c
   if (cursor_.at(TokenKind::word)) return;
   const Span span = cursor_.peek().span;
   const std::string found = inQuotes(source_.substr(span.begin, span.end - span.begin));
-  const std::string expected =
-      subcommand.name.empty() ? "a global keyword or /SUBCOMMAND" : "PARAM=value or /SUBCOMMAND";
-  throw SyntaxError(span, found + " does not belong here; what may follow is " + expected + ".");
+  const Notice expected =
+      subcommand.name.empty() ? phrase("a global keyword or /SUBCOMMAND") : phrase("PARAM=value or /SUBCOMMAND");
+  throw SyntaxError(span, "syntax.misplaced", "^1 does not belong here; what may follow is ^2.", found, expected);
 }
 
 }  // namespace

@@ -3,15 +3,22 @@
 #pragma once
 
 #include <stdexcept>
-#include <string>
+#include <string_view>
+#include <utility>
 
+#include "workbench/base/notice.h"
 #include "workbench/base/text_excerpt.h"
 
 namespace workbench {
 
-struct SyntaxError : std::runtime_error {
-  SyntaxError(Span where, const std::string& text) : std::runtime_error(text), span(where) {}
+struct SyntaxError : std::runtime_error {  // what() is English
+  SyntaxError(Span where, Notice what) : std::runtime_error(what.text()), span(where), notice(std::move(what)) {}
+  template <class... Arguments>
+  SyntaxError(Span where, std::string_view id, std::string_view key, const Arguments&... arguments)
+      : SyntaxError(where, Notice(id, key, arguments...)) {}
+
   Span span;
+  Notice notice;
 };
 
 }  // namespace workbench

@@ -5,10 +5,12 @@ namespace workbench {
 const Token& TokenCursor::peek() const {
   const Token& token = tokens_[next_];
   if (token.kind == TokenKind::unclosedQuote) {
-    throw SyntaxError(token.span, "this quote is not closed on its line. A quote within a text is doubled.");
+    throw SyntaxError(token.span, "syntax.open-quote",
+                      "this quote is not closed on its line. A quote within a text is doubled.");
   }
   if (token.kind == TokenKind::unclosedComment) {
-    throw SyntaxError({token.span.begin, token.span.begin + 2}, "this comment is not closed by */.");
+    throw SyntaxError({token.span.begin, token.span.begin + 2}, "syntax.open-comment",
+                      "this comment is not closed by */.");
   }
   return token;
 }

@@ -26,32 +26,32 @@ std::string firstKeywords(const ParameterDescription& parameter) {
   return parameter.brackets ? "[" + text + "]" : text;
 }
 
-std::string boundsText(const ParameterDescription& parameter) {
+Notice boundsText(const ParameterDescription& parameter) {
   if (parameter.lower && parameter.upper) {
-    return "a number from " + shortest(*parameter.lower) + " to " + shortest(*parameter.upper);
+    return phrase("a number from ^1 to ^2", shortest(*parameter.lower), shortest(*parameter.upper));
   }
-  if (parameter.lower) return "a number of at least " + shortest(*parameter.lower);
-  return parameter.upper ? "a number of at most " + shortest(*parameter.upper) : "a number";
+  if (parameter.lower) return phrase("a number of at least ^1", shortest(*parameter.lower));
+  return parameter.upper ? phrase("a number of at most ^1", shortest(*parameter.upper)) : phrase("a number");
 }
 
-std::string expectation(const ParameterDescription& parameter) {
+Notice expectation(const ParameterDescription& parameter) {
   switch (parameter.kind) {
     case ParameterKind::keyword:
-      return "one keyword of " + listed(parameter.keywords);
+      return phrase("one keyword of ^1", listed(parameter.keywords));
     case ParameterKind::keywordList:
-      return "keywords of " + listed(parameter.keywords);
+      return phrase("keywords of ^1", listed(parameter.keywords));
     case ParameterKind::number:
       return boundsText(parameter);
     case ParameterKind::numberList:
-      return boundsText(parameter) + " or several";
+      return phrase("^1 or several", boundsText(parameter));
     case ParameterKind::variableList:
-      return "a list of variables";
+      return phrase("a list of variables");
     case ParameterKind::file:
-      return "a path, in quotes or right after the equals sign";
+      return phrase("a path, in quotes or right after the equals sign");
     case ParameterKind::optionalName:
-      return "a name";
+      return phrase("a name");
   }
-  return "a value";
+  return phrase("a value");
 }
 
 class ValueReader {
@@ -77,7 +77,8 @@ class ValueReader {
 };
 
 void ValueReader::failMissing() const {
-  throw SyntaxError(name_.span, parameter_.name + " has no value; it takes " + expectation(parameter_) + ".");
+  throw SyntaxError(name_.span, "syntax.no-value", "^1 has no value; it takes ^2.", parameter_.name,
+                    expectation(parameter_));
 }
 
 bool ValueReader::isKeyword(const std::string& text) const {
@@ -87,10 +88,11 @@ bool ValueReader::isKeyword(const std::string& text) const {
 
 void ValueReader::refuseParenthesis() const {
   if (!cursor_.at(TokenKind::parenthesis)) return;
-  const std::string remedy = parameter_.brackets
-                                 ? "Write square brackets: " + parameter_.name + "=" + firstKeywords(parameter_)
-                                 : "Leave them out: " + parameter_.name + " takes " + expectation(parameter_);
-  throw SyntaxError(cursor_.peek().span, "parentheses are not part of the command language. " + remedy + ".");
+  const Notice remedy = parameter_.brackets
+                            ? phrase("Write square brackets: ^1=^2.", parameter_.name, firstKeywords(parameter_))
+                            : phrase("Leave them out: ^1 takes ^2.", parameter_.name, expectation(parameter_));
+  throw SyntaxError(cursor_.peek().span,
+                    Notice("syntax.parenthesis", "parentheses are not part of the command language.") + remedy);
 }
 
 // The items of a list, commas left out; at least one.
@@ -101,8 +103,8 @@ Items ValueReader::items() {
   if (!parameter_.brackets) return run();
   Items one{&single()};
   if (cursor_.at(TokenKind::comma) || (cursor_.atText() && !cursor_.atParameter() && isKeyword(cursor_.peek().text))) {
-    throw SyntaxError(cursor_.peek().span, "several keywords stand in square brackets: " + parameter_.name + "=" +
-                                               firstKeywords(parameter_) + ".");
+    throw SyntaxError(cursor_.peek().span, "syntax.brackets", "several keywords stand in square brackets: ^1=^2.",
+                      parameter_.name, firstKeywords(parameter_));
   }
   return one;
 }
@@ -114,8 +116,9 @@ Items ValueReader::bracketed() {
     refuseParenthesis();
     const bool item = cursor_.atText() && !cursor_.atParameter();
     if (!item && !cursor_.at(TokenKind::comma)) {
-      if (!cursor_.at(TokenKind::openBracket)) throw SyntaxError(open.span, "this bracket is not closed by ].");
-      throw SyntaxError(cursor_.peek().span, "brackets do not stand within brackets.");
+      if (!cursor_.at(TokenKind::openBracket))
+        throw SyntaxError(open.span, "syntax.open-bracket", "this bracket is not closed by ].");
+      throw SyntaxError(cursor_.peek().span, "syntax.nested-brackets", "brackets do not stand within brackets.");
     }
     const Token& token = cursor_.take();
     if (item) found.push_back(&token);
@@ -137,8 +140,8 @@ Items ValueReader::run() {
 const Token& ValueReader::single() {
   refuseParenthesis();
   if (cursor_.at(TokenKind::openBracket)) {
-    throw SyntaxError(cursor_.peek().span,
-                      parameter_.name + " takes " + expectation(parameter_) + ", without brackets.");
+    throw SyntaxError(cursor_.peek().span, "syntax.no-brackets", "^1 takes ^2, without brackets.", parameter_.name,
+                      expectation(parameter_));
   }
   if (!cursor_.atText() || cursor_.atParameter()) failMissing();
   return cursor_.take();
@@ -161,7 +164,6 @@ bool ValueReader::continuesPath() const {
 }
 
 double readNumber(const Token& token, const ParameterDescription& parameter) {
-  const std::string wrong = parameter.name + " takes " + boundsText(parameter) + "; ";
   std::string_view digits = token.text;
   if (digits.starts_with('+') && !digits.starts_with("+-")) digits.remove_prefix(1);
   double number = 0.0;
@@ -169,11 +171,13 @@ double readNumber(const Token& token, const ParameterDescription& parameter) {
   const bool whole = end == digits.data() + digits.size();
   if (token.kind == TokenKind::string || error == std::errc::invalid_argument || !whole ||
       (error == std::errc() && !std::isfinite(number))) {
-    throw SyntaxError(token.span, wrong + inQuotes(token.text) + " is no number.");
+    throw SyntaxError(token.span, "syntax.no-number", "^1 takes ^2; ^3 is no number.", parameter.name,
+                      boundsText(parameter), inQuotes(token.text));
   }
   if (error != std::errc() || (parameter.lower && number < *parameter.lower) ||
       (parameter.upper && number > *parameter.upper)) {
-    throw SyntaxError(token.span, wrong + inQuotes(token.text) + " is out of bounds.");
+    throw SyntaxError(token.span, "syntax.out-of-bounds", "^1 takes ^2; ^3 is out of bounds.", parameter.name,
+                      boundsText(parameter), inQuotes(token.text));
   }
   return number;
 }
@@ -182,8 +186,9 @@ std::string readKeyword(const Token& token, const ParameterDescription& paramete
   for (const std::string& keyword : parameter.keywords) {
     if (sameName(keyword, token.text)) return keyword;
   }
-  throw SyntaxError(token.span, parameter.name + " has no keyword " + inQuotes(token.text) + "." +
-                                    didYouMeanOrList(token.text, parameter.keywords, "Its keywords"));
+  throw SyntaxError(token.span,
+                    Notice("syntax.no-keyword", "^1 has no keyword ^2.", parameter.name, inQuotes(token.text)) +
+                        didYouMeanOrList(token.text, parameter.keywords, phrase("Its keywords")));
 }
 
 }  // namespace

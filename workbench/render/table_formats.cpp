@@ -7,6 +7,7 @@
 #include <variant>
 #include <vector>
 
+#include "workbench/base/letter_case.h"
 #include "workbench/render/html_table.h"
 #include "workbench/render/latex_table.h"
 #include "workbench/render/markdown_csv.h"
@@ -20,10 +21,6 @@ constexpr std::array<TableFormat, 4> kFormats{{{"CSV", "csv", ".csv", paintCsv},
                                                {"LaTeX", "latex", ".tex", paintLatex},
                                                {"HTML", "html", ".html", htmlTable}}};
 
-char lowered(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 }  // namespace
 
 std::span<const TableFormat> tableFormats() {
@@ -31,8 +28,7 @@ std::span<const TableFormat> tableFormats() {
 }
 
 const TableFormat* tableFormatOf(std::string_view fileName) {
-  std::string name(fileName);
-  std::ranges::transform(name, name.begin(), lowered);
+  const std::string name = lowerCase(std::string(fileName));
   const auto* found =
       std::ranges::find_if(kFormats, [&](const TableFormat& format) { return name.ends_with(format.extension); });
   return found == kFormats.end() ? nullptr : found;

@@ -78,10 +78,10 @@ std::optional<AnalysedRows> analysedRows(const FinishedRun& run) {
   return rows;
 }
 
-std::vector<std::string> rowNotes(const FinishedRun& run) {
+std::vector<Notice> rowNotes(const FinishedRun& run) {
   const std::optional<AnalysedRows> rows = analysedRows(run);
   if (!rows || rows->account.dropped == 0) return {};
-  std::vector<std::string> notes;
+  std::vector<Notice> notes;
   const RowAccount& account = rows->account;
   std::string why;
   for (std::size_t i = 0; i < account.missing.size(); ++i) {
@@ -92,12 +92,12 @@ std::vector<std::string> rowNotes(const FinishedRun& run) {
   std::string cases;
   for (const std::int64_t offset : account.firstDropped)
     cases += (cases.empty() ? "" : ", ") + caseLabel(run.input.dataset, run.input.trends, offset);
-  notes.push_back(tr("Rows: ^1 read, ^2 used, ^3 dropped (^4; first dropped: ^5).", account.read, account.used,
-                     account.dropped, why, cases));
+  notes.emplace_back("rows.dropped", "Rows: ^1 read, ^2 used, ^3 dropped (^4; first dropped: ^5).", account.read,
+                     account.used, account.dropped, why, cases);
   if (account.gapInside) {
-    notes.push_back(
-        tr("Dropped cases lie inside the sample: the series are joined over the gap, so that the lags next to it span "
-           "more than their number of periods."));
+    notes.emplace_back("rows.gap-inside",
+                       "Dropped cases lie inside the sample: the series are joined over the gap, so that the lags next "
+                       "to it span more than their number of periods.");
   }
   return notes;
 }

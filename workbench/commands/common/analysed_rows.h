@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "workbench/base/notice.h"
 #include "workbench/commands/common/command.h"
 #include "workbench/dataset/row_account.h"
 
@@ -46,6 +47,6 @@ struct AnalysedRows {
 std::optional<AnalysedRows> analysedRows(const FinishedRun& run);
 
 // How many rows were read, used and dropped, and why; none when all were used.
-std::vector<std::string> rowNotes(const FinishedRun& run);
+std::vector<Notice> rowNotes(const FinishedRun& run);
 
 }  // namespace workbench

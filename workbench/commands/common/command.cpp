@@ -1,17 +1,15 @@
 #include "workbench/commands/common/command.h"
 
 #include <algorithm>
-#include <cctype>
 
+#include "workbench/base/letter_case.h"
 #include "workbench/commands/common/composer.h"
 
 namespace workbench {
 
 Outcome Command::outcome(const CallRecord& record, const CapturedStreams& streams) const {
-  std::string prefix = name();
-  for (char& c : prefix) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
   Outcome outcome;
-  outcome.failedStep = failedStep(streams, prefix + "_entry");
+  outcome.failedStep = failedStep(streams, lowerCase(name()) + "_entry");
   outcome.succeeded =
       outcome.failedStep == 0 && std::none_of(record.messages.begin(), record.messages.end(),
                                               [](const Message& one) { return one.kind == Message::Kind::error; });
@@ -20,6 +18,10 @@ Outcome Command::outcome(const CallRecord& record, const CapturedStreams& stream
 
 std::string Command::itemId(const rapidjson::Value& item, std::size_t place) const {
   return std::string(item["type"].GetString()) + "-" + std::to_string(place + 1);
+}
+
+std::string Command::messageId(const std::string& /*message*/) const {
+  return lowerCase(name()) + ".other";
 }
 
 std::unique_ptr<Composer> Command::composer() const {

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "workbench/base/notice.h"
 #include "workbench/commands/common/outcome.h"
 #include "workbench/edge/session.h"
 #include "workbench/edge/stream_capture.h"
@@ -21,7 +22,7 @@ struct FinishedRun;
 
 // What to do about a message of the procedure.
 struct Advice {
-  std::string hint;      // below the message; empty when there is nothing to add
+  Notice hint;           // below the message; empty when there is nothing to add
   bool unasked = false;  // the message concerns nothing that was asked for
 };
 
@@ -51,12 +52,12 @@ class Command {
   // failed; a run without such a line and without an error message succeeded.
   virtual Outcome outcome(const CallRecord& record, const CapturedStreams& streams) const;
 
-  // The rest is asked after the call. Texts are finished sentences in the session's language.
+  // The rest is asked after the call. Texts are finished sentences.
   virtual std::string summary(const FinishedRun& /*run*/) const { return {}; }
   // What of the summary was not computed, and how to have it; empty when all was.
-  virtual std::string summaryNote(const FinishedRun& /*run*/) const { return {}; }
+  virtual Notice summaryNote(const FinishedRun& /*run*/) const { return {}; }
   // Notes under the output in reading order; the account of the rows is not among them.
-  virtual std::vector<std::string> notes(const FinishedRun& /*run*/) const { return {}; }
+  virtual std::vector<Notice> notes(const FinishedRun& /*run*/) const { return {}; }
   // Notes below single tables and charts, and items that are not shown.
   virtual DocumentView view(const FinishedRun& /*run*/) const { return {}; }
   // A lasting English name for an item of the document, whatever the language. Without an override: type and place.
@@ -64,13 +65,15 @@ class Command {
   // How its tables read in long form; what has no shape is written cell by cell.
   virtual TidyShapes tidyShapes(const FinishedRun& /*run*/) const { return {}; }
   // What a job's scale changed in the output, and what not.
-  virtual std::string scaleNote(const FinishedRun& /*run*/) const { return {}; }
+  virtual Notice scaleNote(const FinishedRun& /*run*/) const { return {}; }
   // About an error or warning of the procedure. The runner may be used for further calls on the same data.
   virtual Advice advice(const std::string& /*message*/, const FinishedRun& /*run*/, CommandRunner& /*runner*/) const {
     return {};
   }
+  // The lasting id of an error or warning of the procedure, whatever its arguments.
+  virtual std::string messageId(const std::string& message) const;
   // The likely cause of a stop without any message, as far as the trace tells; empty when it does not.
-  virtual std::string silentCause(const FinishedRun& /*run*/) const { return {}; }
+  virtual Notice silentCause(const FinishedRun& /*run*/) const { return {}; }
 
   // The subcommand of the program that composes this command from options; null when there is none.
   virtual std::unique_ptr<Composer> composer() const;

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "workbench/base/notice.h"
 #include "workbench/commands/common/command_runner.h"
 #include "workbench/commands/common/option_words.h"
 
@@ -43,7 +44,7 @@ class Composer {
   // What it knows of a run beyond its command is added to how the run is shown.
   virtual void present(const FinishedRun& /*run*/, DocumentView& /*view*/) const {}
   // What to do about a run that failed, beside what its messages advise; empty when there is nothing to add.
-  virtual std::string hint(const FinishedRun& /*run*/) const { return {}; }
+  virtual Notice hint(const FinishedRun& /*run*/) const { return {}; }
   // With which settings it runs.
   virtual RunnerSettings firstSettings(RunnerSettings settings) const { return settings; }
   // What follows the last run; nothing when all is done. The runner may be used for further calls on the same data.

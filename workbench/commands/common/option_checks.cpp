@@ -3,6 +3,7 @@
 #include <charconv>
 #include <optional>
 
+#include "workbench/base/letter_case.h"
 #include "workbench/base/suggest.h"
 #include "workbench/dataset/dataset.h"
 #include "workbench/edge/texts.h"

@@ -4,7 +4,6 @@
 #include <array>
 
 #include "workbench/document/document_reader.h"
-#include "workbench/edge/texts.h"
 
 namespace workbench {
 
@@ -39,14 +38,14 @@ Outcome withWhatWasLeft(Outcome outcome, const CallRecord& record) {
   return outcome;
 }
 
-std::string stepName(int step) {
-  const std::array names = {tr("an unknown step"),
-                            tr("step 1, describing the command"),
-                            tr("step 2, parsing the command"),
-                            tr("step 3, checking the subcommands and reading the data"),
-                            tr("step 4, the estimation"),
-                            tr("step 5, building the output"),
-                            tr("step 6, writing the saved file")};
+Notice stepName(int step) {
+  const std::array names = {phrase("an unknown step"),
+                            phrase("step 1, describing the command"),
+                            phrase("step 2, parsing the command"),
+                            phrase("step 3, checking the subcommands and reading the data"),
+                            phrase("step 4, the estimation"),
+                            phrase("step 5, building the output"),
+                            phrase("step 6, writing the saved file")};
   return names.at(static_cast<std::size_t>(step));
 }
 

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "workbench/base/notice.h"
 #include "workbench/edge/session.h"
 #include "workbench/edge/stream_capture.h"
 
@@ -31,7 +32,7 @@ int failedStep(const CapturedStreams& streams, const std::string& entry);
 Outcome withWhatWasLeft(Outcome outcome, const CallRecord& record);
 
 // What step 1..6 does, for messages ("reading the command").
-std::string stepName(int step);
+Notice stepName(int step);
 
 // The last lines of a text, each indented by two blanks.
 std::string lastLines(const std::string& text, int count);

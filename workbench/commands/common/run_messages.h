@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "workbench/base/notice.h"
 #include "workbench/commands/common/command.h"
 
 namespace workbench {
@@ -13,11 +14,14 @@ class CommandRunner;
 
 struct RunMessage {
   enum class Kind { error, warning, hint, note };
-  Kind kind = Kind::note;
-  std::string text;          // in the session's language; may have several lines
-  bool shownQuietly = true;  // of warnings: also with -q; of notes: also where only the main tables are shown
-  bool aboveOutput = false;  // a note that the output must be read with
-  int command = 0;           // the number of its command in a job of several
+  RunMessage(Kind which, const Notice& notice, bool quietly = true, bool above = false);
+
+  Kind kind;
+  std::string id;     // names it for good, whatever its words
+  std::string text;   // in the session's language; may have several lines
+  bool shownQuietly;  // of warnings: also with -q; of notes: also where only the main tables are shown
+  bool aboveOutput;   // a note that the output must be read with
+  int command = 0;    // the number of its command in a job of several
 
   // With that number in front.
   std::string shown() const;

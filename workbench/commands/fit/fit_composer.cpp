@@ -57,9 +57,9 @@ void FitComposer::present(const FinishedRun& run, DocumentView& view) const {
   view.saidOtherwise.emplace_back(tr("Lag ^1 was given.", lag), whyThisLag_);
 }
 
-std::string FitComposer::hint(const FinishedRun& run) const {
+Notice FitComposer::hint(const FinishedRun& run) const {
   if (!isDynamics(run)) return {};
-  return tr("What VARMODEL found above stands. To have that alone, give --model-only.");
+  return Notice("fit.model-stands", "What VARMODEL found above stands. To have that alone, give --model-only.");
 }
 
 RunnerSettings FitComposer::firstSettings(RunnerSettings settings) const {

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "workbench/base/notice.h"
 #include "workbench/commands/common/composer.h"
 #include "workbench/commands/vardynamics/analyze_composer.h"
 #include "workbench/commands/varmodel/model_composer.h"
@@ -23,7 +24,7 @@ class FitComposer final : public Composer {
   std::vector<OptionWord> optionWords(const FinishedRun& run) const override;
   std::vector<std::string> shortForm() const override;
   void present(const FinishedRun& run, DocumentView& view) const override;
-  std::string hint(const FinishedRun& run) const override;
+  Notice hint(const FinishedRun& run) const override;
 
   RunnerSettings firstSettings(RunnerSettings settings) const override;
   // The passes of VARMODEL, and after the last one VARDYNAMICS at its lag.

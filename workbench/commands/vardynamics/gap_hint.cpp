@@ -7,7 +7,6 @@
 #include "workbench/commands/common/analysed_rows.h"
 #include "workbench/dates/case_label.h"
 #include "workbench/dates/labels.h"
-#include "workbench/edge/texts.h"
 
 namespace workbench::vardynamics {
 
@@ -44,15 +43,17 @@ std::string written(const std::vector<Bound>& bounds, bool asOptions) {
 
 }  // namespace
 
-std::string gapHint(const FinishedRun& run, bool excludeUserMissing) {
+Notice gapHint(const FinishedRun& run, bool excludeUserMissing) {
   const std::array<std::string, 2> lists{"MODEL ENDOGENOUS", "MODEL EXOGENOUS"};
   const std::vector<int> columns = columnsOf(run.input.dataset, run.record, lists);
   const std::optional<RowRun> longest = longestCompleteRun(run.input.dataset, columns, excludeUserMissing);
   const std::string bounds = longest ? written(boundsOf(run.input, *longest), run.input.composed) : "";
   if (bounds.empty()) return {};
   return run.input.composed
-             ? tr("To analyse the longest part without a gap, give these options:^1", bounds)
-             : tr("To analyse the longest part without a gap, give [data] in the job file these lines:^1", bounds);
+             ? Notice("vardynamics.longest-part-options",
+                      "To analyse the longest part without a gap, give these options:^1", bounds)
+             : Notice("vardynamics.longest-part-keys",
+                      "To analyse the longest part without a gap, give [data] in the job file these lines:^1", bounds);
 }
 
 }  // namespace workbench::vardynamics

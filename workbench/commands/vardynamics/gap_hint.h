@@ -2,14 +2,12 @@
 
 #pragma once
 
-#include <string>
-
 #include "workbench/commands/common/command.h"
 
 namespace workbench::vardynamics {
 
 // The options, or the lines of the job, that leave the longest run of complete rows; empty where periods of the cases'
 // unit cannot be written in them.
-std::string gapHint(const FinishedRun& run, bool excludeUserMissing);
+Notice gapHint(const FinishedRun& run, bool excludeUserMissing);
 
 }  // namespace workbench::vardynamics

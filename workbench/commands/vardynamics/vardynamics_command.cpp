@@ -1,11 +1,12 @@
 #include "workbench/commands/vardynamics/vardynamics_command.h"
 
 #include <algorithm>
-#include <cctype>
 #include <string_view>
 
+#include "workbench/base/letter_case.h"
 #include "workbench/commands/vardynamics/analyze_composer.h"
 #include "workbench/commands/vardynamics/gap_hint.h"
+#include "workbench/commands/vardynamics/message_ids.h"
 #include "workbench/commands/vardynamics/tidy_shapes.h"
 #include "workbench/document/document_reader.h"
 
@@ -38,9 +39,14 @@ Outcome VardynamicsCommand::outcome(const CallRecord& record, const CapturedStre
 std::string VardynamicsCommand::itemId(const rapidjson::Value& item, std::size_t /*place*/) const {
   const std::string name(item["name"].GetString(), item["name"].GetStringLength());
   const std::size_t dash = std::min(name.find(" - "), name.size());
-  std::string id = name.substr(0, dash);
-  for (char& c : id) c = c == ' ' ? '-' : static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  std::string id = lowerCase(name.substr(0, dash));
+  std::ranges::replace(id, ' ', '-');
   return dash == name.size() ? id : id + ":" + name.substr(dash + 3);
+}
+
+std::string VardynamicsCommand::messageId(const std::string& message) const {
+  const std::string id = vardynamics::messageId(message);
+  return id.empty() ? Command::messageId(message) : id;
 }
 
 DocumentView VardynamicsCommand::view(const FinishedRun& run) const {

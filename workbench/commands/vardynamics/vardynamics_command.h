@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "workbench/base/notice.h"
 #include "workbench/commands/common/command.h"
 #include "workbench/edge/shared_library.h"
 
@@ -14,10 +15,12 @@ class VardynamicsCommand final : public Command {
   bool includesUserMissing(const CallRecord& parsed) const override;
   bool readsFutureCases() const override { return true; }
   SaveRemedies saveRemedies() const override {
-    return {.nothing = "Add FORECASTS, RESIDUALS, SHOCKS or BACKTEST.", .equalNames = "rename one of the variables"};
+    return {.nothing = phrase("Add FORECASTS, RESIDUALS, SHOCKS or BACKTEST."),
+            .equalNames = phrase("rename one of the variables")};
   }
   // A run that says nothing of its success has failed, whatever else it says.
   Outcome outcome(const CallRecord& record, const CapturedStreams& streams) const override;
+  std::string messageId(const std::string& message) const override;
   std::string itemId(const rapidjson::Value& item, std::size_t place) const override;
   // The notes of the summary open the output, with the charts of the forecast.
   DocumentView view(const FinishedRun& run) const override;

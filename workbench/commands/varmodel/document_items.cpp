@@ -111,22 +111,23 @@ std::string itemId(const rapidjson::Value& item) {
   return {};
 }
 
-std::vector<std::string> keywordNotes(const CallRecord& record) {
-  std::vector<std::string> notes;
+std::vector<Notice> keywordNotes(const CallRecord& record) {
+  std::vector<Notice> notes;
   for (const KeywordItem& entry : keywordItems) {
     if (!requested(record, entry.list, entry.keyword)) continue;
     if (findItem(record, entry.type, entry.name) != nullptr) continue;
-    std::string text = tr("^1 was requested but produced no output.", entry.keyword);
-    if (entry.keyword == "RESIDACF") text += " " + tr("Its column is part of the residual tests: add TAUTO or TNORM.");
+    Notice text("varmodel.no-item", "^1 was requested but produced no output.", entry.keyword);
+    if (entry.keyword == "RESIDACF") text += phrase("Its column is part of the residual tests: add TAUTO or TNORM.");
     if (entry.keyword == "FORECASTS" || entry.keyword == "FORECAST") {
-      text += " " + tr("Forecasts need a [predict] target after the last case.");
+      text += phrase("Forecasts need a [predict] target after the last case.");
     }
     notes.push_back(text);
   }
   if (requested(record, modelFit, "ARSQUARE") && !requested(record, modelFit, "RSQUARE")) {
-    notes.push_back(
-        tr("Adjusted R Square is computed from R Square, which was not requested and therefore counts as 0: request "
-           "RSQUARE beside ARSQUARE."));
+    notes.emplace_back(
+        "varmodel.adjusted-alone",
+        "Adjusted R Square is computed from R Square, which was not requested and therefore counts as 0: request "
+        "RSQUARE beside ARSQUARE.");
   }
   return notes;
 }

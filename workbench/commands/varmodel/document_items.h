@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "workbench/base/json.h"
+#include "workbench/base/notice.h"
 #include "workbench/edge/session.h"
 
 namespace workbench::varmodel {
@@ -28,6 +29,6 @@ const rapidjson::Value* findItem(const CallRecord& record, std::string_view type
 std::string itemId(const rapidjson::Value& item);
 
 // One note for each keyword that was requested and has no item in the document.
-std::vector<std::string> keywordNotes(const CallRecord& record);
+std::vector<Notice> keywordNotes(const CallRecord& record);
 
 }  // namespace workbench::varmodel

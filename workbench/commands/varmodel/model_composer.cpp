@@ -4,9 +4,10 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
+#include <cstdint>
 
 #include "workbench/base/errors.h"
+#include "workbench/base/whole_number.h"
 #include "workbench/commands/common/command_text.h"
 #include "workbench/commands/common/option_checks.h"
 #include "workbench/commands/varmodel/selected_lag.h"
@@ -49,26 +50,22 @@ constexpr std::array optionNames = {
 };
 const std::vector<std::string> criteriaNames = {"AIC", "BIC", "HQIC"};
 
-std::optional<int> lagOrder(const std::string& word) {
-  int lag = 0;
-  const char* end = word.data() + word.size();
-  const auto [stop, error] = std::from_chars(word.data(), end, lag);
-  return stop == end && error == std::errc() ? std::optional(lag) : std::nullopt;
-}
+constexpr std::int64_t kLargestLag = 1'000'000;  // the command's own bound, which it tells itself, is lower
 
 }  // namespace
 
 // A number is the lag order; the names of criteria are another way to write --select.
 void ModelComposer::readLag() {
   if (options_.lag.empty()) return;
-  const std::optional<int> order = options_.lag.size() == 1 ? lagOrder(options_.lag.front()) : std::nullopt;
+  const auto order = options_.lag.size() == 1 ? wholeNumber(options_.lag.front(), "--lag", kLargestLag) : std::nullopt;
   if (order) {
     const char* other = !options_.criteria.empty() ? "--select" : options_.minLag ? "--minlag" : "--maxlag";
     if (!options_.criteria.empty() || options_.minLag || options_.maxLag) {
-      throw UsageError(
-          tr("--lag ^1 gives the lag order, ^2 belongs to its choice. Leave out one of the two.", *order, other));
+      throw UsageError("option.lag-and-choice",
+                       "--lag ^1 gives the lag order, ^2 belongs to its choice. Leave out one of the two.", *order,
+                       other);
     }
-    options_.minLag = options_.maxLag = order;
+    options_.minLag = options_.maxLag = static_cast<int>(*order);
     fixedLag_ = true;
     return;
   }
@@ -76,9 +73,10 @@ void ModelComposer::readLag() {
     const auto known =
         std::ranges::find_if(criteriaNames, [&](const std::string& name) { return sameName(name, word); });
     if (known == criteriaNames.end()) {
-      throw UsageError(tr(
+      throw UsageError(
+          "option.no-lag",
           "--lag: \"^1\" is neither one lag order, as in --lag 2, nor a criterion that chooses it, as in --select bic.",
-          word));
+          word);
     }
     options_.criteria.push_back(*known);
   }

@@ -15,7 +15,7 @@ namespace workbench::varmodel {
 namespace {
 
 // A failed residual test shows as statistic 0 with significance 1; a test that ran has a positive statistic.
-void addTestNotes(const CallRecord& record, std::vector<std::string>& notes) {
+void addTestNotes(const CallRecord& record, std::vector<Notice>& notes) {
   const rapidjson::Value* items = itemsOf(record);
   if (items == nullptr) return;
   for (const rapidjson::Value& item : items->GetArray()) {
@@ -26,17 +26,17 @@ void addTestNotes(const CallRecord& record, std::vector<std::string>& notes) {
       const rapidjson::Value& cells = item["cells"][row];
       const std::string name = item["rows"][row].GetString();
       if (ljungBox && cells[1].IsNumber() && cells[1].GetDouble() == 0.0) {
-        notes.push_back(
-            tr("The Ljung-Box test of ^1 could not be computed: it needs at least one lag and more residuals than "
-               "lags.",
-               name));
+        notes.emplace_back(
+            "varmodel.no-ljung-box",
+            "The Ljung-Box test of ^1 could not be computed: it needs at least one lag and more residuals than lags.",
+            name);
       }
       if (requested(record, modelFit, "TNORM") && cells[jarqueBera].IsNumber() &&
           cells[jarqueBera].GetDouble() == 0.0 && cells[jarqueBera + 1].GetDouble() == 1.0) {
-        notes.push_back(
-            tr("The Jarque-Bera test of ^1 could not be computed: it needs at least four residuals with a variance of "
-               "at least 1e-12.",
-               name));
+        notes.emplace_back("varmodel.no-jarque-bera",
+                           "The Jarque-Bera test of ^1 could not be computed: it needs at least four residuals with a "
+                           "variance of at least 1e-12.",
+                           name);
       }
     }
   }
@@ -63,33 +63,37 @@ std::string withFixedLag(const FinishedRun& run, int lag) {
 }
 
 // A selected lag below MAXLAG splits the output over two lags; the remedy is one more run.
-std::string lagRemedy(const FinishedRun& run) {
+Notice lagRemedy(const FinishedRun& run) {
   const int selected = selectedLag(run);
   if (selected == lagRange(run.record).most) return {};
-  return tr("To have everything for lag ^1, run this command:\n^2", selected, withFixedLag(run, selected));
+  return Notice("varmodel.run-again", "To have everything for lag ^1, run this command:\n^2", selected,
+                withFixedLag(run, selected));
 }
 
 // The warnings of the trace, but for those that another note says or that the next run settles.
-std::vector<std::string> warningNotes(const FinishedRun& run) {
-  std::vector<std::string> notes;
+std::vector<Notice> warningNotes(const FinishedRun& run) {
+  std::vector<Notice> notes;
   const bool tabled = findItem(run.record, "table", "Forecast") != nullptr;
   for (const std::string& text : tracedWarnings(run)) {
     const bool settled = run.followed && text.starts_with("The selected lag ");
     if (settled || (tabled && text == forecastsWithoutExogenous)) continue;
-    notes.push_back(run.input.language.translate(text));
+    notes.push_back(Notice::quoted(run.command.messageId(text), run.input.language.translate(text)));
   }
   return notes;
 }
 
 }  // namespace
 
-std::vector<std::string> collectNotes(const FinishedRun& run) {
-  std::vector<std::string> notes = warningNotes(run);
+std::vector<Notice> collectNotes(const FinishedRun& run) {
+  std::vector<Notice> notes = warningNotes(run);
   if (run.followed) return notes;
-  if (const std::string remedy = lagRemedy(run); !remedy.empty()) notes.push_back(remedy);
+  if (const Notice remedy = lagRemedy(run); !remedy.empty()) notes.push_back(remedy);
   if (const rapidjson::Value* items = itemsOf(run.record)) {
-    if (items->Empty()) notes.push_back(tr("No output was requested: add keywords to MODELSTATISTICS or SERIESPLOT."));
-    std::vector<std::string> missing = keywordNotes(run.record);
+    if (items->Empty()) {
+      notes.emplace_back("varmodel.no-output",
+                         "No output was requested: add keywords to MODELSTATISTICS or SERIESPLOT.");
+    }
+    std::vector<Notice> missing = keywordNotes(run.record);
     std::move(missing.begin(), missing.end(), std::back_inserter(notes));
     addTestNotes(run.record, notes);
   }

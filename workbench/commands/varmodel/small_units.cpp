@@ -93,16 +93,17 @@ std::string scaleText(double scale) {
   return fmt::format("{}", scale);
 }
 
-std::string scaleNote(const FinishedRun& run) {
-  std::string text =
-      tr("All endogenous series are multiplied by ^1. In this unit are the descriptive statistics, constants, "
-         "coefficients "
-         "of exogenous variables (with standard errors and limits), residual sums of squares, MSE, RMSE, MAE, "
-         "covariances, "
-         "forecasts and the charts of series. Lag coefficients, t, Sig., R Square, MAPE, correlations and tests do not "
-         "depend on it; log-likelihood and criteria move by the same amount for every lag.",
-         scaleText(run.scale));
-  if (!run.record.savedFiles.empty()) text += " " + tr("The saved file is in the unit of the data.");
+Notice scaleNote(const FinishedRun& run) {
+  Notice text = Notice(
+      "varmodel.scaled",
+      "All endogenous series are multiplied by ^1. In this unit are the descriptive statistics, constants, "
+      "coefficients "
+      "of exogenous variables (with standard errors and limits), residual sums of squares, MSE, RMSE, MAE, "
+      "covariances, "
+      "forecasts and the charts of series. Lag coefficients, t, Sig., R Square, MAPE, correlations and tests do not "
+      "depend on it; log-likelihood and criteria move by the same amount for every lag.",
+      scaleText(run.scale));
+  if (!run.record.savedFiles.empty()) text += phrase("The saved file is in the unit of the data.");
   return text;
 }
 

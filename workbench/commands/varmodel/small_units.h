@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 
+#include "workbench/base/notice.h"
 #include "workbench/commands/common/command_runner.h"
 
 namespace workbench::varmodel {
@@ -21,6 +22,6 @@ std::optional<double> fittingScale(const FinishedRun& stopped, CommandRunner& ru
 std::string scaleText(double scale);
 
 // What the scale changed in the output, and what not.
-std::string scaleNote(const FinishedRun& run);
+Notice scaleNote(const FinishedRun& run);
 
 }  // namespace workbench::varmodel

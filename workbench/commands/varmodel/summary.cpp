@@ -55,13 +55,15 @@ std::string fillingSubcommand(const CallRecord& record, const std::vector<std::s
 }
 
 // Requested, but the residuals are those of another lag than MAXLAG.
-std::string emptyErrorMeasures(const FinishedRun& run) {
+Notice emptyErrorMeasures(const FinishedRun& run) {
   const int selected = selectedLag(run);
   const bool any = std::ranges::any_of(std::array{"MSE", "RMSE", "MAE", "MAPE"},
                                        [&](const char* one) { return requested(run.record, modelFit, one); });
   if (!any || selected == lagRange(run.record).most) return {};
-  return tr("MSE, RMSE, MAE and MAPE(%) stay 0 in the summary unless MINLAG and MAXLAG are both the selected lag, ^1.",
-            selected);
+  return Notice(
+      "varmodel.summary-error-measures",
+      "MSE, RMSE, MAE and MAPE(%) stay 0 in the summary unless MINLAG and MAXLAG are both the selected lag, ^1.",
+      selected);
 }
 
 }  // namespace
@@ -77,7 +79,7 @@ std::string summaryText(const FinishedRun& run) {
   return out.substr(begin, end + closing.size() - begin);
 }
 
-std::string summaryNote(const FinishedRun& run) {
+Notice summaryNote(const FinishedRun& run) {
   if (summaryText(run).empty()) return {};
   std::vector<std::string> columns;
   std::vector<std::string> keywords;
@@ -88,12 +90,12 @@ std::string summaryNote(const FinishedRun& run) {
     keywords.emplace_back(one.keyword);
     columns.emplace_back(one.columns);
   }
-  std::string note = emptyErrorMeasures(run);
+  const Notice note = emptyErrorMeasures(run);
   if (columns.empty()) return note;
-  if (!note.empty()) note = " " + note;
-  return tr("These parts of the summary were not computed, and 0, OK and No in them mean nothing: ^1.",
-            joined(columns, ", ")) +
-         note + " " + tr("This subcommand fills them:\n^1", fillingSubcommand(run.record, keywords));
+  return Notice("varmodel.summary-parts",
+                "These parts of the summary were not computed, and 0, OK and No in them mean nothing: ^1.",
+                joined(columns, ", ")) +
+         note + phrase("This subcommand fills them:\n^1", fillingSubcommand(run.record, keywords));
 }
 
 }  // namespace workbench::varmodel

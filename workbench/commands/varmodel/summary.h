@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "workbench/base/notice.h"
 #include "workbench/commands/common/command.h"
 
 namespace workbench::varmodel {
@@ -13,6 +14,6 @@ std::string summaryText(const FinishedRun& run);
 
 // Which of its columns were not computed and therefore mean nothing, and the subcommand that fills them; empty when all
 // were.
-std::string summaryNote(const FinishedRun& run);
+Notice summaryNote(const FinishedRun& run);
 
 }  // namespace workbench::varmodel

@@ -4,7 +4,6 @@
 #include <iterator>
 
 #include "workbench/commands/common/analysed_rows.h"
-#include "workbench/edge/texts.h"
 
 namespace workbench::varmodel {
 
@@ -44,15 +43,18 @@ bool exceedsUsableLag(const FinishedRun& run) {
   return usable && lagRange(run.record).most > usable->lag;
 }
 
-std::string usableLagText(const UsableLag& usable) {
+Notice usableLagText(const UsableLag& usable) {
   if (usable.lag < 1) {
-    return tr(
+    return Notice(
+        "varmodel.no-usable-lag",
         "With ^1 rows, ^2 endogenous and ^3 exogenous variables no lag can be estimated: use fewer variables or more "
         "data.",
         usable.rows, usable.endogenous, usable.exogenous);
   }
-  return tr("With ^1 rows, ^2 endogenous and ^3 exogenous variables the largest usable MAXLAG is ^4.", usable.rows,
-            usable.endogenous, usable.exogenous, usable.lag);
+  return Notice(
+      "varmodel.usable-lag",
+      "With ^1 rows, ^2 endogenous and ^3 exogenous variables the largest usable MAXLAG is ^4. Give MAXLAG=^4.",
+      usable.rows, usable.endogenous, usable.exogenous, usable.lag);
 }
 
 }  // namespace workbench::varmodel

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 
+#include "workbench/base/notice.h"
 #include "workbench/commands/common/command.h"
 
 namespace workbench::varmodel {
@@ -32,6 +33,6 @@ std::optional<UsableLag> usableLag(const FinishedRun& run);
 // Whether MAXLAG is beyond it.
 bool exceedsUsableLag(const FinishedRun& run);
 
-std::string usableLagText(const UsableLag& usable);
+Notice usableLagText(const UsableLag& usable);
 
 }  // namespace workbench::varmodel

@@ -49,7 +49,7 @@ std::string VarmodelCommand::summary(const FinishedRun& run) const {
   return varmodel::summaryText(run);
 }
 
-std::string VarmodelCommand::summaryNote(const FinishedRun& run) const {
+Notice VarmodelCommand::summaryNote(const FinishedRun& run) const {
   return varmodel::summaryNote(run);
 }
 
@@ -67,19 +67,24 @@ TidyShapes VarmodelCommand::tidyShapes(const FinishedRun& /*run*/) const {
                      {.id = "forecasts", .file = "forecasts", .rows = "response", .groups = "period"}}};
 }
 
-std::string VarmodelCommand::scaleNote(const FinishedRun& run) const {
+Notice VarmodelCommand::scaleNote(const FinishedRun& run) const {
   return varmodel::scaleNote(run);
 }
 
-std::vector<std::string> VarmodelCommand::notes(const FinishedRun& run) const {
+std::vector<Notice> VarmodelCommand::notes(const FinishedRun& run) const {
   return varmodel::collectNotes(run);
+}
+
+std::string VarmodelCommand::messageId(const std::string& message) const {
+  const KnownMessage* known = varmodel::knownMessage(message);
+  return known == nullptr ? Command::messageId(message) : std::string(known->id);
 }
 
 Advice VarmodelCommand::advice(const std::string& message, const FinishedRun& run, CommandRunner& runner) const {
   return varmodel::adviceFor(message, run, runner);
 }
 
-std::string VarmodelCommand::silentCause(const FinishedRun& run) const {
+Notice VarmodelCommand::silentCause(const FinishedRun& run) const {
   return varmodel::silentCause(run.streams);
 }
 

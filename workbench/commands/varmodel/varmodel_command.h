@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "workbench/base/notice.h"
 #include "workbench/commands/common/command.h"
 #include "workbench/edge/shared_library.h"
 
@@ -15,19 +16,21 @@ class VarmodelCommand final : public Command {
   std::vector<std::string> scaledLists() const override { return {"MODEL ENDOGENOUS"}; }
   bool includesUserMissing(const CallRecord& parsed) const override;
   SaveRemedies saveRemedies() const override {
-    return {.nothing = "Add PREDICTED or NRESIDUAL.", .equalNames = "give PREDICTED and NRESIDUAL different prefixes"};
+    return {.nothing = phrase("Add PREDICTED or NRESIDUAL."),
+            .equalNames = phrase("give PREDICTED and NRESIDUAL different prefixes")};
   }
   void requestSummary(bool wanted) const override;
   Outcome outcome(const CallRecord& record, const CapturedStreams& streams) const override;
   std::string summary(const FinishedRun& run) const override;
-  std::string summaryNote(const FinishedRun& run) const override;
+  Notice summaryNote(const FinishedRun& run) const override;
   DocumentView view(const FinishedRun& run) const override;
   std::string itemId(const rapidjson::Value& item, std::size_t place) const override;
-  std::vector<std::string> notes(const FinishedRun& run) const override;
+  std::vector<Notice> notes(const FinishedRun& run) const override;
   TidyShapes tidyShapes(const FinishedRun& run) const override;
-  std::string scaleNote(const FinishedRun& run) const override;
+  Notice scaleNote(const FinishedRun& run) const override;
+  std::string messageId(const std::string& message) const override;
   Advice advice(const std::string& message, const FinishedRun& run, CommandRunner& runner) const override;
-  std::string silentCause(const FinishedRun& run) const override;
+  Notice silentCause(const FinishedRun& run) const override;
 };
 
 }  // namespace workbench
