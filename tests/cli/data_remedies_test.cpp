@@ -82,6 +82,19 @@ TEST_F(DataRemedies, NumbersWrittenOtherwiseAreReadWithThePrintedOptionsOrLines)
   EXPECT_EQ(again.exitCode, 0) << again.err << lines;
 }
 
+TEST_F(DataRemedies, DecimalCommasInTheFirstColumnAreTold) {
+  const std::string rows = series([](int, double x, double y) { return german(x) + ";" + german(y); });
+  for (const char* first : {"1.213,31;n/a\n", "1.213,31;2,25\n"}) {
+    space.file("de.csv", "x;y\n" + std::string(first) + rows);
+    const std::string told = unwrapped(space.run({"describe", "de.csv"}).out);
+    EXPECT_THAT(told, AllOf(HasSubstr("41 rows, 2 variables"), HasSubstr("x (row 1 holds \"1.213,31\")")));
+    const std::string options = after(told, "Give these options: ");
+    const ProgramRun fitted = fit("de.csv", shellWords(options));
+    EXPECT_EQ(fitted.exitCode, 0) << options << fitted.err;
+    EXPECT_EQ(after(fit("de.csv").err, "Give these options: "), options);
+  }
+}
+
 TEST_F(DataRemedies, FilesThatAreNoPlainTableAreReadWithThePrintedOption) {
   const auto line = [](int i, double x, double y) { return std::to_string(i) + ";" + fixed(x, 3) + ";" + fixed(y, 4); };
   space.file("report.csv", "Report\nof the bank; all; in; EUR\ni;x;y\n" + series(line));

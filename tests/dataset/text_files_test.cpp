@@ -6,6 +6,7 @@
 #include "tests/dataset/fault.h"
 #include "tests/dataset/temp_folder.h"
 #include "workbench/base/errors.h"
+#include "workbench/dataset/duckdb_connection.h"
 #include "workbench/dataset/header_names.h"
 #include "workbench/dataset/load.h"
 #include "workbench/dataset/text_numbers.h"
@@ -122,6 +123,34 @@ TEST_F(TextFiles, NamesBelowATitleAreFoundByTheirRow) {
   const Dataset mended = load(text, found->format);
   EXPECT_EQ(mended.columns[1].name, "x");
   EXPECT_EQ(mended.columns[2].kind, ColumnKind::number);
+}
+
+// Decimal commas in the first column tempt a reader to part the rows there.
+TEST_F(TextFiles, ArePartedAtTheSeparatorOnWhichHeaderAndRowsAgree) {
+  struct Case {
+    const char* text;
+    std::vector<std::string> names;
+    const char* first;  // text of the first column, as written
+  };
+  for (const Case& one :
+       std::vector<Case>{{"gdp;rate\n1.213,31;n/a\n1.220,5;2,5\n1.231,07;2,75\n", {"gdp", "rate"}, "1.213,31"},
+                         {"gdp;rate\n1.213,31;2,25\n1.220,5;2,5\n\n", {"gdp", "rate"}, "1.213,31"},
+                         {"gdp\trate\n1,31\t\n1,5\t2,5\n", {"gdp", "rate"}, "1,31"},
+                         {"gdp|rate\n1,31|2,5\n1,5|2,5\n", {"gdp", "rate"}, "1,31"},
+                         {"gdp;x,y\n1,31;\"a;b\"\n1,5;2,5\n", {"gdp", "x,y"}, "1,31"}}) {
+    const Dataset dataset = load(one.text);
+    std::vector<std::string> names;
+    for (const Column& column : dataset.columns) names.push_back(column.name);
+    EXPECT_EQ(names, one.names) << one.text;
+    ASSERT_FALSE(dataset.columns[0].texts.empty()) << one.text;
+    EXPECT_EQ(dataset.columns[0].texts[0], one.first) << one.text;
+  }
+  EXPECT_EQ(load("note, too\nx;y\n1,5;2,5\n2,5;3,5\n", {.numbers = {}, .missing = {}, .skip = 1}).columns[0].name, "x");
+  const auto packed = folder / "a.csv.gz";
+  DuckdbConnection(1).query("COPY (SELECT unnest(['1,31', '1,5']) AS gdp, unnest(['n/a', '2,5']) AS rate) TO " +
+                            sqlText(packed.string()) + " (FORMAT csv, HEADER, DELIMITER ';', COMPRESSION gzip)");
+  EXPECT_EQ(loadDataset({packed, "", {}, {}}).columns[0].name, "gdp");
+  EXPECT_EQ(load("a,b;c,d\n1,2;3,4\n5,6;7,8\n").columns.size(), 3u);  // not told: both agree
 }
 
 TEST_F(TextFiles, WhatIsNoTableIsToldWithTheLineAndTheOption) {

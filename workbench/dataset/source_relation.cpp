@@ -11,6 +11,7 @@
 #include "workbench/base/letter_case.h"
 #include "workbench/base/suggest.h"
 #include "workbench/dataset/data_file.h"
+#include "workbench/dataset/text_lines.h"
 
 namespace workbench {
 
@@ -26,6 +27,11 @@ constexpr std::uintmax_t kSmallFile = 8 << 20;
 constexpr std::uintmax_t kWhollySampledCsv = 1 << 20;
 
 constexpr std::array kMissingWords{"", "NA", "N/A", "#N/A", ".", "NULL", "null"};
+
+bool isCompressed(const fs::path& source) {
+  const std::string extension = source.extension().string();
+  return extension == ".gz" || extension == ".zst";
+}
 
 enum class FileKind { csv, parquet, json, database };
 
@@ -104,16 +110,6 @@ std::string formatArguments(const FileFormat& format) {
   return arguments;
 }
 
-std::string csvRelation(const fs::path& source, const FileFormat& format) {
-  const std::string extension = source.extension().string();
-  const bool compressed = extension == ".gz" || extension == ".zst";
-  const bool small = !compressed && sizeOf(source) <= kWhollySampledCsv;
-  const bool plain = !format.describesText() && !plainCommaHeader(source).empty();
-  return "read_csv(" + sqlFileName(source) + ", auto_type_candidates = ['BOOLEAN', " + (small ? "'BIGINT', " : "") +
-         "'DOUBLE', 'DATE', 'TIMESTAMP', 'TIMESTAMPTZ', 'VARCHAR']" + (small ? ", sample_size = -1" : "") +
-         (plain ? R"(, delim = ',', quote = '"', escape = '"')" : "") + formatArguments(format) + ")";
-}
-
 std::vector<std::string> textColumn(duckdb_result* result) {
   std::vector<std::string> texts;
   while (duckdb_data_chunk chunk = duckdb_fetch_chunk(*result)) {
@@ -124,6 +120,47 @@ std::vector<std::string> textColumn(duckdb_result* result) {
     duckdb_destroy_data_chunk(&chunk);
   }
   return texts;
+}
+
+// As firstLines() of the decompressed file, without the lines to be skipped.
+std::vector<std::string> decompressedLines(DuckdbConnection& connection, const fs::path& source,
+                                           const FileFormat& format) {
+  try {
+    return textColumn(connection
+                          .query("SELECT coalesce(line, '') FROM read_csv(" + sqlFileName(source) +
+                                 ", auto_detect = false, header = false, delim = '\x01', quote = '', escape = '', "
+                                 "columns = {line: 'VARCHAR'}, skip = " +
+                                 std::to_string(format.skip.value_or(0)) + ") LIMIT 1000")
+                          .get());
+  } catch (const DuckdbError&) {
+    return {};  // reading the table itself fails alike, with the better message
+  }
+}
+
+// The lines that tell the separator: those from the header on.
+std::vector<std::string> linesOfTable(DuckdbConnection& connection, const fs::path& source, const FileFormat& format) {
+  if (!fs::is_regular_file(source)) return {};
+  if (isCompressed(source)) return decompressedLines(connection, source, format);
+  std::vector<std::string> lines = firstLines(source);
+  const auto above = std::min(static_cast<std::size_t>(format.skip.value_or(0)), lines.size());
+  lines.erase(lines.begin(), lines.begin() + static_cast<std::ptrdiff_t>(above));
+  return lines;
+}
+
+// DuckDB takes the separator that gives the most columns of numbers: of "gdp;rate" above "1,31;2,5" it would be the
+// comma, with the header lost.
+std::string dialectArguments(DuckdbConnection& connection, const fs::path& source, const FileFormat& format) {
+  if (!format.describesText() && !plainCommaHeader(source).empty())
+    return R"(, delim = ',', quote = '"', escape = '"')";
+  const std::optional<char> separator = commonSeparator(linesOfTable(connection, source, format));
+  return separator ? ", delim = " + sqlText({&*separator, 1}) : "";
+}
+
+std::string csvRelation(DuckdbConnection& connection, const fs::path& source, const FileFormat& format) {
+  const bool small = !isCompressed(source) && sizeOf(source) <= kWhollySampledCsv;
+  return "read_csv(" + sqlFileName(source) + ", auto_type_candidates = ['BOOLEAN', " + (small ? "'BIGINT', " : "") +
+         "'DOUBLE', 'DATE', 'TIMESTAMP', 'TIMESTAMPTZ', 'VARCHAR']" + (small ? ", sample_size = -1" : "") +
+         dialectArguments(connection, source, format) + formatArguments(format) + ")";
 }
 
 // Qualified and quoted names of the tables in the attached file.
@@ -201,7 +238,7 @@ std::string sourceRelation(DuckdbConnection& connection, const fs::path& source,
     case FileKind::csv:
       break;
   }
-  return csvRelation(source, format);
+  return csvRelation(connection, source, format);
 }
 
 std::vector<std::string> attachedTables(DuckdbConnection& connection) {

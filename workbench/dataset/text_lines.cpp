@@ -1,6 +1,7 @@
 #include "workbench/dataset/text_lines.h"
 
 #include <algorithm>
+#include <array>
 #include <fstream>
 #include <sstream>
 #include <string_view>
@@ -11,6 +12,8 @@
 namespace workbench {
 
 namespace {
+
+constexpr std::array kSeparators{';', '\t', ',', '|'};
 
 // Delimiters outside of quotes.
 std::size_t delimitersIn(std::string_view line, char delimiter) {
@@ -51,6 +54,13 @@ bool holdsNumber(const std::string& line, char delimiter) {
   return false;
 }
 
+bool separates(std::span<const std::string> lines, char separator) {
+  const std::size_t common = delimitersIn(lines.front(), separator);
+  return common > 0 && std::ranges::all_of(lines.subspan(1), [&](const std::string& line) {
+           return line.empty() || delimitersIn(line, separator) == common;
+         });
+}
+
 bool isUtf8(std::string_view text) {
   while (!text.empty()) {
     const CodePoint point = firstCodePoint(text);
@@ -76,12 +86,23 @@ std::vector<std::string> firstLines(const std::filesystem::path& source) {
 }
 
 std::optional<TableStart> tableStart(const std::vector<std::string>& lines) {
-  for (const char delimiter : {';', '\t', ',', '|'}) {
+  for (const char delimiter : kSeparators) {
     const Run run = longestEvenRun(lines, delimiter);
     if (run.end < run.begin + 2 || (run.begin == 0 && run.end == lines.size())) continue;
     return TableStart{run.begin, run.end, lines[run.begin], !holdsNumber(lines[run.begin], delimiter)};
   }
   return std::nullopt;
+}
+
+std::optional<char> commonSeparator(std::span<const std::string> lines) {
+  if (lines.size() < 2) return std::nullopt;
+  std::optional<char> common;
+  for (const char separator : kSeparators) {
+    if (!separates(lines, separator)) continue;
+    if (common) return std::nullopt;
+    common = separator;
+  }
+  return common;
 }
 
 std::size_t firstLineOutsideUtf8(const std::vector<std::string>& lines) {

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -22,6 +23,10 @@ struct TableStart {
 };
 // Nothing when all lines belong to that run, or it has fewer than two.
 std::optional<TableStart> tableStart(const std::vector<std::string>& lines);
+
+// The one separator of which all lines from the first on, the empty ones apart, hold equally many outside of quotes.
+// Nothing when no separator does, or several do.
+std::optional<char> commonSeparator(std::span<const std::string> lines);
 
 // The number of the first line, from 1, that is not UTF-8; 0 when all are.
 std::size_t firstLineOutsideUtf8(const std::vector<std::string>& lines);
