@@ -7,6 +7,7 @@
 #include <string_view>
 #include <utility>
 
+#include "workbench/base/descriptor.h"
 #include "workbench/base/errors.h"
 #include "workbench/base/interruption.h"
 #include "workbench/base/process.h"
@@ -25,6 +26,7 @@ int dispatch(const workbench::Invocation& invocation) {
   if (const auto* end = std::get_if<workbench::EndNow>(&invocation)) return end->exitCode;
   if (const auto* run = std::get_if<workbench::RunOptions>(&invocation)) {
     workbench::Job job = workbench::readJobFile(run->jobFile);
+    job.data.unsafe = run->unsafeSql;
     if (run->checkOnly) return workbench::checkJob(job, run->output);
     const workbench::OutputOptions output = workbench::withOutputsOf(job, run->output);
     return workbench::runJob(std::move(job), output);
@@ -42,12 +44,10 @@ int refuse(const workbench::UserError& error, int exitCode, std::span<char*> wor
   return exitCode;
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+int guardedMain(int argc, char** argv) {
   workbench::prepareProcess();
-  workbench::endOnInterruption();
   try {
+    workbench::endOnInterruption();
     const int exitCode = dispatch(workbench::parseCommandLine(argc, argv));
     if (exitCode == 0) workbench::requireStandardOutput();
     return exitCode;
@@ -58,11 +58,23 @@ int main(int argc, char** argv) {
   } catch (const workbench::UsageError& error) {
     return refuse(error, 2, {argv, static_cast<std::size_t>(argc)});
   } catch (const std::bad_alloc&) {
-    workbench::showError(workbench::Notice(
-        "program.memory", "there is not enough memory for this job. Use fewer rows, a smaller lag or fewer draws."));
-    return 1;
+    throw;
   } catch (const std::exception& error) {
     workbench::showError(workbench::Notice("program.unexpected", "unexpected failure: ^1", error.what()));
+    return 1;
+  }
+}
+
+}  // namespace
+
+// Where there is no memory, none is taken for saying so.
+int main(int argc, char** argv) {
+  try {
+    return guardedMain(argc, argv);
+  } catch (...) {
+    workbench::writeSome(workbench::kStandardError,
+                         "error: there is not enough memory for this job. Use fewer rows, a smaller lag or fewer "
+                         "draws.\n");
     return 1;
   }
 }

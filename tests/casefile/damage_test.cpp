@@ -124,9 +124,41 @@ TEST_F(SaveTest, AKilledWritersFolderIsRemovedALivingOnesIsNot) {
   kill9(child);
   EXPECT_EQ(contents(target), "second");
   EXPECT_THAT(folder_.listing(), testing::Contains(StartsWith(".out.json.varmodel-")));
-  writeFileAtomically(target, "third");
-  EXPECT_EQ(contents(target), "third");
-  EXPECT_THAT(folder_.listing(), ElementsAre("out.json"));
+  folder_.write(".other.varmodel-abcdef", "of somebody");
+  std::filesystem::create_symlink(folder_.path(), folder_ / ".link.varmodel-abcdef");
+  writeFileAtomically(folder_ / "other.json", "of another target");
+  EXPECT_THAT(folder_.listing(),
+              ElementsAre(".link.varmodel-abcdef", ".other.varmodel-abcdef", "other.json", "out.json"));
+}
+
+// At every moment, also when its writer is killed, a CSV file has the metadata of its own run or none.
+TEST_F(SaveTest, CasesAndMetadataAreOfOneRun) {
+  for (int kills = 0; kills < 12; ++kills) {
+    const pid_t child = startChild([&]() -> bool {
+      for (int run = 0;; ++run) save("out.csv", {"run" + std::to_string(run)}, {{1.0}});
+    });
+    std::this_thread::sleep_for(std::chrono::milliseconds(30 + 3 * kills));
+    kill9(child);
+    const std::string cases = contents(folder_ / "out.csv");
+    const std::string metadata = contents(folder_ / "out.csv.meta.json");
+    const std::string name = "\"" + cases.substr(0, cases.find('\n')) + "\"";
+    EXPECT_TRUE(metadata.empty() || metadata.find(name) != std::string::npos) << metadata << name;
+  }
+  const auto writer = [&](const std::string& name) {
+    return startChild([&, name] {
+      for (int run = 0; run < 15; ++run) save("out.csv", {name}, {{1.0}});
+      return true;
+    });
+  };
+  const pid_t first = writer("first");
+  const pid_t second = writer("second");
+  statusOf(first);
+  statusOf(second);
+  EXPECT_THAT(contents(folder_ / "out.csv.meta.json"),
+              HasSubstr(contents(folder_ / "out.csv").starts_with("first") ? "first" : "second"));
+  EXPECT_THAT(folder_.listing(), ElementsAre("out.csv", "out.csv.meta.json"));
+  const std::string longest = std::string(241, 'n') + ".csv";  // with the metadata's ending as long as a name may be
+  for (const char* run : {"first", "second"}) EXPECT_TRUE(save(longest, {run}, {{1.0}})) << session_.saveError.text();
 }
 
 TEST_F(SaveTest, WhatMayNotBeWrittenIsNamed) {
@@ -189,6 +221,12 @@ TEST_F(SaveTest, LinksStandForTheirFilesLongNamesFitAndFoldersAreRefused) {
   EXPECT_EQ(contents(target), "new");
   EXPECT_EQ(contents(folder_ / "backup.json"), "old") << "written in place";
   EXPECT_TRUE(std::filesystem::is_symlink(folder_ / "link.json"));
+  std::filesystem::create_symlink("later.json", folder_ / "dangling.json");
+  writeFileAtomically(folder_ / "dangling.json", "new");
+  EXPECT_EQ(contents(folder_ / "later.json"), "new");
+  EXPECT_TRUE(std::filesystem::is_symlink(folder_ / "dangling.json"));
+  std::filesystem::create_symlink("circle", folder_ / "circle");
+  EXPECT_THAT(failureOf(folder_ / "circle"), HasSubstr("Too many levels of symbolic links"));
   EXPECT_THAT(failureOf(folder_.path()), HasSubstr("folder"));
   const std::string longest(255, 'n');  // the staging folder's own mark must find room
   writeFileAtomically(folder_ / longest, "new");

@@ -59,6 +59,17 @@ TEST_P(SavedFile, ValuesAreReadBackBitByBit) {
   EXPECT_TRUE(sameBits(dataset.columns[1].numbers, gappy));
 }
 
+// A spreadsheet that opens the file runs none of them.
+TEST_P(SavedFile, NamesLikeFormulasAreReadBackAsTheyWere) {
+  const std::vector<std::string> names{"=1+1", "@SUM", "+a", "-a", "'=x", "''", "-1", "plain"};
+  ASSERT_TRUE(save(file(), names, std::vector<std::vector<double>>(names.size(), {1, 2}))) << session_.saveError.text();
+  std::vector<std::string> read;
+  for (const Column& column : loadDataset({folder_ / file(), ""}).columns) read.push_back(column.name);
+  EXPECT_EQ(read, names);
+  if (file() != "out.csv") return;
+  EXPECT_THAT(contents(folder_ / file()), StartsWith("'=1+1,'@SUM,'+a,'-a,''=x,"));
+}
+
 TEST_P(SavedFile, ASingleVariableKeepsItsMissingCases) {
   const std::vector<double> values{kSystemMissing, 1.5, kSystemMissing, std::nan(""), 2.5, kSystemMissing};
   ASSERT_TRUE(save(file(), {"PRE_1"}, {values})) << session_.saveError.text();

@@ -97,4 +97,86 @@ TEST_F(Hostile, NamesForgeNeitherNotesNorSuccess) {
   }
 }
 
+// Escape sequences, a change of direction, and characters that nobody sees.
+TEST_F(Hostile, NothingThatActsReachesTheTerminal) {
+  const std::string evil = "e\\u001b[31m\\u202ex\\u200by\\u061c";
+  const std::string bytes = "e\x1b[31m\u202ex\u200by\u061c";
+  const std::string query = "SELECT realgdp, realinv AS \\\"" + evil + "\\\", realcons FROM source";
+  const std::string command =
+      "VARMODEL /MODEL ENDOGENOUS=realgdp TO realcons LAG=[BIC] MAXLAG=2 /METHOD TYPE=[OLS] "
+      "/MODELSTATISTICS MODELFIT=[PARAMETERS] /SAVE FILE='" +
+      evil + ".csv' PREDICTED";
+  space.file("evil.csv", "a," + bytes + "\n1,2\n2,1\n4,3\n3,5\n6,4\n5,7\n8,6\n7,9\n9,8\n");
+  std::vector<ProgramRun> shown;
+  for (const std::vector<std::string>& options : std::vector<std::vector<std::string>>{
+           {}, {"--summary"}, {"-v"}, {"--html", bytes + ".html"}, {"--json", "no" + bytes + "/x.json"}}) {
+    shown.push_back(run(command, query, options));
+  }
+  for (const std::vector<std::string>& words : std::vector<std::vector<std::string>>{
+           {"describe", "evil.csv"},
+           {"describe", bytes},
+           {"check", "job.toml"},
+           {"run", bytes + ".toml"},
+           {"fit", "evil.csv", "--endogenous", "a", bytes, "--lag", "1", "--plots", "--all"},
+           {"analyze", "evil.csv", "--endogenous", "a", bytes, "--lag", "1"},
+           {"analyze", "evil.csv", "--endogenous", "a", bytes + "x"},
+           {"fit", "evil.csv", "--" + bytes},
+           {bytes}}) {
+    shown.push_back(space.run(words));
+  }
+  for (std::size_t i = 0; i < shown.size(); ++i) {
+    const std::string screen = shown[i].out + shown[i].err;
+    EXPECT_NE(screen, "");
+    for (const char* character : {"\x1b", "\u202e", "\u200b", "\u061c"})
+      EXPECT_THAT(screen, Not(HasSubstr(character))) << i;
+  }
+}
+
+TEST_F(Hostile, WhatAQueryReadsIsWrittenByNobody) {
+  const std::string model =
+      "VARMODEL /MODEL ENDOGENOUS=realgdp realcons LAG=[BIC] MAXLAG=2 /METHOD TYPE=[OLS] "
+      "/MODELSTATISTICS MODELFIT=[PARAMETERS]";
+  space.file("keep.csv", "k\n1\n").link("keep.csv", "link.csv").link("new.csv", "dangling.csv");
+  const auto reads = [](const std::string& file) {
+    return "SELECT * FROM source, (SELECT max(k) AS k FROM " + file + ")";
+  };
+  for (const char* file : {"'keep.csv'", "read_csv('keep.csv')", "read_csv(['keep.csv'])", "'k*.csv'", "'link.csv'"}) {
+    for (const char* target : {"keep.csv", "./x/../keep.csv", "link.csv"}) {
+      const ProgramRun saved = run(model + " /SAVE FILE='" + target + "' PREDICTED", reads(file));
+      EXPECT_EQ(saved.exitCode, procedure) << file << target;
+      EXPECT_THAT(saved.err, HasSubstr("is not written: the query of this run reads it"));
+    }
+    for (const char* option : {"--html", "--json", "--trace"}) {
+      EXPECT_EQ(run(model, reads(file), {option, "keep.csv"}).exitCode, usage) << file << option;
+    }
+    EXPECT_EQ(space.read("keep.csv"), "k\n1\n") << file;
+  }
+  EXPECT_EQ(run(model, reads("'keep.csv'"), {"--json", "dangling.csv"}).exitCode, success);
+  EXPECT_THAT(space.read("new.csv"), testing::StartsWith("{"));
+  const ProgramRun opened = run(model, "SELECT * FROM source", {"--unsafe-sql", "-q"});
+  EXPECT_THAT(opened.err, HasSubstr("warning: --unsafe-sql: the query may read and write every file"));
+}
+
+TEST_F(Hostile, FailuresOfTheSystemAreNamed) {
+  space.file("job.toml", "").link("circle.csv", "circle.csv").link("circle.toml", "circle.toml");
+  const struct {
+    std::vector<std::string> words;
+    ExitCode exitCode;
+    std::string says;
+  } cases[] = {
+      {{"fit", "circle.csv", "--endogenous", "a", "b"}, data, "Too many levels of symbolic links"},
+      {{"run", "circle.toml"}, data, "Too many levels of symbolic links"},
+      {{"run", "."}, usage, "is a folder"},
+      {{"fit", std::string(3000, 'x'), "--endogenous", "a", "b"}, data, "File name too long"},
+      {{"fit", "us_macro_quarterly.csv", "--endogenous", "realgdp", "realcons", "--json", "circle.csv"},
+       output,
+       "Too many levels of symbolic links"},
+  };
+  for (const auto& [words, exitCode, says] : cases) {
+    const ProgramRun run = space.run(words);
+    EXPECT_EQ(run.exitCode, exitCode) << says;
+    EXPECT_THAT(run.err, HasSubstr(says));
+  }
+}
+
 }  // namespace

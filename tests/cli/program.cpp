@@ -89,8 +89,9 @@ Workspace& Workspace::example(const std::string& name) {
   return *this;
 }
 
-ProgramRun Workspace::run(const std::vector<std::string>& arguments, const std::string& redirections) const {
-  return execute("cd " + quoted(folder_.path()) + " && " + programLine(arguments), redirections);
+ProgramRun Workspace::run(const std::vector<std::string>& arguments, const std::string& redirections,
+                          const std::string& before) const {
+  return execute("cd " + quoted(folder_.path()) + " && " + before + " && " + programLine(arguments), redirections);
 }
 
 ProgramRun Workspace::runUnattended(const std::vector<std::string>& arguments) const {

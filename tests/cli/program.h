@@ -32,7 +32,9 @@ class Workspace {
   // A file of examples/, copied under its own name.
   Workspace& example(const std::string& name);
   // The shell's redirections come last: "<data.csv", ">/dev/full", ">&-".
-  ProgramRun run(const std::vector<std::string>& arguments, const std::string& redirections = "") const;
+  // Before it, in the same shell: "ulimit -n 8", "export TMPDIR=/nowhere".
+  ProgramRun run(const std::vector<std::string>& arguments, const std::string& redirections = "",
+                 const std::string& before = "true") const;
   // As cron runs a job: from the root folder, without terminal, input or environment.
   ProgramRun runUnattended(const std::vector<std::string>& arguments) const;
   // The programs start together; whether all succeeded.

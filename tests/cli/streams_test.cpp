@@ -115,4 +115,40 @@ TEST_F(Streams, LostStandardOutputIsAnErrorAndKeepsTheFiles) {
   EXPECT_THAT(space.listing(), ElementsAre("job.toml", input));
 }
 
+// In silence, as the system ends what writes to nobody.
+TEST_F(Streams, AReaderThatGoesAwayLosesNoFile) {
+  const std::vector<std::vector<std::string>> runs = {
+      {"run", "job.toml", "--json", "out.json", "--html", "out.html"},
+      {"run", "job.toml", "--html", "out.html", "--summary", "--json", "out.json"},
+      {"run", "job.toml", "--trace", "-", "--json", "out.json", "--html", "out.html"},
+      {"analyze", input, "--endogenous", "realgdp", "realcons", "--json", "out.json", "--html", "out.html"}};
+  for (const auto& words : runs) {
+    for (const char* reader : {"true", "head -n 1"}) {
+      space.run(words, std::string(">&3"), std::string("mkfifo p; ") + reader + " <p >/dev/null & exec 3>p; sleep 0.2");
+      EXPECT_THAT(space.read("out.json"), testing::EndsWith("}\n")) << words[0] << reader;
+      EXPECT_THAT(space.read("out.html"), testing::HasSubstr("</html>")) << words[0] << reader;
+      for (const char* name : {"out.json", "out.html", "p"}) space.remove(name);
+    }
+  }
+}
+
+TEST_F(Streams, AFailingFolderOfTemporaryFilesFailsNoRun) {
+  for (const char* folder : {"/nowhere", "/proc", "/dev/null"}) {
+    const std::string before = std::string("export TMPDIR=") + folder;
+    const ProgramRun run = space.run({"run", "job.toml"}, "", before);
+    EXPECT_EQ(run.exitCode, success) << run.err;
+    EXPECT_EQ(run.out, space.run({"run", "job.toml"}).out);
+    EXPECT_EQ(space.run({"fit", "-", "--endogenous", "realgdp", "realcons"}, "<" + input, before).exitCode, output);
+  }
+}
+
+TEST_F(Streams, WhereOneFileCannotBeWrittenTheOthersAndTheScreenAre) {
+  const ProgramRun run =
+      space.run({"run", "job.toml", "--json", "no/out.json", "--html", "out.html", "--trace", "no/t"});
+  EXPECT_EQ(run.exitCode, output);
+  EXPECT_THAT(run.err, AllOf(HasSubstr("no/out.json cannot be written"), HasSubstr("no/t cannot be written")));
+  EXPECT_THAT(run.out, HasSubstr("VAR Model Parameters - realgdp"));
+  EXPECT_THAT(space.listing(), ElementsAre("job.toml", "out.html", input));
+}
+
 }  // namespace

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include "tests/dataset/fault.h"
 #include "tests/dataset/temp_folder.h"
 #include "workbench/base/errors.h"
@@ -100,6 +102,19 @@ TEST_F(Query, DoesNothingButRead) {
       {"FROM read_blob('/proc/self/environ')", folders},
       {"FROM glob('" + there + "*')", folders},
       {"FROM read_csv('https://example.com/a.csv')", folders},
+      {"SELECT write_log('x') FROM source", "calls write_log(), which does more than compute"},
+      {"SELECT nextval('x') FROM source", "calls nextval()"},
+      {"SELECT CURRENT_SETTING('secret_directory') FROM source", "calls current_setting()"},
+      {"SELECT getenv('HOME') FROM source", "calls getenv()"},
+      {"FROM duckdb_settings()", "calls duckdb_settings()"},
+      {"FROM pg_catalog.pg_settings", "reads pg_settings"},
+      {"FROM pragma_database_list", "reads pragma_database_list"},
+      {"FROM duckdb_secrets()", "calls duckdb_secrets()"},
+      {"FROM read_csv('" + here + "' || '/other.csv')", "the name of the file in read_csv() is computed"},
+      {"FROM read_text(['" + here + "/other.csv', getvariable('x')])", "is computed"},
+      {"FROM glob(upper('x'))", "is computed"},
+      {"FROM sqlite_scan('" + here + "/x.db', 't')", "calls sqlite_scan()"},
+      {"WITH x AS (DELETE FROM source RETURNING *) FROM x", "SELECT"},
       {"EXPLAIN ANALYZE COPY (SELECT 1) TO 'new.csv'", "not a SELECT"},
       {"CREATE TABLE t(i INT)", "not a SELECT"},
       {"-- nothing", "no statement. " + oneSelect},
@@ -114,6 +129,50 @@ TEST_F(Query, DoesNothingButRead) {
   EXPECT_EQ(contents(file), content);
   EXPECT_THAT(elsewhere.listing(), ElementsAre("secret.csv"));
   EXPECT_THAT(first("SELECT * FROM source ORDER BY year"), ElementsAre(1959, 1960));  // what the messages advise
+}
+
+TEST_F(Query, NamesTheFilesThatItReads) {
+  const std::filesystem::path other = data / "other.csv";
+  const std::vector<std::pair<std::string, std::vector<std::filesystem::path>>> queries = {
+      {"FROM source", {}},
+      {"FROM 'other.csv'", {other}},
+      {"SELECT (SELECT max(k) FROM read_csv('o*.csv')) FROM source", {other}},
+      {"FROM read_csv(['other.csv', 'jobs.csv'])", {other, job / "jobs.csv"}},
+      {"FROM '" + other.string() + "'", {other}},
+      {"FROM \"" + (data / "other").string() + "\".csv", {other}},
+      {"SUMMARIZE 'other.csv'", {other}},
+      {"FROM 'nowhere.csv'", {}},
+      {"not SQL", {}},
+      {"COPY source TO 'other.csv'", {}},
+  };
+  for (const auto& [query, files] : queries) {
+    const std::vector<std::filesystem::path> named = filesOfQuery({file, query, job.path()});
+    EXPECT_EQ(std::set(named.begin(), named.end()), std::set(files.begin(), files.end())) << query;
+  }
+}
+
+TEST_F(Query, IsOpenedOnRequestAlone) {
+  DataRequest request{file,
+                      "COPY (SELECT 7 AS k) TO '" + (elsewhere / "new.csv").string() + "'; FROM '" +
+                          (elsewhere / "secret.csv").string() + "'",
+                      job.path()};
+  EXPECT_THAT(faultOf<DataError>([&] { loadDataset(request); }), HasSubstr("2 statements"));
+  EXPECT_THAT(elsewhere.listing(), ElementsAre("secret.csv"));
+  request.unsafe = true;
+  EXPECT_THAT(loadDataset(request).columns.at(0).numbers, ElementsAre(45));
+  EXPECT_EQ(contents(elsewhere / "new.csv"), "k\n7\n");
+}
+
+TEST_F(Query, ReadsFoldersOfAnyName) {
+  for (const char* name : {"a*b", "a[b]", "a?b", "a,b", "a{b}", "a'b", "*"}) {
+    const std::filesystem::path folder = data / name;
+    std::filesystem::create_directory(folder);
+    const auto inside = data.write(std::string(name) + "/in.csv", "k\n46\n");
+    EXPECT_THAT(loadDataset({inside, ""}).columns.at(0).numbers, ElementsAre(46)) << name;
+    EXPECT_THAT(loadDataset({inside, "SELECT i.k FROM source, 'in.csv' i"}).columns.at(0).numbers, ElementsAre(46))
+        << name;
+    EXPECT_THAT(loadDataset({inside, "FROM read_csv('i*.csv')"}).columns.at(0).numbers, ElementsAre(46)) << name;
+  }
 }
 
 }  // namespace

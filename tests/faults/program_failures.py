@@ -6,7 +6,8 @@ usage: program_failures.py PROGRAM FAILING_CALLS [--most N] [KIND ...]
 FAILING_CALLS is the library of failing_calls.cpp, --most the number of failures tried a kind (default 12: the first
 half, and half spread over the rest; 0: all). A run survives when it ends with 0 to 4, with a reason unless it is 0;
 when each of its six outputs is either the one that stood there before or the one that an undisturbed run writes, all
-of the latter when it ends with 0, while page and record may tell of the failure; and when nothing else is left.
+of the latter when it ends with 0, while page and record may tell of the failure, and metadata are those of their cases or
+gone; and when nothing else is left.
 """
 
 import argparse
@@ -31,6 +32,7 @@ thru = 207
 '''
 OUTPUTS = ["page.html", "record.json", "model.csv", "model.csv.meta.json", "dynamics.csv", "dynamics.csv.meta.json"]
 KINDS = ["allocate", "write", "short_write", "rename", "fsync", "close", "open", "read", "make_folder"]
+METADATA = ".meta.json"
 OLD = b"of an earlier run\n"
 
 
@@ -54,6 +56,10 @@ def run(options, kind, n, on):
                 int(count.read_text()) if count.exists() else 0)
 
 
+def is_gone_metadata(name, files):
+    return name.endswith(METADATA) and name not in files
+
+
 def is_whole(name, content):
     if name == "record.json":
         try:
@@ -71,7 +77,9 @@ def fault_of(ended, whole, on):
     if code != 0 and "error: " not in errors:
         return f"ended with {code} and no reason: {errors[-300:]!r}"
     damaged = [name for name in OUTPUTS if files.get(name) not in (whole[name], OLD)
-               and not (code != 0 and is_whole(name, files.get(name, b"")))]
+               and not (code != 0 and (is_whole(name, files.get(name, b"")) or is_gone_metadata(name, files)))]
+    damaged += [name for name in OUTPUTS if name.endswith(METADATA) and name in files
+                and (files[name] == OLD) != (files.get(name.removesuffix(METADATA)) == OLD)]
     missing = [name for name in OUTPUTS if code == 0 and files.get(name) != whole[name]]
     if damaged or missing:
         return f"ended with {code}, damaged: {damaged}, not written: {missing}"

@@ -15,9 +15,14 @@ TEST(DisplayText, MakesControlsVisibleAndKeepsEveryScript) {
       {"\xc2\x9b[ \x9b[", "�[ �["},                         // CSI as one C1 character, and as a bare byte
       {"\xe2\x80\xae|\xe2\x81\xa6|\xe2\x80\xa8", "�|�|�"},  // override, isolate, line separator
       {"\xc0\xaf|\xed\xa0\x80|\xf5\x80\x80\x80|\xe2\x82", "��|���|����|��"},
+      {"a\xe2\x80\x8b\xe2\x80\x8f\xef\xbb\xbf\xd8\x9c\xf3\xa0\x81\x81"
+       "b\xc2\xad",
+       "a�����b�"},                                        // without width
+      {"a\u200db|ن\u200cم|ن\u200cx", "a�b|ن\u200cم|ن�x"},  // joiners
       {"مبيعات 日本 e\xcc\x81 👩‍💻", "مبيعات 日本 e\xcc\x81 👩‍💻"},
   };
   for (const auto& [text, visible] : cases) EXPECT_EQ(visibleText(text), visible);
+  EXPECT_EQ(visibleLines("a\x1b\n\nb\r\n"), "a^[\n\nb^M\n");
 }
 
 TEST(DisplayText, CountsCellsNotBytes) {

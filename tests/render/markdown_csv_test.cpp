@@ -34,6 +34,13 @@ TEST(Csv, WritesFullPrecisionAndQuotesWhatNeedsIt) {
   EXPECT_EQ(paintCsv(tableFromJson(kTable, commaLanguage())), expected) << "the same in every language";
 }
 
+TEST(Csv, RunsNoNameAsAFormula) {
+  const std::string table = paintCsv(tableFromJson(R"json({ "type": "table", "rowDimension": { "label": "=1+1", "shown": true },
+    "columns": [ { "label": "@SUM(a)" }, { "label": "-1" } ], "rows": ["+cmd"], "cells": [[-1, 2]]
+})json"));
+  EXPECT_EQ(table, "'=1+1,'@SUM(a),-1\r\n'+cmd,-1,2\r\n");
+}
+
 TEST(TableFormats, WriteEveryTableInTheFormatOfAFileName) {
   const auto document = parseJson(R"({"items": [
     {"type": "table", "title": "A", "columns": [{"label": "N"}], "rows": ["x"], "cells": [[1.5]]},

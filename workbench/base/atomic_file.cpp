@@ -15,6 +15,9 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::size_t kLongestNameKept = 200;  // of 255: the folder's own mark must fit beside it
+const std::string kMark = ".varmodel-";
+constexpr std::size_t kUnique = 6;  // characters behind it
+constexpr int kMostLinks = 40;      // as many as the system follows
 
 Notice remedyFor(int code) {
   switch (code) {
@@ -49,14 +52,23 @@ std::string stagingPrefix(const fs::path& target) {
   const std::string name = target.filename().string();
   std::size_t length = std::min(name.size(), kLongestNameKept);
   while (length < name.size() && length > 0 && (name[length] & 0xC0) == 0x80) --length;
-  return "." + name.substr(0, length) + ".varmodel-";
+  return "." + name.substr(0, length) + kMark;
 }
 
-void removeStaleFolders(const fs::path& target) {
-  const std::string prefix = stagingPrefix(target);
+bool isStagingFolder(const std::string& name) {
+  return name.size() > kMark.size() + kUnique && name.front() == '.' &&
+         std::string_view(name).substr(name.size() - kUnique - kMark.size()).starts_with(kMark);
+}
+
+// Of any target: a killed run may never be repeated.
+void removeStaleFolders(const fs::path& folder) {
   std::error_code error;
-  for (fs::directory_iterator entry(folderOf(target), error), end; !error && entry != end; entry.increment(error)) {
-    if (entry->path().filename().string().rfind(prefix, 0) == 0) removeIfAbandoned(entry->path());
+  for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+    std::error_code unknown;
+    if (isStagingFolder(entry->path().filename().string()) && entry->is_directory(unknown) &&
+        !entry->is_symlink(unknown)) {
+      removeIfAbandoned(entry->path());
+    }
   }
 }
 
@@ -70,7 +82,9 @@ void removeEverything(const fs::path& folder) {
 }
 
 void requireReplaceable(const fs::path& target) {
-  const fs::file_status status = fs::status(target);
+  std::error_code error;
+  const fs::file_status status = fs::status(target, error);
+  if (status.type() == fs::file_type::none) fail(target, error.value());
   if (fs::is_directory(status) || !target.has_filename()) {
     throw OutputError("output.folder", "^1 cannot be written: it is a folder. Name a file in it.", target);
   }
@@ -83,6 +97,16 @@ void requireReplaceable(const fs::path& target) {
 }
 
 }  // namespace
+
+fs::path finalTarget(const fs::path& file, std::error_code& error) {
+  fs::path target = fs::absolute(file, error);
+  std::error_code unknown;
+  for (int link = 0; !error && fs::is_symlink(target, unknown); ++link) {
+    if (link == kMostLinks) error = std::make_error_code(std::errc::too_many_symbolic_link_levels);
+    if (!error) target = target.parent_path() / fs::read_symlink(target, error);
+  }
+  return error ? target : fs::weakly_canonical(target, error);
+}
 
 bool isSpecialFile(const fs::path& target) {
   std::error_code error;
@@ -113,10 +137,10 @@ void FileSink::close() {
 
 StagedFile::StagedFile(const fs::path& target) : requested_(target) {
   std::error_code error;
-  target_ = fs::weakly_canonical(target, error);
+  target_ = finalTarget(target, error);
   if (error) fail(requested_, error.value());
   requireReplaceable(target_);
-  removeStaleFolders(target_);
+  removeStaleFolders(folderOf(target_));
   makeFolder();
   staged_ = folder_ / target_.filename();
 }
@@ -146,7 +170,16 @@ void StagedFile::removeFolder() noexcept {
 }
 
 StagedFile::~StagedFile() {
+  std::error_code lost;
+  if (!aside_.empty() && replaceFile(aside_, target_) != 0) fs::copy_file(aside_, target_, lost);
   removeFolder();
+}
+
+void StagedFile::setAside() {
+  fs::path aside = folder_ / (kMark + "aside");
+  const int code = replaceFile(target_, aside);
+  if (code == 0) aside_ = std::move(aside);
+  if (code != 0 && code != ENOENT) fail(requested_, code);
 }
 
 void StagedFile::makeDurable() {
@@ -155,10 +188,15 @@ void StagedFile::makeDurable() {
   durable_ = true;
 }
 
-void StagedFile::publish() {
+void StagedFile::replaceTarget() {
   makeDurable();
+  aside_.clear();
   if (const int code = replaceFile(staged_, target_)) fail(requested_, code);
   removeFolder();
+}
+
+void StagedFile::publish() {
+  replaceTarget();
   if (const int code = flushFolder(folderOf(target_))) fail(target_, code);
 }
 

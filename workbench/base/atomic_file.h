@@ -2,7 +2,7 @@
 //
 // A staged file is written in a hidden folder beside its target, `.NAME.varmodel-XXXXXX`, which its process keeps
 // locked. Publishing makes the bytes durable and renames them over the target. A killed process leaves only such a
-// folder; the next staging of the same target removes it, since its lock is free.
+// folder; the next staging in that folder removes it, since its lock is free.
 
 #pragma once
 
@@ -10,6 +10,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 #include "workbench/base/interruption.h"
 #include "workbench/base/system_files.h"
@@ -43,7 +44,10 @@ class StagedFile {
 
   const std::filesystem::path& path() const { return staged_; }  // where to write; does not exist yet
   void makeDurable();  // throws OutputError; separate from publish so that several files can be secured first
-  void publish();      // makeDurable, then rename over the target; throws OutputError
+  // What stands under the target's name is taken from there; it comes back if this file is given up.
+  void setAside();
+  void replaceTarget();  // makeDurable, then rename over the target; throws OutputError
+  void publish();        // replaceTarget, then make the new name durable; throws OutputError
 
  private:
   void makeFolder();
@@ -55,11 +59,16 @@ class StagedFile {
   std::filesystem::path staged_;
   FolderLock lock_;
   bool durable_ = false;
+  std::filesystem::path aside_;  // what was set aside; empty when nothing is
   std::optional<DueCleaning> cleaning_;
 };
 
 // Writes a whole file; a device or pipe is written directly. Throws OutputError with place, reason and remedy.
 void writeFileAtomically(const std::filesystem::path& target, std::string_view bytes);
+
+// The file that a name stands for in the end: a symbolic link may lead to one that does not exist yet. An error when
+// there is none, as of links in a circle.
+std::filesystem::path finalTarget(const std::filesystem::path& file, std::error_code& error);
 
 // True for an existing target that is neither a regular file nor a folder: it cannot be replaced, only written into.
 bool isSpecialFile(const std::filesystem::path& target);

@@ -16,7 +16,8 @@ inline constexpr int kStandardError = 2;
 
 // A new or emptied file; -1 when it cannot be made.
 int createFile(const std::filesystem::path& file);
-// A file in the folder that nobody can name and that is gone when it is closed; -1 when it cannot be made.
+// A file that nobody can name and that is gone when it is closed: in memory where the system has such files, else in
+// the folder; -1 when it cannot be made.
 int createUnnamedFile(const std::filesystem::path& folder);
 // 0, or -1: late failures of writing are told here.
 int closeDescriptor(int descriptor);

@@ -1,5 +1,6 @@
 #include <fcntl.h>
 #include <stdlib.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -26,6 +27,10 @@ int createFile(const std::filesystem::path& file) {
 }
 
 int createUnnamedFile(const std::filesystem::path& folder) {
+#ifdef MFD_CLOEXEC
+  const int memory = memfd_create("varmodel-trace", MFD_CLOEXEC);
+  if (memory >= 0 || errno != ENOSYS) return memory;
+#endif
   std::string path = (folder / "varmodel-trace-XXXXXX").string();
   const int file = mkstemp(path.data());
   if (file >= 0) unlink(path.c_str());

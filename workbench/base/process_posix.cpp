@@ -23,6 +23,7 @@ void fillClosedStreams() {
 void prepareProcess() {
   fillClosedStreams();
   std::signal(SIGXFSZ, SIG_IGN);
+  std::signal(SIGPIPE, SIG_IGN);
 }
 
 void setEnvironment(const char* name, const char* value) {

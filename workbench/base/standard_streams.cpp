@@ -1,6 +1,7 @@
 #include "workbench/base/standard_streams.h"
 
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <cstring>
 #include <iostream>
@@ -16,6 +17,7 @@ namespace workbench {
 namespace {
 
 [[noreturn]] void failStandardOutput(const std::string& reason) {
+  if (errno == EPIPE) endWithReader();
   throw OutputError("output.standard-output",
                     "standard output cannot be written^1. Send it to a place with room, or write files with --html "
                     "and --json.",
@@ -23,6 +25,13 @@ namespace {
 }
 
 }  // namespace
+
+void endWithReader() {
+#ifdef SIGPIPE
+  std::signal(SIGPIPE, SIG_DFL);
+  std::raise(SIGPIPE);
+#endif
+}
 
 int userErrorStream() {
   static const int stream = duplicateDescriptor(kStandardError);

@@ -16,6 +16,9 @@ int userErrorStream();
 // Writes the bytes, after what C's and C++'s streams still hold. Throws OutputError.
 void writeStandardOutput(std::string_view bytes);
 
+// Ends the program as the system ends one whose reader went away, in silence; does nothing where it has no such end.
+void endWithReader();
+
 // Throws OutputError when something that was to be shown on standard output was lost.
 void requireStandardOutput();
 

@@ -75,7 +75,8 @@ bool FolderLock::acquire(const fs::path& folder) {
   if (handle < 0) return false;
   flock(handle, LOCK_EX);
   struct stat held {};
-  return fstat(handle, &held) == 0 && held.st_nlink > 0 && fs::exists(folder);
+  std::error_code unknown;
+  return fstat(handle, &held) == 0 && held.st_nlink > 0 && fs::exists(folder, unknown);
 }
 
 void FolderLock::release() noexcept {

@@ -1,5 +1,6 @@
 #include "workbench/base/taken_file.h"
 
+#include "workbench/base/atomic_file.h"
 #include "workbench/base/process.h"
 #include "workbench/base/standard_streams.h"
 
@@ -9,16 +10,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kMostLinks = 40;  // as many as the system follows
-
-// The file that will be written: a link may lead to one that does not exist yet.
-fs::path finalTarget(const fs::path& file) {
-  fs::path target = file == kStandardStream ? standardOutputFile() : file;
-  std::error_code error;
-  for (int link = 0; link < kMostLinks && fs::is_symlink(target, error); ++link) {
-    target = target.parent_path() / fs::read_symlink(target, error);
-  }
-  return fs::weakly_canonical(fs::absolute(target, error), error);
+fs::path fileOf(const fs::path& named) {
+  std::error_code unknown;
+  return finalTarget(named == kStandardStream ? standardOutputFile() : named, unknown);
 }
 
 bool sameFile(const fs::path& left, const fs::path& right) {
@@ -30,7 +24,7 @@ bool sameFile(const fs::path& left, const fs::path& right) {
 
 std::optional<Notice> refusedTarget(const fs::path& target, std::span<const TakenFile> taken) {
   for (const auto& [path, use] : taken) {
-    if (!sameFile(finalTarget(target), finalTarget(path))) continue;
+    if (!sameFile(fileOf(target), fileOf(path))) continue;
     const Notice what = target == kStandardStream ? phrase("standard output") : Notice(target);
     const Notice why = target == path ? use : phrase("^1 (as ^2)", use, path);
     return Notice("output.taken", "^1 is not written: ^2. Choose another name.", what, why);

@@ -1,10 +1,12 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdlib>
 #include <string_view>
 
 #include "workbench/base/descriptor.h"
+#include "workbench/base/standard_streams.h"
 #include "workbench/base/terminal.h"
 
 namespace workbench {
@@ -25,7 +27,8 @@ bool takesColours(int descriptor) {
 }
 
 void putText(std::FILE* stream, std::string_view text) {
-  std::fwrite(text.data(), 1, text.size(), stream);
+  const bool lost = std::fwrite(text.data(), 1, text.size(), stream) < text.size();
+  if (lost && errno == EPIPE && stream == stdout) endWithReader();
 }
 
 void putText(int descriptor, std::string_view text) {

@@ -36,7 +36,9 @@ Notice unusableTarget(const std::string& name, const fs::path& file, std::span<c
   if (name.empty() || name.find('\0') != std::string::npos) {
     return Notice("save.no-file", "SAVE FILE names no file. Give one, such as 'results.csv'.");
   }
-  if (fs::is_directory(file)) return Notice("save.folder", "SAVE FILE ^1 is a folder. Name a file in it.", name);
+  std::error_code unknown;
+  if (fs::is_directory(file, unknown))
+    return Notice("save.folder", "SAVE FILE ^1 is a folder. Name a file in it.", name);
   const CaseFileFormat* format = caseFileFormat(file);
   if (format == nullptr) {
     return Notice("save.extension", "SAVE FILE ^1 has no known extension. Use one of ^2.", name, extensions());

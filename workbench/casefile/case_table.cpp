@@ -4,6 +4,8 @@
 #include <cmath>
 #include <memory>
 
+#include "workbench/base/spreadsheet_text.h"
+
 namespace workbench {
 
 namespace {
@@ -69,9 +71,16 @@ int threadsFor(const Dataset& dataset) {
 
 // One missing value alone would be an empty line, which readers skip; an empty text is written as "".
 std::string csvSelection(const Dataset& dataset) {
-  if (dataset.columns.size() != 1) return "SELECT * FROM cases()";
-  const std::string name = sqlIdentifier(dataset.columns.front().name);
-  return "SELECT coalesce(CAST(" + name + " AS VARCHAR), '') AS " + name + " FROM cases()";
+  const bool alone = dataset.columns.size() == 1;
+  std::string list, places;
+  for (const Column& column : dataset.columns) {
+    const std::string separator = places.empty() ? "" : ", ";
+    const std::string place = "c" + std::to_string(&column - dataset.columns.data());
+    list += separator + (alone ? "coalesce(CAST(" + place + " AS VARCHAR), '')" : place) + " AS " +
+            sqlIdentifier(inertText(column.name));
+    places += separator + place;
+  }
+  return "SELECT " + list + " FROM cases() AS cases(" + places + ")";
 }
 
 }  // namespace

@@ -67,25 +67,32 @@ namespace {
 // The folder that a file will stand in, also where a link names it.
 std::filesystem::path folderOf(const std::filesystem::path& target) {
   std::error_code ignored;
-  return std::filesystem::weakly_canonical(target, ignored).parent_path();
+  return finalTarget(target, ignored).parent_path();
 }
 
-// Metadata that have a file of their own appear just before the cases; no other program comes between the two.
+// Cases and metadata beside them, in this order: the old metadata go, the cases come, the new metadata come. Whoever is
+// stopped in between leaves cases without metadata, never with those of another run; runs that save at the same time do
+// it one after the other.
+void publishBoth(StagedFile& cases, StagedFile& metadata, const std::filesystem::path& target) {
+  cases.makeDurable();
+  metadata.makeDurable();
+  FolderLock turn;
+  turn.acquire(folderOf(target));
+  metadata.setAside();
+  cases.replaceTarget();
+  metadata.publish();
+}
+
 void writeStaged(const Dataset& dataset, const CaseFileFormat& format, const std::filesystem::path& target) {
   StagedFile cases(target);
-  FolderLock folder;
   const std::string described = metadataJson(dataset);
   format.write(dataset, described, cases.path());
-  if (format.metadataBeside) {
-    StagedFile metadata(metadataFile(target));
-    FileSink sink(metadata.path(), metadataFile(target));
-    sink.write(described + "\n");
-    sink.close();
-    cases.makeDurable();
-    folder.acquire(folderOf(target));
-    metadata.publish();
-  }
-  cases.publish();
+  if (!format.metadataBeside) return cases.publish();
+  StagedFile metadata(metadataFile(target));
+  FileSink sink(metadata.path(), metadataFile(target));
+  sink.write(described + "\n");
+  sink.close();
+  publishBoth(cases, metadata, target);
 }
 
 }  // namespace

@@ -78,9 +78,14 @@ void addOutputOptions(CLI::App& app, OutputOptions& options) {
       ->excludes(quiet);
 }
 
+void addUnsafeOption(CLI::App& app, bool& unsafeSql) {
+  app.add_flag("--unsafe-sql", unsafeSql, "Let the query write, load extensions and reach any file and the network");
+}
+
 void addRun(CLI::App& program, RunOptions& options) {
   CLI::App* run = program.add_subcommand("run", "Run the command of a job file");
   addFile(*run, "JOB", options.jobFile, "Job file (TOML)")->required()->type_name("JOB.toml");
+  addUnsafeOption(*run, options.unsafeSql);
   addOutputOptions(*run, options.output);
 }
 
@@ -113,6 +118,7 @@ void addComposer(CLI::App& program, ComposeOptions& options) {
   CLI::App* app = program.add_subcommand(options.composer->name(), options.composer->description());
   addFile(*app, "DATA", options.data, "Data file: CSV, Excel, Parquet, JSON, or a DuckDB database")->required();
   app->add_option("--query", options.query, "SQL over the view 'source'")->type_name("SQL");
+  addUnsafeOption(*app, options.unsafeSql);
   options.composer->addOptions(*app);
   app->add_option("--predict", options.predict,
                   "Forecast N periods after the last case, or through a period (2011Q3; of yearly data 2011)")
@@ -140,6 +146,7 @@ void addCheck(CLI::App& program, RunOptions& options) {
   options.checkOnly = true;
   CLI::App* check = program.add_subcommand("check", "Tell whether a job can be run, without running it");
   addFile(*check, "JOB", options.jobFile, "Job file (TOML)")->required()->type_name("JOB.toml");
+  addUnsafeOption(*check, options.unsafeSql);
   addLanguageOption(*check, options.output);
 }
 
@@ -147,6 +154,7 @@ void addDescribe(CLI::App& program, DescribeOptions& options) {
   CLI::App* describe = program.add_subcommand("describe", "Show what a data file holds, and what would be refused");
   addFile(*describe, "DATA", options.data, "Data file: CSV, Excel, Parquet, JSON, or a DuckDB database")->required();
   describe->add_option("--query", options.query, "SQL over the view 'source'")->type_name("SQL");
+  addUnsafeOption(*describe, options.unsafeSql);
   addDataOptions(*describe, options.reading);
   addLanguageOption(*describe, options.output);
 }

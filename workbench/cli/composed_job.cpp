@@ -110,6 +110,7 @@ void readPredict(const std::string& text, Job& job) {
 Job makeComposedJob(const ComposeOptions& options) {
   Job job;
   job.data = {options.data, options.query};
+  job.data.unsafe = options.unsafeSql;
   job.data.format = formatFrom(options.reading);
   job.composer = options.composer;
   job.complete = options.complete;

@@ -176,6 +176,7 @@ void showDates(const std::vector<DateGuess>& guesses) {
 int describeData(const DescribeOptions& options) {
   Job job;
   job.data = {options.data, options.query};
+  job.data.unsafe = options.unsafeSql;
   job.data.format = formatFrom(options.reading);
   JobInput input = prepareInput(job, options.output);
   const CommandRunner runner(std::move(input.call), {});

@@ -1,6 +1,8 @@
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cmath>
+#include <cstring>
 #include <fstream>
 #include <iostream>
 #include <utility>
@@ -47,7 +49,15 @@ std::string textOf(std::istream& stream, const Notice& name) {
 
 std::string readText(const std::filesystem::path& file) {
   if (file == kStandardStream) return textOf(std::cin, phrase("standard input"));
+  std::error_code unknown;
+  if (std::filesystem::is_directory(file, unknown)) {
+    throw UsageError("job.folder", "^1 is a folder. Name a job file in it.", file);
+  }
+  errno = 0;
   std::ifstream stream(file, std::ios::binary);
+  if (!stream && errno != ENOENT && errno != ENOTDIR) {
+    throw DataError("job.unreadable", "job file ^1 cannot be read: ^2.", file, std::strerror(errno));
+  }
   if (!stream) {
     throw UsageError("job.no-file", "there is no job file ^1. Give the path of a TOML file, such as job.toml.", file);
   }

@@ -1,13 +1,17 @@
 #include "workbench/cli/job_input.h"
 
+#include <utility>
+
 #include "workbench/base/errors.h"
 #include "workbench/base/languages.h"
 #include "workbench/base/process.h"
 #include "workbench/base/standard_streams.h"
 #include "workbench/cli/output_files.h"
+#include "workbench/cli/screen.h"
 #include "workbench/dataset/fingerprint.h"
 #include "workbench/dates/case_label.h"
 #include "workbench/dates/date_setup.h"
+#include "workbench/edge/texts.h"
 
 namespace workbench {
 
@@ -17,9 +21,13 @@ namespace {
 void spareInputs(const Job& job, CallInput& input) {
   for (const std::filesystem::path& file : {job.data.source, job.file}) {
     const std::filesystem::path named = file == kStandardStream ? standardInputFile() : file;
-    if (named == file ? !file.empty() : std::filesystem::is_regular_file(named)) {
+    std::error_code unknown;
+    if (named == file ? !file.empty() : std::filesystem::is_regular_file(named, unknown)) {
       input.takenFiles.push_back({named, phrase("this run reads it")});
     }
+  }
+  for (std::filesystem::path& file : filesOfQuery(job.data)) {
+    input.takenFiles.push_back({std::move(file), phrase("the query of this run reads it")});
   }
 }
 
@@ -66,6 +74,12 @@ JobInput prepareInput(const Job& job, const OutputOptions& options) {
   JobInput input;
   CallInput& call = input.call;
   call = surroundings(job, options);
+  if (job.data.unsafe) {
+    showWarning(
+        Notice("query.unsafe",
+               "--unsafe-sql: the query may read and write every file that you may, and reach the network. Give "
+               "it only for queries that you have read."));
+  }
   call.dataset = loadDataset(job.data);
   input.variables = call.dataset.columns.size();
   input.rows = call.dataset.rowCount;

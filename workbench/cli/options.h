@@ -43,6 +43,7 @@ struct OutputOptions : OutputNames {
 struct RunOptions {
   std::filesystem::path jobFile;
   bool checkOnly = false;  // nothing is run
+  bool unsafeSql = false;  // the job's query is run without its lock
   OutputOptions output;
 };
 
@@ -50,6 +51,7 @@ struct RunOptions {
 struct DescribeOptions {
   std::filesystem::path data;
   std::string query;
+  bool unsafeSql = false;
   DataOptions reading;
   OutputOptions output;
 };
@@ -58,6 +60,7 @@ struct DescribeOptions {
 struct ComposeOptions {
   std::filesystem::path data;
   std::string query;
+  bool unsafeSql = false;
   DataOptions reading;
   std::string predict;             // a number of periods after the last case, or a period
   bool savesCases = false;         // saved files tell row and date of every case

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <functional>
 #include <memory>
 #include <utility>
 
@@ -52,39 +53,67 @@ StageSeconds stagesOf(const std::vector<ToldRun>& runs) {
           {"save", secondsOf(runs, StageClock::outputEnd, StageClock::callEnd)}};
 }
 
-void writeTrace(const std::vector<ToldRun>& runs, const std::filesystem::path& file) {
+std::string traceOf(const std::vector<ToldRun>& runs) {
   std::string text;
   for (const ToldRun& told : runs) text += told.run.streams.out + told.run.streams.err;
-  writeOutput(file, text);
+  return text;
 }
 
 bool hasOutput(const std::vector<ToldRun>& runs) {
   return std::any_of(runs.begin(), runs.end(), [](const ToldRun& one) { return one.hasOutput(); });
 }
 
-void tell(const Exports& exports, const OutputOptions& options) {
+void tellFiles(const Exports& exports, const std::vector<ToldRun>& runs, const OutputOptions& options,
+               bool reportWritten) {
+  if (reportWritten && !options.html.empty() && hasOutput(runs) && options.showsOutput())
+    showLine(tr("report: ^1", options.html.string()));
   if (options.showsOutput() && !exports.tables.empty())
     showLine(tr("tables: ^1 (files: ^2)", options.tables.string(), exports.tables.size()));
   if (options.showsOutput() && !exports.charts.empty())
     showLine(tr("charts: ^1 (files: ^2)", options.charts.string(), exports.charts.size()));
   if (!exports.problem.empty()) showWarning(exports.problem);
-  if (!exports.failure.empty()) throw OutputError(exports.failure);
 }
 
-// Everything that can be written is, before a failure is thrown.
-void writeFiles(RunDescription& description, const std::vector<ToldRun>& runs, const OutputOptions& options,
-                const std::vector<TakenFile>& taken) {
+struct OutputFile {
+  const std::filesystem::path& target;
+  std::function<std::string()> content;
+};
+
+// Why a file could not be written; empty when it was.
+Notice faultOfWriting(const OutputFile& file) {
+  try {
+    writeOutput(file.target, file.content());
+    return {};
+  } catch (const OutputError& error) {
+    return error.notice();
+  }
+}
+
+// Files first, standard output last: whoever stops reading it loses no file. What could not be written.
+std::vector<Notice> writeFiles(RunDescription& description, const std::vector<ToldRun>& runs,
+                               const OutputOptions& options, const std::vector<TakenFile>& taken) {
   description.exports = writeExports(runs, options, taken);
-  if (!options.trace.empty()) writeTrace(runs, options.trace);
-  if (!options.json.empty() && hasOutput(runs)) writeOutput(options.json, runRecord(description, runs));
-  if (!options.writtenJob.empty() && hasOutput(runs)) {
-    writeOutput(options.writtenJob, writtenJob(description, runs, options.writtenJob));
+  std::vector<OutputFile> files = {{options.trace, [&] { return traceOf(runs); }}};
+  if (hasOutput(runs)) {
+    files.push_back({options.json, [&] { return runRecord(description, runs); }});
+    files.push_back({options.writtenJob, [&] { return writtenJob(description, runs, options.writtenJob); }});
+    files.push_back({options.html, [&] { return reportPage(description, runs); }});
   }
-  if (!options.html.empty() && hasOutput(runs)) {
-    writeOutput(options.html, reportPage(description, runs));
-    if (options.showsOutput()) showLine(tr("report: ^1", options.html.string()));
+  std::vector<Notice> faults;
+  for (const bool standard : {false, true}) {
+    for (const OutputFile& file : files) {
+      if (file.target.empty() || (file.target == kStandardStream) != standard) continue;
+      if (Notice fault = faultOfWriting(file); !fault.empty()) faults.push_back(std::move(fault));
+    }
   }
-  tell(description.exports, options);
+  return faults;
+}
+
+// The last of them ends the run.
+void tellFaults(const std::vector<Notice>& faults) {
+  if (faults.empty()) return;
+  for (std::size_t i = 0; i + 1 < faults.size(); ++i) showError(faults[i]);
+  throw OutputError(faults.back());
 }
 
 // None where only errors are wanted.
@@ -134,8 +163,11 @@ int runJob(Job job, const OutputOptions& options) {
   StageSeconds stages = stagesOf(runs);
   stages.insert(stages.begin(), {"load", load});
   if (options.timings) description.seconds = stages;
+  std::vector<Notice> faults = writeFiles(description, runs, options, runner.input().takenFiles);
   show(job, runs, options);
-  writeFiles(description, runs, options, runner.input().takenFiles);
+  tellFiles(description.exports, runs, options, faults.empty());
+  if (!description.exports.failure.empty()) faults.push_back(description.exports.failure);
+  tellFaults(faults);
   stages.push_back({"render", render.seconds()});
   stages.push_back({"total", total.seconds()});
   if (options.timings) print(stages);

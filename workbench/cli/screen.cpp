@@ -1,6 +1,7 @@
 #include "workbench/cli/screen.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <utility>
@@ -8,6 +9,7 @@
 #include "workbench/base/descriptor.h"
 #include "workbench/base/standard_streams.h"
 #include "workbench/base/terminal.h"
+#include "workbench/base/visible_text.h"
 #include "workbench/edge/texts.h"
 #include "workbench/plots/plots.h"
 #include "workbench/render/message_text.h"
@@ -55,7 +57,7 @@ void showHead(const ToldRun& told) {
   if (told.number == 0) return;
   putText(stdout,
           (told.number > 1 ? "\n" : "") + paintHeading(tr("Command ^1", told.number), styleOf(kStandardOutput)) + "\n");
-  if (told.run.input.composed && told.number > 1) putText(stdout, told.run.text + "\n");
+  if (told.run.input.composed && told.number > 1) putText(stdout, visibleLines(told.run.text) + "\n");
 }
 
 void showOutput(const ToldRun& told, const OutputOptions& options) {
@@ -70,11 +72,12 @@ void showOutput(const ToldRun& told, const OutputOptions& options) {
   putText(stdout, paintDocumentTerminal(document, style, currentLanguage(), told.view));
   if (!plots.text.empty()) putText(stdout, "\n" + plots.text);
   showNotes(told.messages, false);
-  for (const auto& file : told.run.record.savedFiles) putText(stdout, tr("saved: ^1", file.string()) + "\n");
+  for (const auto& file : told.run.record.savedFiles)
+    putText(stdout, visibleText(tr("saved: ^1", file.string())) + "\n");
 }
 
 void showSummary(const FinishedRun& run) {
-  putText(stdout, run.command.summary(run));
+  putText(stdout, visibleLines(run.command.summary(run)));
   const Notice note = run.command.summaryNote(run);
   if (!note.empty()) showNote(note);
 }
@@ -97,7 +100,7 @@ void showText(const std::string& text) {
 }
 
 void showLine(const std::string& text) {
-  writeStandardOutput(text + "\n");
+  putText(stdout, visibleLines(text) + "\n");
 }
 
 void showTable(const PivotTable& table) {
@@ -118,14 +121,15 @@ void showError(const Notice& text) {
 }
 
 void showRun(const ToldRun& told, const OutputOptions& options) {
-  if (options.verbosity == Verbosity::verbose) putText(stderr, told.run.streams.out + told.run.streams.err);
+  if (options.verbosity == Verbosity::verbose)
+    putText(stderr, visibleLines(told.run.streams.out + told.run.streams.err));
   if (options.showsOutput() && told.hasOutput()) showOutput(told, options);
   showRest(told, options);
 }
 
 void showRest(const ToldRun& told, const OutputOptions& options) {
   if (options.summary) showSummary(told.run);
-  std::fflush(stdout);
+  if (std::fflush(stdout) != 0 && errno == EPIPE) endWithReader();
   for (const RunMessage& message : told.messages) {
     if (!isForStandardError(message, options)) continue;
     putText(stderr,

@@ -19,7 +19,7 @@ void showRest(const ToldRun& told, const OutputOptions& options);
 // How standard output is written to.
 TerminalStyle outputStyle();
 void showText(const std::string& text);
-// A line on standard output. Throws OutputError.
+// A line on standard output, of which nothing acts on a terminal.
 void showLine(const std::string& text);
 
 // A table, and "note: TEXT", on standard output.

@@ -42,7 +42,8 @@ class UsageMessage {
     for (const CLI::App* one : program_.get_subcommands({})) names.push_back(one->get_name());
     if (words_.empty()) return Notice("option.no-subcommand", "Give a subcommand: ^1.", listed(names)) + seeHelp();
     const std::string& word = words_.front();
-    if (std::filesystem::is_regular_file(word)) {
+    std::error_code unknown;
+    if (std::filesystem::is_regular_file(word, unknown)) {
       return Notice("option.file-first",
                     "\"^1\" is a file; a subcommand goes first, as in varmodel fit ^1 --endogenous A B.", word);
     }

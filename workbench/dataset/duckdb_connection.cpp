@@ -142,7 +142,7 @@ std::string sqlIdentifier(std::string_view name) {
   return quoted(name, '"');
 }
 
-std::string sqlFileName(const std::filesystem::path& path) {
+std::string literalFileName(const std::filesystem::path& path) {
   std::string pattern;
   for (const char c : path.string()) {
     if (c == '*' || c == '?' || c == '[') {
@@ -151,7 +151,11 @@ std::string sqlFileName(const std::filesystem::path& path) {
       pattern += c;
     }
   }
-  return sqlText(pattern);
+  return pattern;
+}
+
+std::string sqlFileName(const std::filesystem::path& path) {
+  return sqlText(literalFileName(path));
 }
 
 }  // namespace workbench

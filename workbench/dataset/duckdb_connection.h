@@ -51,8 +51,9 @@ class DuckdbConnection {
   duckdb_connection connection_ = nullptr;
 };
 
-std::string sqlText(std::string_view text);                  // 'it''s'
-std::string sqlIdentifier(std::string_view name);            // "say ""x"""
-std::string sqlFileName(const std::filesystem::path& path);  // a text that stands for this one file: no wildcards
+std::string sqlText(std::string_view text);                      // 'it''s'
+std::string sqlIdentifier(std::string_view name);                // "say ""x"""
+std::string literalFileName(const std::filesystem::path& path);  // a pattern for this one file: no wildcards
+std::string sqlFileName(const std::filesystem::path& path);      // the same as a text
 
 }  // namespace workbench

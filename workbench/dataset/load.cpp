@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "workbench/base/errors.h"
+#include "workbench/base/spreadsheet_text.h"
 #include "workbench/base/standard_streams.h"
 #include "workbench/base/suggest.h"
 #include "workbench/dataset/data_file.h"
@@ -41,6 +42,11 @@ Dataset readAll(DuckdbResult result, const Notice& what) {
   }
 }
 
+// Names that a saved file wrote so that no spreadsheet runs them.
+void nameAsWritten(Dataset& dataset) {
+  for (Column& column : dataset.columns) column.name = asWritten(column.name);
+}
+
 Dataset loadWholeFile(DuckdbConnection& connection, const fs::path& source, const FileFormat& format) {
   try {
     const std::string relation = sourceRelation(connection, source, format);
@@ -48,6 +54,7 @@ Dataset loadWholeFile(DuckdbConnection& connection, const fs::path& source, cons
     Dataset dataset = readAll(connection.query("SELECT * FROM " + relation), dataFile(source));
     refuseWholeLines(connection, source, dataset);
     refuseLostHeader(source, dataset);
+    if (isDelimitedText(source)) nameAsWritten(dataset);
     return dataset;
   } catch (const DuckdbError& error) {
     throw unreadableFile(connection, source, error);
@@ -94,15 +101,26 @@ Dataset runQuery(DuckdbConnection& connection, const std::string& query, const s
   }
 }
 
-Dataset loadQuery(DuckdbConnection& connection, const DataRequest& request, bool readOnce) {
+bool isRegularFile(const fs::path& file) {
+  std::error_code unknown;
+  return fs::is_regular_file(file, unknown);
+}
+
+// Those of whose files a query may read.
+std::vector<fs::path> foldersOf(const DataRequest& request, bool readOnce) {
   std::vector<fs::path> folders;
-  if (!request.source.empty()) {
-    createSource(connection, request, readOnce);
-    if (!readOnce) addFolder(fs::absolute(request.source).parent_path(), folders);
-  }
+  if (!request.source.empty() && !readOnce) addFolder(fs::absolute(request.source).parent_path(), folders);
   if (!request.jobFolder.empty()) addFolder(request.jobFolder, folders);
+  return folders;
+}
+
+Dataset loadQuery(DuckdbConnection& connection, const DataRequest& request, bool readOnce) {
+  if (!request.source.empty()) createSource(connection, request, readOnce);
   try {
-    return runQuery(connection, request.query, folders);
+    if (request.unsafe) return readResult(connection.query(request.query));
+    return runQuery(connection, request.query, foldersOf(request, readOnce));
+  } catch (const DuckdbError& error) {
+    throw DataError("query.unsafe-refused", "unsafe query: ^1", error.what());
   } catch (const DataError& error) {
     throw DataError(request.source.empty() ? phrase("query: ^1", error.notice())
                                            : phrase("query over ^1: ^2", dataFile(request.source), error.notice()));
@@ -114,7 +132,7 @@ Dataset loadFile(const DataRequest& request, bool spooled) {
   if (!source.empty()) requireReadableFile(source);
   DuckdbConnection connection(!source.empty() && isSmallFile(source) ? 1 : 0);
   return request.query.empty() ? loadWholeFile(connection, source, request.format)
-                               : loadQuery(connection, request, spooled || !fs::is_regular_file(source));
+                               : loadQuery(connection, request, spooled || !isRegularFile(source));
 }
 
 // The user never named the file that it was spooled to.
@@ -143,6 +161,15 @@ Dataset loadAny(const DataRequest& request) {
 }
 
 }  // namespace
+
+std::vector<fs::path> filesOfQuery(const DataRequest& request) {
+  if (request.query.empty() || request.unsafe) return {};
+  const bool readOnce = request.source == kStandardStream || !isRegularFile(request.source);
+  DuckdbConnection connection(1);
+  const std::vector<fs::path> folders = foldersOf(request, readOnce);
+  confine(connection, folders);
+  return filesOfQuery(connection, request.query, folders);
+}
 
 Dataset loadDataset(const DataRequest& request) {
   if (request.source.empty() && request.query.empty()) {

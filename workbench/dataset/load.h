@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "workbench/dataset/dataset.h"
 #include "workbench/dataset/file_format.h"
@@ -16,6 +17,7 @@ struct DataRequest {
   std::string query;                     // optional, one SELECT over the view `source`; "" reads the whole file
   std::filesystem::path jobFolder = {};  // whose files a query may read beside those of the source's; empty: none
   FileFormat format = {};
+  bool unsafe = false;  // the query may do whatever DuckDB can: several statements, any file, the network
 };
 
 // Columns in the order of the result, cases in its order. Integers, decimals and booleans become 64-bit floats, text
@@ -26,5 +28,8 @@ struct DataRequest {
 // others are read by a query that names them. A query reads files of the source's and the job's folder alone, writes
 // nothing and reaches no network; its relative file names start at the first of the two that has such a file.
 Dataset loadDataset(const DataRequest& request);
+
+// The files that the request's query reads beside the source, as far as it names them; none of an unsafe one.
+std::vector<std::filesystem::path> filesOfQuery(const DataRequest& request);
 
 }  // namespace workbench

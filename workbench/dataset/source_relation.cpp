@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
+#include <cstring>
 #include <fstream>
 #include <optional>
 #include <string_view>
@@ -74,7 +76,8 @@ std::string headOf(const fs::path& source, std::size_t size) {
 
 // Of a file with an unknown extension; a pipe is not touched.
 FileKind kindByContent(const fs::path& source) {
-  if (!fs::is_regular_file(source)) return FileKind::csv;
+  std::error_code unknown;
+  if (!fs::is_regular_file(source, unknown)) return FileKind::csv;
   const std::string head = headOf(source, 4096);
   if (head.starts_with("PAR1")) return FileKind::parquet;
   if (head.size() > 12 && head.substr(8, 4) == "DUCK") return FileKind::database;
@@ -202,13 +205,17 @@ void requireReadableFile(const fs::path& source) {
     throw DataError("data.unreachable", "^1: it cannot be read: ^2. Check the path.", what, error.message());
   }
   if (fs::is_directory(status)) throw DataError("data.folder", "^1: this is a folder. Name one file in it.", what);
+  errno = 0;
   if (fs::is_regular_file(status) && !std::ifstream(source)) {
-    throw DataError("data.permission", "^1: it cannot be read. Check its permissions.", what);
+    const bool many = errno == EMFILE || errno == ENFILE;
+    throw DataError("data.permission", "^1: it cannot be read: ^2. ^3", what, std::strerror(errno),
+                    many ? phrase("Let the program open more files (ulimit -n).") : phrase("Check its permissions."));
   }
 }
 
 bool isDelimitedText(const fs::path& source) {
-  return fs::is_regular_file(source) && kindOf(source) == FileKind::csv;
+  std::error_code unknown;
+  return fs::is_regular_file(source, unknown) && kindOf(source) == FileKind::csv;
 }
 
 // Nothing in the file's head speaks for another separator, quote or comment sign. DuckDB then need not try all

@@ -19,7 +19,7 @@ namespace fs = std::filesystem;
 constexpr std::size_t kBlock = 1 << 16;
 
 fs::path newTemporaryFile() {
-  const fs::path folder = fs::temp_directory_path();
+  const fs::path folder = temporaryFolder();
   const auto file = makeUniqueFile(folder, "varmodel-input-");
   if (file) return *file;
   throw OutputError("output.temporary-file",

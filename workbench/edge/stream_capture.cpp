@@ -14,15 +14,10 @@ namespace workbench {
 
 namespace {
 
-int openUnnamedFile() {
-  const std::filesystem::path folder = temporaryFolder();
-  const int file = createUnnamedFile(folder);
-  if (file < 0) {
-    throw OutputError("output.temporary-file",
-                      "cannot make a temporary file in ^1: ^2. Set TMPDIR to a folder that can be written.", folder,
-                      std::strerror(errno));
-  }
-  return file;
+[[noreturn]] void fail(int code) {
+  throw OutputError("output.not-kept", "what the procedure says cannot be kept: ^1. ^2", std::strerror(code),
+                    code == EMFILE || code == ENFILE ? phrase("Let the program open more files (ulimit -n).")
+                                                     : phrase("Set TMPDIR to a folder that can be written."));
 }
 
 void flushAll() {
@@ -36,23 +31,25 @@ void flushAll() {
 StreamCapture::Redirection StreamCapture::redirect(int descriptor) {
   Redirection redirection;
   redirection.descriptor = descriptor;
-  redirection.file = openUnnamedFile();
+  redirection.file = createUnnamedFile(temporaryFolder());
+  if (redirection.file < 0) fail(errno);
   redirection.saved = duplicateDescriptor(descriptor);
-  redirectDescriptor(redirection.file, descriptor);
-  return redirection;
+  if (redirection.saved >= 0 && redirectDescriptor(redirection.file, descriptor) >= 0) return redirection;
+  const int code = errno;
+  closeDescriptor(redirection.file);
+  if (redirection.saved >= 0) closeDescriptor(redirection.saved);
+  fail(code);
 }
 
-std::string StreamCapture::restore(Redirection& redirection) {
-  if (redirection.file < 0) return {};
-  if (redirection.saved >= 0) {
-    redirectDescriptor(redirection.saved, redirection.descriptor);
-    closeDescriptor(redirection.saved);
-  } else {
-    closeDescriptor(redirection.descriptor);  // it was closed before, so it is closed again
-  }
-  std::string text = contentsOf(redirection.file);
-  closeDescriptor(std::exchange(redirection.file, -1));
-  return text;
+void StreamCapture::restore(Redirection& redirection) noexcept {
+  if (redirection.saved < 0) return;
+  redirectDescriptor(redirection.saved, redirection.descriptor);
+  closeDescriptor(std::exchange(redirection.saved, -1));
+}
+
+void StreamCapture::drop(Redirection& redirection) noexcept {
+  restore(redirection);
+  if (redirection.file >= 0) closeDescriptor(std::exchange(redirection.file, -1));
 }
 
 StreamCapture::StreamCapture() {
@@ -61,21 +58,22 @@ StreamCapture::StreamCapture() {
   try {
     err_ = redirect(kStandardError);
   } catch (...) {
-    restore(out_);
+    drop(out_);
     throw;
   }
 }
 
 StreamCapture::~StreamCapture() {
-  finish();
+  if (out_.saved >= 0) flushAll();
+  drop(out_);
+  drop(err_);
 }
 
 CapturedStreams StreamCapture::finish() {
   flushAll();
-  CapturedStreams captured;
-  captured.out = restore(out_);
-  captured.err = restore(err_);
-  return captured;
+  restore(out_);
+  restore(err_);
+  return {contentsOf(out_.file), contentsOf(err_.file)};
 }
 
 }  // namespace workbench

@@ -11,9 +11,9 @@ struct CapturedStreams {
   std::string err;
 };
 
-// While it lives, file descriptors 1 and 2 lead to two unnamed temporary files (never to a pipe, which can fill). The
+// While it lives, file descriptors 1 and 2 lead to two unnamed files (never to a pipe, which can fill). The
 // streams are restored by finish() or, when an exception passes, by the destructor. Throws OutputError when the
-// temporary files cannot be made.
+// files cannot be made.
 class StreamCapture {
  public:
   StreamCapture();
@@ -28,11 +28,12 @@ class StreamCapture {
   struct Redirection {
     int descriptor = -1;  // 1 or 2
     int saved = -1;       // duplicate of the original
-    int file = -1;        // the temporary file
+    int file = -1;        // where it leads now
   };
 
   static Redirection redirect(int descriptor);
-  static std::string restore(Redirection& redirection);
+  static void restore(Redirection& redirection) noexcept;
+  static void drop(Redirection& redirection) noexcept;
 
   Redirection out_;
   Redirection err_;

@@ -120,7 +120,7 @@ std::string plotHeading(const Chart& chart, const TerminalStyle& style, const La
   std::string text = paintHeading(chart.spec.title, style);
   if (chart.data.problem) return text;
   const std::string series = legend(chart.cells.empty() ? chart : chart.cells.front(), language);
-  return text + untied(wrapped(axes(chart, language) + (series.empty() ? "" : ": " + series), width));
+  return text + untied(wrapped(visibleText(axes(chart, language)) + (series.empty() ? "" : ": " + series), width));
 }
 
 // Draws charts, first as gnuplot's commands for all of them, then from its output, in the same order.
@@ -161,7 +161,7 @@ class PlotPainter {
     std::string remark = whyNotDrawn(chart, language_);
     std::string drawn = remark.empty() ? nextPlot(output) : "";
     if (remark.empty() && drawn.empty()) remark = language_.tr("gnuplot cannot draw this chart.");
-    return remark.empty() ? drawn : wrapped(remark, width);
+    return remark.empty() ? drawn : wrapped(visibleText(remark), width);
   }
 
   std::string panel(const Chart& panel, std::string_view& output) const {
@@ -173,7 +173,7 @@ class PlotPainter {
       for (std::size_t column = 0; column < columns; column += across(panel)) {
         std::vector<std::string> blocks;
         for (std::size_t i = row + column; i < row + std::min(column + across(panel), columns); ++i) {
-          const std::string title = shortenText(panel.panelColumns[i - row], width, "...");
+          const std::string title = shortenText(visibleText(panel.panelColumns[i - row]), width, "...");
           blocks.push_back(title + '\n' + rows(panel.cells[i], width, output));
         }
         text += sideBySide(blocks, width + kCellGap);

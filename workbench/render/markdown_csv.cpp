@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "workbench/base/spreadsheet_text.h"
 #include "workbench/render/display_text.h"
 
 namespace workbench {
@@ -23,7 +24,8 @@ std::string corner(const PivotTable& table) {
 
 }  // namespace
 
-std::string csvField(const std::string& text) {
+std::string csvField(const std::string& name) {
+  const std::string text = inertText(name);
   if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
   std::string quoted = "\"";
   for (const char c : text) quoted.append(c == '"' ? 2 : 1, c);

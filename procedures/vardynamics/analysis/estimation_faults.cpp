@@ -30,10 +30,11 @@ SeriesList columnsOf(const ModelData& data, std::size_t lag) {
   return columns;
 }
 
+// Each name once.
 std::string joined(const std::vector<std::string>& names) {
   std::string text;
-  for (const std::string& name : names) {
-    if (text.find(name) == std::string::npos) text += (text.empty() ? "" : ", ") + name;
+  for (auto name = names.begin(); name != names.end(); ++name) {
+    if (std::find(names.begin(), name, *name) == name) text += (text.empty() ? "" : ", ") + *name;
   }
   return text;
 }

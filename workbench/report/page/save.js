@@ -32,7 +32,7 @@ const tabSeparated = (rows) =>
 
 const commaSeparated = (rows) =>
   rows
-    .map((row) => row.map((text) => (/[",\r\n]/.test(text) ? `"${text.replaceAll('"', '""')}"` : text)).join(','))
+    .map((row) => row.map(inert).map((text) => (/[",\r\n]/.test(text) ? `"${text.replaceAll('"', '""')}"` : text)).join(','))
     .join('\r\n') + '\r\n';
 
 const fileName = (owner, extension) =>
