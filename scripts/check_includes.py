@@ -66,7 +66,6 @@ ALLOWED = {
     "tests/browser": {"workbench/report"},
     "tests/windows": set(),
     "tests/faults": set(),
-    "tests/fuzz": {*PURE, "workbench/cli", "workbench/report", "tests/dataset"},
     "tests/commands": {*PURE, "workbench/cli", "workbench/commands", "tests/cli", "tests/dataset"},
     "tests/commands/module": {"host"},
     "tests/cli": {"workbench/base", "tests/dataset", "tests/document"},
